@@ -1,0 +1,62 @@
+// The shapes that a drawable is described with.
+#pragma once
+
+#include "Ge/GeMatrix3d.h"
+#include "Ge/GePoint3d.h"
+#include "Ge/GeVector3d.h"
+#include "OdString.h"
+#include "RxObject.h"
+
+class OdGiDrawable;
+
+enum OdGiArcType
+{
+    kOdGiArcSimple = 0, // the curve alone
+    kOdGiArcSector = 1, // with the lines to the centre
+    kOdGiArcChord = 2   // with the line between its ends
+};
+
+// The receiver of shapes. Coordinates are those of the innermost pushed model transform; the client maps them to the
+// world. Arrays of points are read during the call only. A null normal pointer means that none is given.
+class OdGiGeometry : public OdRxObject
+{
+public:
+    ODRX_DECLARE_MEMBERS(OdGiGeometry);
+
+    // The transform from the coordinates in use to world coordinates.
+    virtual OdGeMatrix3d getModelToWorldTransform() const = 0;
+
+    // Coordinates that follow are mapped by xform first, then by what was in force. Every push has its pop.
+    virtual void pushModelTransform(const OdGeMatrix3d& xform) = 0;
+    virtual void popModelTransform() = 0;
+
+    virtual void circle(const OdGePoint3d& center, double radius, const OdGeVector3d& normal) = 0;
+
+    // An arc that begins at center + radius * startVector and turns counter-clockwise about normal by sweepAngle
+    // radians; startVector is a unit vector.
+    virtual void circularArc(const OdGePoint3d& center, double radius, const OdGeVector3d& normal,
+                             const OdGeVector3d& startVector, double sweepAngle,
+                             OdGiArcType arcType = kOdGiArcSimple) = 0;
+
+    // center + cos(t) majorAxis + sin(t) minorAxis for t from startAngle to endAngle.
+    virtual void ellipArc(const OdGePoint3d& center, const OdGeVector3d& majorAxis, const OdGeVector3d& minorAxis,
+                          double startAngle, double endAngle) = 0;
+
+    // numPoints points joined by straight lines; one point is a dot.
+    virtual void polyline(OdInt32 numPoints, const OdGePoint3d* points, const OdGeVector3d* normal = nullptr) = 0;
+
+    // A closed area with straight edges.
+    virtual void polygon(OdInt32 numPoints, const OdGePoint3d* points) = 0;
+
+    // A line of text. position is the start of its base line, direction where it runs, height that of capital letters,
+    // width the factor of character widths, oblique the slant in radians.
+    virtual void text(const OdGePoint3d& position, const OdGeVector3d& normal, const OdGeVector3d& direction,
+                      double height, double width, double oblique, const OdString& message) = 0;
+
+    // Lines without end on both sides or on one; they take no part in extents.
+    virtual void xline(const OdGePoint3d& first, const OdGePoint3d& second) = 0;
+    virtual void ray(const OdGePoint3d& first, const OdGePoint3d& second) = 0;
+
+    // Draws another drawable within this one, with its own traits.
+    virtual void draw(const OdGiDrawable* drawable) = 0;
+};
