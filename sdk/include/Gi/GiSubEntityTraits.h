@@ -2,7 +2,7 @@
 #pragma once
 
 #include "CmColorBase.h"
-#include "DbLineWeight.h"
+#include "DbEnums.h"
 #include "RxObject.h"
 
 class OdDbStub;

@@ -1,0 +1,44 @@
+// The pictures that images show.
+#pragma once
+
+#include "DbObject.h"
+#include "Ge/GeVector2d.h"
+
+/** An IMAGEDEF names the file of a picture. The definitions of a drawing stand in one dictionary under names of
+    their own, and any number of images may show the same one. */
+class OdDbRasterImageDef : public OdDbObject
+{
+public:
+    ODDB_DECLARE_MEMBERS(OdDbRasterImageDef);
+
+    enum Units
+    {
+        kNone = 0,
+        kMillimeter = 1,
+        kCentimeter = 2,
+        kInch = 5
+    };
+
+    /** The dictionary of image definitions; createImageDictionary makes it when it is missing, imageDictionary returns
+        null then. Both throw OdError(eNullPtr) for a null database. */
+    static OdDbObjectId createImageDictionary(OdDbDatabase* database);
+    static OdDbObjectId imageDictionary(OdDbDatabase* database);
+
+    OdString sourceFileName() const;
+    void setSourceFileName(const OdString& fileName);
+
+    /** The size in pixels. */
+    OdGeVector2d size() const;
+    void setImageSize(const OdGeVector2d& size);
+    /** The size of one pixel in millimetres. */
+    OdGeVector2d resolutionMMPerPixel() const;
+    void setResolutionMMPerPixel(const OdGeVector2d& size);
+    Units resolutionUnits() const;
+    void setResolutionUnits(Units units);
+    bool isLoaded() const;
+    void setLoaded(bool loaded);
+
+    bool keepsGroups() const override { return true; }
+};
+
+using OdDbRasterImageDefPtr = OdSmartPtr<OdDbRasterImageDef>;
