@@ -1,0 +1,164 @@
+// A drawing in memory: all its objects, its settings and the journal of its changes.
+#pragma once
+
+#include "DbObject.h"
+#include "OdArray.h"
+
+class OdDbDatabaseReactor;
+class OdDbHostAppServices;
+class OdStreamBuf;
+
+namespace oddb
+{
+class DatabaseImpl;
+}
+
+/** The kinds of file a drawing is written as. */
+namespace OdDb
+{
+enum SaveType
+{
+    kDxf = 1, ///< text
+    kDxb = 2, ///< the same groups in binary form
+    kUnknown = -1
+};
+} // namespace OdDb
+
+/** An OdDbDatabase is one drawing in memory. It owns its objects, hands out their ids and handles and keeps the
+    journal from which changes are undone, redone and aborted. One thread may use it at a time. */
+class OdDbDatabase : public OdDbObject
+{
+public:
+    ODRX_DECLARE_MEMBERS(OdDbDatabase);
+
+    OdDbDatabase();
+    ~OdDbDatabase() override;
+
+    /** Fills an empty database with what every drawing has: tables, dictionaries, layouts, settings. */
+    void initialize(bool metric = true);
+
+    /** The services of the program that the database was made with; null when it was made without. */
+    OdDbHostAppServices* appServices() const;
+    void setAppServices(OdDbHostAppServices* services);
+
+    // ---- Objects -----------------------------------------------------------------------------------------------
+
+    /** Makes an object resident, gives it the owner, and the handle when that is not null or else the next free one.
+        Returns its id; the object is open for write until its smart pointers are released. Throws OdError:
+        eNullObjectPointer, eAlreadyInDb for a resident object, eHandleExists for a handle in use. */
+    OdDbObjectId addOdDbObject(OdDbObject* object, OdDbObjectId ownerId = OdDbObjectId(),
+                               OdDbHandle handle = OdDbHandle());
+
+    /** The id of the handle; when there is none: a new id without object if createIfNotFound, else the null id. */
+    OdDbObjectId getOdDbObjectId(const OdDbHandle& handle, bool createIfNotFound = false);
+
+    /** The next handle that will be given to a new object. */
+    OdDbHandle handseed() const;
+
+    /** Raises the next handle; a value below the present one is passed over. */
+    void setHandseed(OdDbHandle handle);
+
+    /** The number of ids, with those of erased objects. */
+    OdUInt64 approxNumObjects() const;
+
+    // ---- Tables and dictionaries -------------------------------------------------------------------------------
+
+    OdDbObjectId getNamedObjectsDictionaryId() const;
+    OdDbObjectId getBlockTableId() const;
+    OdDbObjectId getLayerTableId() const;
+    OdDbObjectId getTextStyleTableId() const;
+    OdDbObjectId getLinetypeTableId() const;
+    OdDbObjectId getViewTableId() const;
+    OdDbObjectId getUCSTableId() const;
+    OdDbObjectId getViewportTableId() const;
+    OdDbObjectId getRegAppTableId() const;
+    OdDbObjectId getDimStyleTableId() const;
+
+    /** The block that holds the entities of the model. */
+    OdDbObjectId getModelSpaceId() const;
+
+    /** The block that holds the entities of the paper layout shown last. */
+    OdDbObjectId getPaperSpaceId() const;
+
+    /** The block of the current layout. */
+    OdDbObjectId getActiveLayoutBTRId() const;
+
+    // ---- Undo and transactions ---------------------------------------------------------------------------------
+
+    /** Announces an undo record: it opens with the next change, so that a run without changes leaves none. */
+    void startUndoRecord();
+
+    /** True when there is a record to undo or redo. */
+    bool hasUndo() const;
+    bool hasRedo() const;
+
+    /** Undoes the newest record, or redoes the record undone last. Nothing happens when there is none.
+        Throws OdError eInvalidContext while a transaction is open; nothing is changed then. */
+    void undo();
+    void redo();
+
+    /** Drops all records. Throws OdError eInvalidContext while a transaction is open. */
+    void clearUndo();
+
+    /** Switches recording for undo off or on. While it is off, changes leave no undo record; a transaction can be
+        aborted all the same, and the records made before stay. */
+    void disableUndoRecording(bool disable);
+    bool undoRecordingDisabled() const;
+
+    /** A number that names the newest undo record, 0 when there is none. Later records have higher numbers. */
+    OdUInt64 undoMark() const;
+
+    /** True when the record announced last was opened by a change and is still there, neither undone nor aborted. */
+    bool isUndoRecordOpen() const;
+
+    /** Opens a transaction inside those that are open. */
+    void startTransaction();
+
+    /** Closes the innermost transaction and keeps its changes. Throws OdError eNoActiveTransactions without one. */
+    void endTransaction();
+
+    /** Closes the innermost transaction and takes its changes back, with the undo records opened inside of it.
+        Throws OdError eNoActiveTransactions without one. */
+    void abortTransaction();
+    int numActiveTransactions() const;
+
+    /** True while the journal puts recorded states back. Dictionaries and tables then refuse changes silently. */
+    bool isUndoing() const;
+
+    // ---- Files -------------------------------------------------------------------------------------------------
+
+    /** Reads a drawing file into this database, which must be empty. Throws OdError with the place and the fault. */
+    void readFile(const OdString& fileName);
+
+    /** Writes the drawing to a file, whole or not at all. Throws OdError; the old file is then unchanged. */
+    void writeFile(const OdString& fileName, OdDb::SaveType fileType = OdDb::kDxf,
+                   OdDb::DwgVersion version = OdDb::kDHL_CURRENT);
+
+    /** The file the drawing was read from or written to last, empty when there is none. */
+    OdString getFilename() const;
+    void setFilename(const OdString& fileName);
+
+    /** The version of the file that was read; of a new drawing the newest one. */
+    OdDb::DwgVersion originalFileVersion() const;
+    OdDb::SaveType originalFileType() const;
+
+    /** True while a file is being read. */
+    bool isLoading() const;
+
+    /** One line for each fault that was found and mended while the drawing was read. */
+    const OdArray<OdString>& recoveryReport() const;
+    void addRecoveryLine(const OdString& line);
+
+    // ---- Reactors ----------------------------------------------------------------------------------------------
+
+    /** Attaches a listener; one that is attached already stays where it is. Throws OdError eNullObjectPointer. */
+    void addReactor(OdDbDatabaseReactor* reactor) const;
+    void removeReactor(OdDbDatabaseReactor* reactor) const;
+
+    /** The insides, for the SDK's own sources. */
+    oddb::DatabaseImpl& impl() const { return *m_impl; }
+
+private:
+    oddb::DatabaseImpl* m_impl;
+};
+using OdDbDatabasePtr = OdSmartPtr<OdDbDatabase>;
