@@ -6,7 +6,7 @@ SOURCES = git ls-files '*.cpp' '*.h'
 .PHONY: build demo check check-format check-plain check-asan lint fuzz bench format packages clean
 
 build: packages
-	@cmake --preset release --log-level=WARNING
+	@cmake --preset release >/dev/null
 	@cmake --build build --parallel $(JOBS) --target zolcad QuendZolCad
 
 demo: build
@@ -24,28 +24,28 @@ check-format: packages
 	@echo "format: clean"
 
 check-plain: packages check-format
-	@cmake --preset release --log-level=WARNING
+	@cmake --preset release >/dev/null
 	@cmake --build build --parallel $(JOBS)
 	@tools/run-tests build $(JOBS)
 
 check-asan: check-plain
-	@cmake --preset asan --log-level=WARNING
+	@cmake --preset asan >/dev/null
 	@cmake --build build-asan --parallel $(JOBS)
 	@tools/run-tests build-asan $(JOBS)
 
 lint: check-format
-	@cmake --preset lint --log-level=WARNING
+	@cmake --preset lint >/dev/null
 	@run-clang-tidy -quiet -p build-lint -j $(JOBS) '/(sdk|src|host|tests|bench|fuzz)/' >build-lint/lint.log 2>&1 \
 		|| { grep -E 'error:|warning:' build-lint/lint.log | sort -u; exit 1; }
 	@echo "clang-tidy: clean"
 
 fuzz: packages
-	@cmake --preset fuzz --log-level=WARNING
+	@cmake --preset fuzz >/dev/null
 	@cmake --build build-fuzz --parallel $(JOBS)
 	@tools/run-fuzzers build-fuzz $(FUZZ_SECONDS)
 
 bench: packages
-	@cmake --preset release --log-level=WARNING
+	@cmake --preset release >/dev/null
 	@cmake --build build --parallel $(JOBS)
 	@for program in $$(ls bench/*.cpp | sed 's,bench/\(.*\)\.cpp,\1,'); do echo "== $$program"; build/bin/$$program; done
 	@bench/compare
