@@ -2,11 +2,9 @@
 #pragma once
 
 #include "DbEntity.h"
+#include "Ge/GeDoubleArray.h"
 #include "Ge/GePoint2d.h"
 #include "OdArray.h"
-
-using OdGePoint2dArray = OdArray<OdGePoint2d>;
-using OdGeDoubleArray = OdArray<double>;
 
 /** A HATCH fills the area within its loops, which lie in one plane. A loop is a polyline with bulges or a row of edges:
     lines, arcs, elliptical arcs and splines. */

@@ -1,0 +1,4 @@
+// Colours; all of them are declared together.
+#pragma once
+
+#include "CmColorBase.h"

@@ -1,0 +1,6 @@
+// Lists of numbers.
+#pragma once
+
+#include "OdArray.h"
+
+using OdGeDoubleArray = OdArray<double, OdMemoryAllocator<double>>;

@@ -1,0 +1,4 @@
+// Lists of such values; they are declared with the values.
+#pragma once
+
+#include "Ge/GePoint2d.h"

@@ -1,0 +1,7 @@
+// Lists of texts.
+#pragma once
+
+#include "OdArray.h"
+#include "OdString.h"
+
+using OdStringArray = OdArray<OdString>;
