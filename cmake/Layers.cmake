@@ -15,7 +15,7 @@ function(zol_layer target)
         cmake_path(GET folder PARENT_PATH parent)
         file(MAKE_DIRECTORY ${root}/${parent})
         file(CREATE_LINK ${folder_path} ${root}/${folder} SYMBOLIC)
-        file(GLOB folder_sources CONFIGURE_DEPENDS ${folder_path}/*.cpp)
+        file(GLOB_RECURSE folder_sources CONFIGURE_DEPENDS ${folder_path}/*.cpp)
         list(APPEND sources ${folder_sources})
     endforeach()
 
