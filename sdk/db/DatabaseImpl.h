@@ -14,6 +14,7 @@
 #include "Journal.h"
 #include "StubTable.h"
 #include "SymbolNames.h"
+#include "XData.h"
 
 namespace oddb
 {
@@ -34,6 +35,7 @@ class DatabaseImpl
 {
 public:
     explicit DatabaseImpl(OdDbDatabase& database);
+    ~DatabaseImpl();
     DatabaseImpl(const DatabaseImpl&) = delete;
     DatabaseImpl& operator=(const DatabaseImpl&) = delete;
 
@@ -41,6 +43,7 @@ public:
     StubTable stubs;
     Journal journal;
     OdUInt64 handseed = 1;
+    GroupsPool xdataPool; ///< values of XData that were set lately
 
     std::array<OdDbStub*, kSymbolTableCount> tables{};           ///< by SymbolTable
     std::array<const SymbolIndex*, kSymbolTableCount> symbols{}; ///< by SymbolTable
@@ -73,14 +76,16 @@ public:
     }
 
     std::vector<OdDbDatabaseReactor*> reactors;
-    std::unordered_map<const OdDbObject*, std::vector<OdDbObjectReactor*>> objectReactors;
+    std::unordered_map<const OdDbStub*, std::vector<OdDbObjectReactor*>> objectReactors;
 
     /// The stub for a new object: the given handle, which must be free, or the next one.
     OdDbStub* newStub(OdUInt64 handle);
+    /// The next handle that is free.
+    OdUInt64 nextHandle();
     /// Raises the next handle above one that a file uses.
     void noteHandle(OdUInt64 handle)
     {
-        if (handle >= handseed)
+        if (handle >= handseed && handle < kLastHandle)
             handseed = handle + 1;
     }
 
@@ -90,8 +95,21 @@ public:
     void notifyErased(const OdDbObject& object, bool erased);
     void notifyModified(const OdDbObject& object);
     void notifyAppended(const OdDbObject& object);
+    /// Opens each persistent reactor of the object for notification and calls tell with it.
+    void tellPersistentReactors(const OdDbObject& object, const std::function<void(OdDbObject&)>& tell);
     void notifyUndone(const OdDbObject& object, bool undone);
+
+private:
+    static constexpr OdUInt64 kLastHandle = ~OdUInt64(0);
+
+    template<class Tell>
+    void tellReactors(const Tell& tell);
+    template<class Tell>
+    void tellObjectReactors(const OdDbObject& object, const Tell& tell);
 };
+
+/// A line for the recovery report: what is the matter with the object.
+OdString describe(const OdDbStub& stub, const OdChar* fault);
 
 /// How files are read and written; the layer of the file format registers itself at the start of the program.
 struct FileFormat

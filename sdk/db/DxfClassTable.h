@@ -50,7 +50,9 @@ struct DxfSubclass
     /// The row of the code, null when the class does not know it. Codes of second and third coordinates give the
     /// row of their point.
     const DxfRow* row(int code) const;
-    Atom atom() const { return Atom(std::string_view(marker)); }
+    Atom atom() const;
+
+    mutable Atom knownAtom{}; ///< of the marker, once it was asked for
 };
 
 /// One class of objects as files know it.
@@ -87,8 +89,9 @@ struct Coordinates
 };
 Coordinates readPoint(const Groups& groups, Atom subclass, const DxfRow& row, int occurrence = 0);
 
-/// A copy of the row of groups in which the group of the row has the value. A missing group is put where the class has
-/// it; a missing subclass marker is put where the class has that.
+/// A copy of the groups in which the group of the row has the value. A missing group is put where the class has it; a
+/// missing subclass marker is put where the class has that. Of groups that occur several times the first is meant, and
+/// all of them when the row repeats.
 Groups withReal(const Groups& groups, const DxfClass& cls, const DxfSubclass& subclass, int code, double value);
 Groups withInteger(const Groups& groups, const DxfClass& cls, const DxfSubclass& subclass, int code,
                    std::int64_t value);
@@ -98,10 +101,10 @@ Groups withText(const Groups& groups, const DxfClass& cls, const DxfSubclass& su
 Groups withId(const Groups& groups, const DxfClass& cls, const DxfSubclass& subclass, int code, OdDbStub* value);
 Groups withName(const Groups& groups, const DxfClass& cls, const DxfSubclass& subclass, int code, OdDbStub* record);
 Groups withPoint(const Groups& groups, const DxfClass& cls, const DxfSubclass& subclass, int code, Coordinates value);
-/// A copy without the groups of the row.
-Groups without(const Groups& groups, const DxfSubclass& subclass, int code);
-/// As the above for any ready-made groups: those of the builder take the place of the group of the row.
+/// As these for any ready-made groups: those of the builder take the place of the groups of the row.
 Groups withGroups(const Groups& groups, const DxfClass& cls, const DxfSubclass& subclass, int code,
                   const GroupsBuilder& replacement);
+/// A copy without the groups of the row.
+Groups without(const Groups& groups, const DxfClass& cls, const DxfSubclass& subclass, int code);
 
 } // namespace oddb

@@ -1,6 +1,7 @@
 // The insides of database objects, for the SDK's own sources: stub, owner, groups, listeners, XData.
 #pragma once
 
+#include <optional>
 #include <string_view>
 
 #include "DbObject.h"
@@ -34,6 +35,8 @@ public:
     static const ObjectExtras* extras(const OdDbObject& object) { return object.m_extras; }
     /// The extras, made when the object has none.
     static ObjectExtras& makeExtras(OdDbObject& object);
+    /// Gives all extras back.
+    static void dropExtras(OdDbObject& object);
     /// Gives the extras back when nothing is left in them.
     static void trimExtras(OdDbObject& object);
 
@@ -46,14 +49,50 @@ public:
     /// Listeners and XData without a word to the journal.
     static bool putReactor(OdDbObject& object, OdDbStub* reactor);
     static bool takeReactor(OdDbObject& object, OdDbStub* reactor);
-    static Groups xdata(const OdDbObject& object, const OdDbStub* application);
-    /// Empty groups remove the application; the flag keeps an application without values, as files may have it.
+    static void moveLastReactorBehind(OdDbObject& object, const OdDbStub* behind);
+    /// The values of the application, none when the object does not have the application. A file may have an
+    /// application without values.
+    static std::optional<Groups> xdata(const OdDbObject& object, const OdDbStub* application);
     static void putXData(OdDbObject& object, OdDbStub* application, Groups values);
+    static void takeXData(OdDbObject& object, const OdDbStub* application);
+    static void moveLastXDataTo(OdDbObject& object, std::size_t place);
+
+    /// Keeps the owner of an object, and of a resident one what else the journal records by itself, while the object
+    /// reads the data of another one.
+    class KeptCommon
+    {
+    public:
+        explicit KeptCommon(OdDbObject& object)
+            : m_object(object), m_owner(object.m_owner),
+              m_extras(object.m_stub ? std::exchange(object.m_extras, nullptr) : nullptr)
+        {
+        }
+        KeptCommon(const KeptCommon&) = delete;
+        KeptCommon& operator=(const KeptCommon&) = delete;
+        ~KeptCommon()
+        {
+            m_object.m_owner = m_owner;
+            if (m_object.m_stub)
+                delete std::exchange(m_object.m_extras, m_extras);
+        }
+
+    private:
+        OdDbObject& m_object;
+        OdDbStub* m_owner;
+        ObjectExtras* m_extras;
+    };
 
     // ---- Residency ---------------------------------------------------------------------------------------------
 
     static void attach(OdDbObject& object, OdDbStub& stub, OdDbStub* owner);
+    /// Leaves a new resident object open for write in the hands of its maker.
+    static void beginNew(OdDbObject& object);
     static void detach(OdDbObject& object);
+    /// Gives up the stub's reference to an object whose database ends.
+    static void orphan(OdDbObject& object);
+
+    /// Puts another object in the place of the stub's, with its owner and extras.
+    static void exchange(OdDbStub& stub, OdDbObject* object);
 
     /// What OdDbObjectId::safeOpenObject does. Returns eOk with a reference added, or why it cannot be opened.
     static OdResult open(OdDbObject& object, OdDb::OpenMode mode);

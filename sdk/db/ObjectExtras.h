@@ -1,5 +1,5 @@
-// What only some objects have: an extension dictionary, persistent reactors, XData. An object without any of them
-// has no extras at all.
+// What only some objects have: an extension dictionary, persistent reactors, XData, the name of an unknown class. An
+// object without any of them has no extras at all.
 #pragma once
 
 #include <cstdint>
@@ -35,8 +35,8 @@ public:
     void remove(const OdDbStub* application);
     /// Puts an application at a place among the others.
     void insert(std::size_t index, OdDbStub* application, Groups values);
-    /// The sum of the sizes of all values.
-    std::size_t byteSize() const;
+    /// The place of the application among the others, size() when it is not there.
+    std::size_t place(const OdDbStub* application) const;
 
 private:
     XDataEntry m_first; // most objects have one application
@@ -48,8 +48,9 @@ struct ObjectExtras
     OdDbStub* extensionDictionary = nullptr;
     ReactorSet reactors;
     XDataList xdata;
+    Atom proxyName; ///< of a proxy: the name that files have for its object
 
-    bool empty() const { return !extensionDictionary && reactors.empty() && xdata.empty(); }
+    bool empty() const { return !extensionDictionary && reactors.empty() && xdata.empty() && proxyName.empty(); }
 };
 
 } // namespace oddb

@@ -36,6 +36,7 @@ public:
     /// The member in front of this one, null for the first and for what is no member.
     OdDbStub* before(const OdDbStub* member) const;
     OdDbStub* first() const;
+    OdDbStub* last() const;
     OdDbStub* after(const OdDbStub* member) const;
 
     template<class Visit>

@@ -93,11 +93,11 @@ public:
     bool hasRedo() const;
 
     /** Undoes the newest record, or redoes the record undone last. Nothing happens when there is none.
-        Throws OdError eInvalidContext while a transaction is open; nothing is changed then. */
+        Throws OdError eUndoOperationNotAvailable while a transaction is open; nothing is changed then. */
     void undo();
     void redo();
 
-    /** Drops all records. Throws OdError eInvalidContext while a transaction is open. */
+    /** Drops all records. Throws OdError eUndoOperationNotAvailable while a transaction is open. */
     void clearUndo();
 
     /** Switches recording for undo off or on. While it is off, changes leave no undo record; a transaction can be

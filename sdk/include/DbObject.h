@@ -31,6 +31,16 @@ struct ObjectExtras;
     ODRX_DECLARE_MEMBERS(ClassName);                                                                                   \
     OdResult subGetClassID(void* classId) const override
 
+/** Defines the members of a class of database objects. dxfName: its name in drawings, null when it has none of its own.
+ */
+#define ODDB_DEFINE_MEMBERS(ClassName, ParentClass, DOCREATE, dxfName)                                                 \
+    ODRX_DXF_DEFINE_MEMBERS(ClassName, ParentClass, DOCREATE, OdDb::kDHL_CURRENT, OdDb::kMReleaseCurrent, 0, dxfName,  \
+                            L"")                                                                                       \
+    OdResult ClassName::subGetClassID(void* classId) const                                                             \
+    {                                                                                                                  \
+        return ParentClass::subGetClassID(classId);                                                                    \
+    }
+
 /** An OdDbObject is one object of a drawing. An object that is new belongs to whoever holds its smart pointer and
     may be changed freely; once it is resident, its database owns it and it has to be opened before it is used.
     Objects of one database may be used by one thread only.
@@ -132,7 +142,8 @@ public:
 
     // ---- Transient reactors ------------------------------------------------------------------------------------
 
-    /** Attaches a listener until removeReactor or the end of the database. Throws OdError eNullObjectPointer. */
+    /** Attaches a listener until removeReactor or the end of the database. Throws OdError eNullObjectPointer, and
+        eNotInDatabase for an object that is not resident. */
     void addReactor(OdDbObjectReactor* reactor) const;
     void removeReactor(OdDbObjectReactor* reactor) const;
 
@@ -231,6 +242,8 @@ protected:
 
 private:
     friend class oddb::ObjectCore;
+    bool isUndoing() const;
+
     OdDbObject(const OdDbObject&) = delete;
     OdDbObject& operator=(const OdDbObject&) = delete;
 

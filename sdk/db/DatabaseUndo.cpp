@@ -1,0 +1,95 @@
+// Undo, redo and transactions of a database.
+#include "DatabaseImpl.h"
+#include "OdError.h"
+
+static void requireNoTransaction(const oddb::Journal& journal)
+{
+    if (journal.transactions() > 0)
+        throw OdError(eUndoOperationNotAvailable);
+}
+
+static void requireTransaction(const oddb::Journal& journal)
+{
+    if (journal.transactions() == 0)
+        throw OdError(eNoActiveTransactions);
+}
+
+void OdDbDatabase::startUndoRecord()
+{
+    m_impl->journal.startRecord();
+}
+
+bool OdDbDatabase::hasUndo() const
+{
+    return m_impl->journal.hasUndo();
+}
+
+bool OdDbDatabase::hasRedo() const
+{
+    return m_impl->journal.hasRedo();
+}
+
+void OdDbDatabase::undo()
+{
+    requireNoTransaction(m_impl->journal);
+    m_impl->journal.undo();
+}
+
+void OdDbDatabase::redo()
+{
+    requireNoTransaction(m_impl->journal);
+    m_impl->journal.redo();
+}
+
+void OdDbDatabase::clearUndo()
+{
+    requireNoTransaction(m_impl->journal);
+    m_impl->journal.clear();
+}
+
+void OdDbDatabase::disableUndoRecording(bool disable)
+{
+    m_impl->journal.disable(disable);
+}
+
+bool OdDbDatabase::undoRecordingDisabled() const
+{
+    return m_impl->journal.disabled();
+}
+
+OdUInt64 OdDbDatabase::undoMark() const
+{
+    return m_impl->journal.newestRecord();
+}
+
+bool OdDbDatabase::isUndoRecordOpen() const
+{
+    return m_impl->journal.isRecordOpen();
+}
+
+void OdDbDatabase::startTransaction()
+{
+    m_impl->journal.startTransaction();
+}
+
+void OdDbDatabase::endTransaction()
+{
+    requireTransaction(m_impl->journal);
+    m_impl->journal.endTransaction();
+}
+
+void OdDbDatabase::abortTransaction()
+{
+    requireTransaction(m_impl->journal);
+    m_impl->journal.abortTransaction();
+}
+
+int OdDbDatabase::numActiveTransactions() const
+{
+    return m_impl->journal.transactions();
+}
+
+bool OdDbDatabase::isUndoing() const
+{
+    return m_impl->journal.isReplaying();
+}

@@ -1,0 +1,13 @@
+// Making the classes of this layer known to the runtime.
+#pragma once
+
+namespace oddb
+{
+
+/// Registers the classes of the core: objects, the database, reactors, filers. Drawables have to be registered before.
+void registerCoreClasses();
+
+/// Withdraws them, the last one first.
+void unregisterCoreClasses();
+
+} // namespace oddb

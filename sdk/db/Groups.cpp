@@ -1,0 +1,265 @@
+// Reading rows of groups: stepping, looking up, comparing, replacing references.
+#include "Groups.h"
+
+#include <new>
+
+#include "SymbolNames.h"
+
+namespace oddb
+{
+
+namespace
+{
+
+constexpr GroupType kTypes[] = {GroupType::Text,    GroupType::Text,    GroupType::Real,    GroupType::Real,
+                                GroupType::Real,    GroupType::Integer, GroupType::Integer, GroupType::Integer,
+                                GroupType::Integer, GroupType::Boolean, GroupType::Id,      GroupType::Name,
+                                GroupType::Binary};
+
+constexpr std::uint8_t kFixedSizes[] = {2, 0, 8, 4, 0, 1, 2, 4, 8, 1, 8, 8, 0};
+
+struct Length
+{
+    std::size_t value;
+    std::size_t bytes;
+};
+
+Length readLength(const std::uint8_t* at)
+{
+    Length length{0, 0};
+    for (int shift = 0;; shift += 7)
+    {
+        const std::uint8_t byte = at[length.bytes++];
+        length.value |= static_cast<std::size_t>(byte & 0x7F) << shift;
+        if (byte < 0x80)
+            return length;
+    }
+}
+
+bool opensApplicationData(const GroupView& group)
+{
+    return group.code() == 102 && group.text().starts_with('{');
+}
+
+bool closesApplicationData(const GroupView& group)
+{
+    return group.code() == 102 && group.text() == "}";
+}
+
+// The empty atom stands for the groups in front of all markers, so no marker matches it.
+bool beginsSectionOf(const GroupView& group, Atom subclass)
+{
+    if (subclass.empty())
+        return false;
+    return group.storage() == Storage::Atom ? group.atom() == subclass : group.text() == subclass.text();
+}
+
+// Steps through the groups outside of application data, keeping track of the part they stand in.
+template<class Visit>
+void visitOutsideOfApplicationData(const Groups& groups, Visit visit)
+{
+    bool inside = false;
+    for (const GroupView& group : groups)
+    {
+        if (inside)
+            inside = !closesApplicationData(group);
+        else if (opensApplicationData(group))
+            inside = true;
+        else if (visit(group))
+            return;
+    }
+}
+
+} // namespace
+
+GroupType GroupView::type() const
+{
+    return kTypes[static_cast<int>(storage())];
+}
+
+std::size_t GroupView::payloadSize() const
+{
+    const Storage kind = storage();
+    if (kind != Storage::String && kind != Storage::Binary)
+        return kFixedSizes[static_cast<int>(kind)];
+    const Length length = readLength(payload());
+    return length.bytes + length.value;
+}
+
+std::string_view GroupView::bytes() const
+{
+    const Length length = readLength(payload());
+    return {reinterpret_cast<const char*>(payload() + length.bytes), length.value};
+}
+
+std::string_view GroupView::text() const
+{
+    switch (storage())
+    {
+    case Storage::Atom:
+        return atom().text();
+    case Storage::String:
+        return bytes();
+    case Storage::Name:
+        return symbolName(stub());
+    default:
+        return {};
+    }
+}
+
+std::string_view GroupView::binary() const
+{
+    return storage() == Storage::Binary ? bytes() : std::string_view();
+}
+
+Atom GroupView::atom() const
+{
+    return storage() == Storage::Atom ? Atom(load<std::uint16_t>()) : Atom();
+}
+
+double GroupView::real() const
+{
+    switch (storage())
+    {
+    case Storage::Double:
+        return load<double>();
+    case Storage::Float:
+        return load<float>();
+    default:
+        return static_cast<double>(integer());
+    }
+}
+
+std::int64_t GroupView::integer() const
+{
+    switch (storage())
+    {
+    case Storage::Int8:
+        return load<std::int8_t>();
+    case Storage::Int16:
+        return load<std::int16_t>();
+    case Storage::Int32:
+        return load<std::int32_t>();
+    case Storage::Int64:
+        return load<std::int64_t>();
+    case Storage::Bool:
+        return load<std::uint8_t>();
+    case Storage::Double:
+    case Storage::Float:
+    {
+        const double value = real();
+        return value > -9.2e18 && value < 9.2e18 ? static_cast<std::int64_t>(value) : 0;
+    }
+    default:
+        return 0;
+    }
+}
+
+OdDbStub* GroupView::stub() const
+{
+    const Storage kind = storage();
+    return kind == Storage::Id || kind == Storage::Name ? load<OdDbStub*>() : nullptr;
+}
+
+Groups Groups::fromItems(const std::uint8_t* items, std::size_t size)
+{
+    if (size == 0)
+        return {};
+    auto* data = static_cast<GroupsData*>(std::malloc(sizeof(GroupsData) + size));
+    if (!data || size > UINT32_MAX)
+    {
+        std::free(data);
+        throw std::bad_alloc();
+    }
+    data->references = 1;
+    data->size = static_cast<std::uint32_t>(size);
+    std::memcpy(data->bytes(), items, size);
+    return Groups(data);
+}
+
+std::size_t Groups::count() const
+{
+    return static_cast<std::size_t>(std::distance(begin(), end()));
+}
+
+std::optional<GroupView> Groups::find(Atom subclass, int code, int occurrence) const
+{
+    std::optional<GroupView> found;
+    bool inSection = subclass.empty();
+    visitOutsideOfApplicationData(*this,
+                                  [&](const GroupView& group)
+                                  {
+                                      if (group.beginsSection())
+                                          inSection = beginsSectionOf(group, subclass);
+                                      else if (inSection && group.code() == code && occurrence-- == 0)
+                                          found = group;
+                                      return found.has_value();
+                                  });
+    return found;
+}
+
+std::optional<GroupView> Groups::findAny(int code) const
+{
+    std::optional<GroupView> found;
+    visitOutsideOfApplicationData(*this,
+                                  [&](const GroupView& group)
+                                  {
+                                      if (group.code() == code)
+                                          found = group;
+                                      return found.has_value();
+                                  });
+    return found;
+}
+
+bool Groups::hasSection(Atom subclass) const
+{
+    for (const GroupView& group : *this)
+        if (group.beginsSection() && beginsSectionOf(group, subclass))
+            return true;
+    return false;
+}
+
+Groups Groups::spliced(const GroupView& first, const GroupView& last, const GroupsBuilder& replacement) const
+{
+    return spliced(first.item(), last.item(), replacement);
+}
+
+Groups Groups::spliced(const std::uint8_t* first, const std::uint8_t* last, const GroupsBuilder& replacement) const
+{
+    GroupsBuilder edited;
+    edited.appendItems(begin()->item(), first);
+    edited.appendItems(replacement.begin(), replacement.end());
+    edited.appendItems(last, end()->item());
+    return edited.build();
+}
+
+Groups Groups::translated(const std::function<OdDbStub*(int, OdDbStub*, GroupType)>& translate) const
+{
+    Groups copy;
+    for (const GroupView& group : *this)
+    {
+        OdDbStub* stub = group.stub();
+        OdDbStub* replacement = stub ? translate(group.code(), stub, group.type()) : nullptr;
+        if (stub == replacement)
+            continue;
+        if (!copy)
+            copy = fromItems(m_data->bytes(), m_data->size);
+        const std::ptrdiff_t place = group.item() + 2 - m_data->bytes();
+        std::memcpy(copy.m_data->bytes() + place, &replacement, sizeof replacement);
+    }
+    return copy ? copy : *this;
+}
+
+bool Groups::operator==(const Groups& other) const
+{
+    if (m_data == other.m_data)
+        return true;
+    return byteSize() == other.byteSize() && std::memcmp(m_data->bytes(), other.m_data->bytes(), byteSize()) == 0;
+}
+
+std::size_t Groups::hash() const
+{
+    return m_data ? std::hash<std::string_view>()({reinterpret_cast<const char*>(m_data->bytes()), m_data->size}) : 0;
+}
+
+} // namespace oddb

@@ -1,0 +1,185 @@
+// Editing rows of groups by the tables of classes: what is there is replaced in its place, and what is missing comes
+// where the class has it.
+#include "DxfClassTable.h"
+
+namespace oddb
+{
+
+namespace
+{
+
+// The items [first, last) of one part of a row, behind its marker.
+struct Section
+{
+    const std::uint8_t* first;
+    const std::uint8_t* last;
+};
+
+class Editor
+{
+public:
+    Editor(const Groups& groups, const DxfClass& cls, const DxfSubclass& subclass, int code,
+           const GroupsBuilder& replacement)
+        : m_groups(groups), m_class(cls), m_subclass(subclass), m_code(code), m_row(subclass.row(code)),
+          m_replacement(replacement)
+    {
+    }
+
+    Groups edit() const
+    {
+        for (int ordinal = 0; std::optional<Section> section = findSection(ordinal); ++ordinal)
+            if (const std::optional<Section> found = findGroup(section->first, section->last))
+                return replaceFrom(*found, section->last);
+        if (m_replacement.empty())
+            return m_groups;
+        if (const std::optional<Section> section = findSection(ordinalOfSubclass()))
+            return insertAt(findPlace(*section));
+        return insertSection();
+    }
+
+private:
+    const std::uint8_t* begin() const { return m_groups.begin()->item(); }
+    const std::uint8_t* end() const { return m_groups.end()->item(); }
+
+    // Walks the groups of [first, last) that belong to the class itself, not to application data inside of it.
+    // Stops and returns true when visit returns true.
+    template<class Visit>
+    static bool visitOwn(const std::uint8_t* first, const std::uint8_t* last, Visit visit)
+    {
+        bool inside = false;
+        for (const std::uint8_t* at = first; at != last; at = GroupView(at).next())
+        {
+            const GroupView group(at);
+            const bool border = group.code() == 102;
+            if (!inside && !border && visit(group))
+                return true;
+            if (border)
+                inside = group.text().starts_with('{');
+        }
+        return false;
+    }
+
+    // The part with the marker of the subclass that has this number among those with the same marker.
+    std::optional<Section> findSection(int ordinal) const
+    {
+        std::optional<Section> section;
+        visitOwn(begin(), end(),
+                 [&](const GroupView& group)
+                 {
+                     if (!group.beginsSection())
+                         return false;
+                     if (section)
+                         section->last = group.item();
+                     else if (group.text() == m_subclass.marker && ordinal-- == 0)
+                         section = Section{group.next(), end()};
+                     return section && section->last != end();
+                 });
+        return section;
+    }
+
+    int ordinalOfSubclass() const
+    {
+        int ordinal = 0;
+        for (const DxfSubclass* known : m_class.subclasses)
+        {
+            if (known == &m_subclass)
+                break;
+            ordinal += std::string_view(known->marker) == m_subclass.marker;
+        }
+        return ordinal;
+    }
+
+    // The first group of the row with the coordinates that follow it.
+    std::optional<Section> findGroup(const std::uint8_t* first, const std::uint8_t* last) const
+    {
+        std::optional<Section> found;
+        visitOwn(first, last,
+                 [&](const GroupView& group)
+                 {
+                     if (group.code() == m_code)
+                         found = Section{group.item(), behindCoordinates(group, last)};
+                     return found.has_value();
+                 });
+        return found;
+    }
+
+    const std::uint8_t* behindCoordinates(const GroupView& group, const std::uint8_t* last) const
+    {
+        const int coordinates = !m_row                            ? 1
+                                : m_row->kind == DxfKind::Point3d ? 3
+                                : m_row->kind == DxfKind::Point2d ? 2
+                                                                  : 1;
+        const std::uint8_t* at = group.next();
+        for (int i = 1; i < coordinates && at != last && GroupView(at).code() == m_code + 10 * i; ++i)
+            at = GroupView(at).next();
+        return at;
+    }
+
+    // Where the row's group belongs: in front of the first group that the class has behind it.
+    const std::uint8_t* findPlace(const Section& section) const
+    {
+        const std::uint8_t* place = section.last;
+        visitOwn(section.first, section.last,
+                 [&](const GroupView& group)
+                 {
+                     const DxfRow* other = m_subclass.row(group.code());
+                     if (!m_row || !other || other <= m_row)
+                         return false;
+                     place = group.item();
+                     return true;
+                 });
+        return place;
+    }
+
+    Groups insertAt(const std::uint8_t* place) const { return m_groups.spliced(place, place, m_replacement); }
+
+    Groups replaceFrom(Section found, const std::uint8_t* last) const
+    {
+        GroupsBuilder edited;
+        edited.appendItems(begin(), found.first).appendItems(m_replacement.begin(), m_replacement.end());
+        const std::uint8_t* copied = found.last;
+        if (m_row && m_row->repeats)
+            for (std::optional<Section> next = findGroup(copied, last); next; next = findGroup(copied, last))
+            {
+                edited.appendItems(copied, next->first);
+                copied = next->last;
+            }
+        edited.appendItems(copied, end());
+        return edited.build();
+    }
+
+    // Puts the marker and the groups in front of the first part that the class has behind it.
+    Groups insertSection() const
+    {
+        const int position = m_class.position(m_subclass.marker);
+        const std::uint8_t* place = end();
+        visitOwn(begin(), end(),
+                 [&](const GroupView& group)
+                 {
+                     if (!group.beginsSection() || (group.code() != 101 && m_class.position(group.text()) <= position))
+                         return false;
+                     place = group.item();
+                     return true;
+                 });
+        GroupsBuilder section;
+        section.atom(100, m_subclass.atom()).appendItems(m_replacement.begin(), m_replacement.end());
+        return m_groups.spliced(place, place, section);
+    }
+
+    const Groups& m_groups;
+    const DxfClass& m_class;
+    const DxfSubclass& m_subclass;
+    int m_code;
+    const DxfRow* m_row;
+    const GroupsBuilder& m_replacement;
+};
+
+} // namespace
+
+Groups withGroups(const Groups& groups, const DxfClass& cls, const DxfSubclass& subclass, int code,
+                  const GroupsBuilder& replacement)
+{
+    return Editor(groups, cls, subclass, code, replacement).edit();
+}
+
+} // namespace oddb

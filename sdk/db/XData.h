@@ -1,0 +1,42 @@
+// Extended data: values that applications put on objects, each under its registered name.
+//
+//   chain  1001 "APPLICATION" value... 1001 "OTHER" value...
+//   kept   per application: its record, and the values as groups (1000..1071) that equal objects share
+#pragma once
+
+#include <array>
+#include <vector>
+
+#include "Groups.h"
+#include "ObjectExtras.h"
+#include "ResBuf.h"
+
+class OdDbDatabase;
+
+namespace oddb
+{
+
+/// The most that the XData of one object may take, in bytes as a drawing file counts them.
+constexpr std::size_t kXDataLimit = 16 * 1024;
+
+/// The room that the values of one application take, its name included.
+std::size_t xdataBytes(const Groups& values);
+
+/// Shares equal rows of values: marking many objects with the same values stores them once.
+class GroupsPool
+{
+public:
+    Groups intern(const GroupsBuilder& values);
+
+private:
+    std::array<Groups, 64> m_recent;
+};
+
+/// Reads a chain: the values of each application in it, none for one that is to be removed. Throws OdError
+/// eInvalidResBuf, eRegappIdNotFound.
+std::vector<XDataEntry> readXDataChain(const OdResBuf& chain, OdDbDatabase& database);
+
+/// The chain of one application, or of all when application is null; null when there is nothing.
+OdResBufPtr makeXDataChain(const XDataList& list, const OdDbStub* application);
+
+} // namespace oddb
