@@ -45,7 +45,7 @@ public:
         return utf8.find("+") != utf8.npos && findEscape(utf8) != utf8.npos;
     }
 
-    /** Replaces each \U+XXXX in UTF-8 text by its character, two surrogates that follow each other by the one character
+    /** Replaces each \U+XXXX (from 0080 on) in UTF-8 text by its character, two surrogates that follow each other by the one character
         they stand for, and each \M+nXXXX by the character of its double-byte code page. A lone surrogate and whatever
         has not exactly this form stay as they are. Puts the result behind what the buffer holds. */
     static void decodeEscapes(std::string_view utf8, std::string& decoded);

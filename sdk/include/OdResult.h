@@ -6,9 +6,8 @@
     may use codes of their own, which then are values outside of those named here. */
 enum OdResult : int
 {
-    eOk = 0, ///< success
-    eNotImplementedYet =
-        1, ///< the operation is not available for this input, for example data of a version that is not known
+    eOk = 0,                 ///< success
+    eNotImplementedYet = 1,  ///< not available for this input, for example for data of an unknown version
     eNotApplicable = 2,      ///< the operation has no meaning for this object
     eGeneralException = 3,   ///< an error that is described by its text alone
     eInvalidValue = 4,       ///< a value that has the right type but is not allowed, for example a text that is no GUID

@@ -203,7 +203,7 @@ public:
     OdInt8 getInt8() const;
     OdInt16 getInt16() const;
     OdInt32 getInt32() const;
-    OdInt64 getInt64() const { return value<OdInt64>(); }
+    OdInt64 getInt64() const;
     double getDouble() const { return value<double>(); }
     OdGePoint2d getPoint2d() const;
     OdGePoint3d getPoint3d() const;

@@ -1,12 +1,14 @@
 // The record of a class: its name, its parent, how its objects are made and stored, and what was added to it.
 #pragma once
 
+#include <atomic>
 #include <vector>
 
 #include "DwgVersion.h"
 #include "RxObject.h"
 
 class OdRxDictionary;
+class OdRxOverrule;
 
 /** An OdRxClass describes one registered class. It is made by newOdRxClass (or by rxInit of the class) and lives until
     deleteOdRxClass. Reading it is safe between threads, registering and adding extensions is not. */
@@ -57,7 +59,10 @@ public:
     int numChildren() const { return m_children; }
 
 private:
+    friend class OdRxObject;
     friend class OdRxClassRegistry;
+    friend class OdRxOverrule;
+    friend class OdRxOverruleInternals;
     struct Extension
     {
         const OdRxClass* protocolClass;
@@ -67,7 +72,6 @@ private:
     OdRxClass() = default;
     ~OdRxClass() override;
     const OdRxObject* findExtension(const OdRxClass* protocolClass) const;
-    friend class OdRxObject;
 
     OdString m_name;
     OdString m_dxfName;
@@ -82,8 +86,8 @@ private:
     int m_dwgVersion = 0;
     int m_maintVersion = 0;
     int m_children = 0;
-    int m_references = 1;
-    bool m_anyExtensions = false;
+    std::atomic<int> m_references{1};
+    std::vector<OdRxOverrule*> m_overrules; ///< in the order in which they are asked
 };
 using OdRxClassPtr = OdSmartPtr<OdRxClass>;
 

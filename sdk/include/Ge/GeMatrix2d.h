@@ -10,7 +10,7 @@ class OdGeMatrix2d
 public:
     static const OdGeMatrix2d kIdentity;
 
-    OdGeMatrix2d() { setToIdentity(); }
+    constexpr OdGeMatrix2d() = default;
 
     static OdGeMatrix2d translation(const OdGeVector2d& vector);
     static OdGeMatrix2d rotation(double angle, const OdGePoint2d& center = OdGePoint2d());
@@ -20,7 +20,7 @@ public:
     static OdGeMatrix2d mirroring(const OdGePoint2d& point);
     static OdGeMatrix2d mirroring(const OdGePoint2d& point, const OdGeVector2d& direction);
 
-    OdGeMatrix2d& setToIdentity();
+    OdGeMatrix2d& setToIdentity() { return *this = OdGeMatrix2d(); }
     OdGeMatrix2d& setToTranslation(const OdGeVector2d& vector) { return *this = translation(vector); }
     OdGeMatrix2d& setToRotation(double angle, const OdGePoint2d& center = OdGePoint2d())
     {
@@ -54,5 +54,5 @@ public:
     double* operator[](int row) { return entry[row]; }
     double operator()(int row, int column) const { return entry[row][column]; }
 
-    double entry[3][3];
+    double entry[3][3] = {{1.0, 0.0, 0.0}, {0.0, 1.0, 0.0}, {0.0, 0.0, 1.0}};
 };

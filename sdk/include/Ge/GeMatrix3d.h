@@ -14,7 +14,7 @@ class OdGeMatrix3d
 public:
     static const OdGeMatrix3d kIdentity;
 
-    OdGeMatrix3d() { setToIdentity(); }
+    constexpr OdGeMatrix3d() = default;
 
     static OdGeMatrix3d translation(const OdGeVector3d& vector);
     /** Turns about an axis through center, counter-clockwise seen against it. Throws OdError (eInvalidInput) for an
@@ -42,7 +42,7 @@ public:
     static OdGeMatrix3d worldToPlane(const OdGeVector3d& normal);
     static OdGeMatrix3d worldToPlane(const OdGePlane& plane);
 
-    OdGeMatrix3d& setToIdentity();
+    OdGeMatrix3d& setToIdentity() { return *this = OdGeMatrix3d(); }
     OdGeMatrix3d& setToTranslation(const OdGeVector3d& vector) { return *this = translation(vector); }
     OdGeMatrix3d& setToRotation(double angle, const OdGeVector3d& axis, const OdGePoint3d& center = OdGePoint3d())
     {
@@ -100,5 +100,5 @@ public:
     double* operator[](int row) { return entry[row]; }
     double operator()(int row, int column) const { return entry[row][column]; }
 
-    double entry[4][4];
+    double entry[4][4] = {{1.0, 0.0, 0.0, 0.0}, {0.0, 1.0, 0.0, 0.0}, {0.0, 0.0, 1.0, 0.0}, {0.0, 0.0, 0.0, 1.0}};
 };

@@ -1,0 +1,145 @@
+// Implements the reading and writing of UTF-8.
+#include "rx/Utf8.h"
+
+#include "OdString.h"
+
+namespace odutf8
+{
+namespace
+{
+
+struct Form
+{
+    int length; // 0 for a byte that begins no character
+    unsigned char valueBits;
+    wchar_t least;
+};
+
+constexpr Form formOf(unsigned char lead)
+{
+    if (lead < 0xC2)
+        return {0, 0, 0};
+    if (lead < 0xE0)
+        return {2, static_cast<unsigned char>(lead & 0x1F), 0x80};
+    if (lead < 0xF0)
+        return {3, static_cast<unsigned char>(lead & 0x0F), 0x800};
+    if (lead < 0xF5)
+        return {4, static_cast<unsigned char>(lead & 0x07), 0x10000};
+    return {0, 0, 0};
+}
+
+constexpr bool isAllowed(wchar_t character, wchar_t least)
+{
+    return character >= least && character <= 0x10FFFF && !isHighSurrogate(character) && !isLowSurrogate(character);
+}
+
+// Reads the bytes after the lead; -1 when they do not make a character.
+wchar_t readForm(const Form& form, const char* position, const char* end)
+{
+    if (form.length == 0 || end - position < form.length)
+        return -1;
+    wchar_t character = form.valueBits;
+    for (int i = 1; i < form.length; ++i)
+    {
+        const unsigned char byte = static_cast<unsigned char>(position[i]);
+        if ((byte & 0xC0) != 0x80)
+            return -1;
+        character = (character << 6) | (byte & 0x3F);
+    }
+    return isAllowed(character, form.least) ? character : -1;
+}
+
+} // namespace
+
+wchar_t takeCharacter(const char*& position, const char* end)
+{
+    const unsigned char lead = static_cast<unsigned char>(*position);
+    if (lead < 0x80)
+    {
+        ++position;
+        return lead;
+    }
+    const Form form = formOf(lead);
+    const wchar_t character = readForm(form, position, end);
+    position += character < 0 ? 1 : form.length;
+    return character < 0 ? kByteBase + lead : character;
+}
+
+void appendCharacter(std::string& buffer, wchar_t character)
+{
+    if (character < 0 || character > 0x10FFFF)
+        character = kReplacement;
+    if (character < 0x80)
+        buffer += static_cast<char>(character);
+    else if (isKeptByte(character))
+        buffer += static_cast<char>(character - kByteBase);
+    else if (character < 0x800)
+    {
+        buffer += static_cast<char>(0xC0 | (character >> 6));
+        buffer += static_cast<char>(0x80 | (character & 0x3F));
+    }
+    else
+    {
+        if (character < 0x10000)
+            buffer += static_cast<char>(0xE0 | (character >> 12));
+        else
+        {
+            buffer += static_cast<char>(0xF0 | (character >> 18));
+            buffer += static_cast<char>(0x80 | ((character >> 12) & 0x3F));
+        }
+        buffer += static_cast<char>(0x80 | ((character >> 6) & 0x3F));
+        buffer += static_cast<char>(0x80 | (character & 0x3F));
+    }
+}
+
+std::size_t countCharacters(std::string_view utf8)
+{
+    const char* position = utf8.data();
+    const char* const end = position + utf8.size();
+    std::size_t count = 0;
+    for (; position != end; ++count)
+        takeCharacter(position, end);
+    return count;
+}
+} // namespace odutf8
+
+OdString odUtf8ToString(std::string_view utf8)
+{
+    OdString text;
+    if (utf8.empty())
+        return text;
+    const int length = static_cast<int>(odutf8::countCharacters(utf8));
+    OdChar* target = text.getBuffer(length);
+    const char* position = utf8.data();
+    for (const char* const end = position + utf8.size(); position != end; ++target)
+        *target = odutf8::takeCharacter(position, end);
+    text.releaseBuffer(length);
+    return text;
+}
+
+void odAppendUtf8(std::string& buffer, std::wstring_view text)
+{
+    for (std::size_t i = 0; i < text.size();)
+    {
+        const wchar_t character = odutf8::takeCharacter(text, i);
+        if (character >= 0 && character < 0x80)
+            buffer += static_cast<char>(character);
+        else
+            odutf8::appendCharacter(buffer, character);
+    }
+}
+
+std::string odStringToUtf8(std::wstring_view text)
+{
+    std::string utf8;
+    utf8.reserve(text.size());
+    odAppendUtf8(utf8, text);
+    return utf8;
+}
+
+void odAppendWide(std::wstring& buffer, std::string_view utf8)
+{
+    const char* position = utf8.data();
+    for (const char* const end = position + utf8.size(); position != end;)
+        buffer += odutf8::takeCharacter(position, end);
+}
