@@ -45,7 +45,7 @@ constexpr DxfRow kTraceRows[] = {
 };
 
 constexpr DxfRow kFaceRows[] = {
-    point3d(10, "first corner"),  point3d(11, "second corner"),    point3d(12, "third corner"),
+    point3d(10, "first corner"),  point3d(11, "second corner"),   point3d(12, "third corner"),
     point3d(13, "fourth corner"), integer(70, "invisible edges"),
 };
 
@@ -69,12 +69,9 @@ constexpr DxfRow kRasterImageRows[] = {
 };
 
 constexpr DxfRow kRasterImageDefRows[] = {
-    integer(90, "version"),
-    text(1, "file"),
-    point2d(10, "size in pixels"),
-    point2d(11, "size of a pixel in millimetres"),
-    integer(280, "loaded"),
-    integer(281, "units: none 0, centimetre 2, inch 5"),
+    integer(90, "version"),        text(1, "file"),
+    point2d(10, "size in pixels"), point2d(11, "size of a pixel in millimetres"),
+    integer(280, "loaded"),        integer(281, "units: none 0, centimetre 2, inch 5"),
 };
 
 constexpr DxfRow kViewportRows[] = {

@@ -50,6 +50,7 @@ constexpr DxfRow kDimensionRows[] = {
     name(2, "block", SymbolTable::Block),
     point3d(10, "definition point"),
     point3d(11, "middle of the text"),
+    point3d(12, "offset of the block"),
     integer(70, "kind, and flags: block of its own 32, along x 64, text placed by the user 128"),
     text(1, "text"),
     since(OdDb::vAC15, integer(71, "attachment point", 5)),
@@ -66,8 +67,10 @@ constexpr DxfRow kDimensionRows[] = {
 };
 
 constexpr DxfRow kLinearDimensionRows[] = {
-    point3d(12, "insertion point of a copy"), point3d(13, "first extension line"),
-    point3d(14, "second extension line"),     angle(50, "rotation"),
+    point3d(12, "insertion point of a copy"),
+    point3d(13, "first extension line"),
+    point3d(14, "second extension line"),
+    angle(50, "rotation"),
     angle(52, "oblique angle"),
 };
 

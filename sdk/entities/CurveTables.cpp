@@ -58,12 +58,9 @@ constexpr DxfRow kArcRows[] = {
 };
 
 constexpr DxfRow kEllipseRows[] = {
-    point3d(10, "centre"),
-    point3d(11, "major axis"),
-    point3d(210, "normal"),
-    real(40, "ratio of minor to major axis", 1.0),
-    real(41, "start parameter"),
-    real(42, "end parameter", 6.28318530717958647692),
+    point3d(10, "centre"),       point3d(11, "major axis"),
+    point3d(210, "normal"),      real(40, "ratio of minor to major axis", 1.0),
+    real(41, "start parameter"), real(42, "end parameter", 6.28318530717958647692),
 };
 
 constexpr DxfRow kSplineRows[] = {

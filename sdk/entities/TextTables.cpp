@@ -62,7 +62,7 @@ constexpr DxfRow kMTextRows[] = {
     point3d(11, "direction"),
     real(42, "width of what is drawn"),
     real(43, "height of what is drawn"),
-    real(50, "rotation in radians"),
+    angle(50, "rotation"),
     integer(73, "line spacing style", 1),
     real(44, "line spacing factor", 1.0),
     since(OdDb::vAC18, integer(90, "background fill")),
@@ -82,14 +82,8 @@ constexpr DxfRow kToleranceRows[] = {
 };
 
 constexpr DxfRow kShapeRows[] = {
-    real(39, "thickness"),
-    point3d(10, "position"),
-    real(40, "size", 1.0),
-    text(2, "shape name"),
-    angle(50, "rotation"),
-    real(41, "width factor", 1.0),
-    angle(51, "oblique angle"),
-    point3d(210, "normal"),
+    real(39, "thickness"), point3d(10, "position"),       real(40, "size", 1.0),      text(2, "shape name"),
+    angle(50, "rotation"), real(41, "width factor", 1.0), angle(51, "oblique angle"), point3d(210, "normal"),
 };
 
 } // namespace

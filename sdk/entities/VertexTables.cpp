@@ -36,12 +36,8 @@ constexpr DxfRow kVertexRows[] = {
 };
 
 constexpr DxfRow kFaceRecordRows[] = {
-    point3d(10, "unused"),
-    integer(70, "flags", 128),
-    integer(71, "first corner"),
-    integer(72, "second corner"),
-    integer(73, "third corner"),
-    integer(74, "fourth corner"),
+    point3d(10, "unused"),        integer(70, "flags", 128),   integer(71, "first corner"),
+    integer(72, "second corner"), integer(73, "third corner"), integer(74, "fourth corner"),
 };
 
 } // namespace

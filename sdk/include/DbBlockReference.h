@@ -49,6 +49,7 @@ public:
 
     bool isPlanar() const override;
     oddb::SubentityList* subentities() const override;
+    oddb::SubentityList& makeSubentities() override;
 
 protected:
     OdDbBlockReference();
@@ -56,7 +57,7 @@ protected:
     OdUInt32 subSetAttributes(OdGiDrawableTraits* traits) const override;
     OdResult subTransformBy(const OdGeMatrix3d& xform) override;
 
-    /** How often the definition is drawn, and where: the offsets in the plane of the reference, before it is turned. */
+    /** Draws the block definition wherever the reference shows it. */
     virtual void drawDefinition(OdGiWorldDraw* worldDraw) const;
 
 private:
@@ -93,6 +94,9 @@ class OdDbTable : public OdDbBlockReference
 {
 public:
     ODDB_DECLARE_MEMBERS(OdDbTable);
+
+protected:
+    void drawDefinition(OdGiWorldDraw* worldDraw) const override;
 };
 
 using OdDbTablePtr = OdSmartPtr<OdDbTable>;

@@ -40,6 +40,8 @@ public:
 protected:
     bool subWorldDraw(OdGiWorldDraw* worldDraw) const override;
     OdUInt32 subSetAttributes(OdGiDrawableTraits* traits) const override;
+    /** A dimension only moves: its block definition stays as it is. */
+    OdResult subTransformBy(const OdGeMatrix3d& xform) override;
 };
 
 using OdDbDimensionPtr = OdSmartPtr<OdDbDimension>;

@@ -14,7 +14,7 @@ class OdDbEntity;
 
 namespace oddb
 {
-
+class SubentityList;
 }
 
 /** A smart pointer to an open entity. */
@@ -108,12 +108,19 @@ public:
 
     /** The vertices or attributes that the entity owns; null for an entity of a class that owns none. */
     virtual oddb::SubentityList* subentities() const { return nullptr; }
+    /** As subentities, made when the entity may own some but has none yet. Throws OdError(eNotApplicable) otherwise. */
+    virtual oddb::SubentityList& makeSubentities();
 
     bool keepsGroups() const override { return true; }
+
+    OdResult dwgInFields(OdDbDwgFiler* filer) override;
+    void dwgOutFields(OdDbDwgFiler* filer) const override;
 
 protected:
     OdUInt32 subSetAttributes(OdGiDrawableTraits* traits) const override;
     bool subWorldDraw(OdGiWorldDraw* worldDraw) const override;
     virtual OdResult subGetGeomExtents(OdGeExtents3d& extents) const;
     virtual OdResult subTransformBy(const OdGeMatrix3d& xform);
+    /** Erases vertices and attributes with the entity, and brings back those that were erased with it. */
+    OdResult subErase(bool erasing) override;
 };

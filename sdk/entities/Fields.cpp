@@ -1,0 +1,182 @@
+// Implements typed access to groups.
+#include "entities/Fields.h"
+
+#include <cmath>
+
+#include "OdError.h"
+#include "db/Stub.h"
+#include "db/SymbolNames.h"
+#include "entities/EntityClasses.h"
+#include "entities/Ocs.h"
+
+namespace entityfields
+{
+
+using oddb::DxfClass;
+using oddb::DxfRow;
+using oddb::DxfSubclass;
+using oddb::ObjectCore;
+
+Reader::Reader(const OdDbObject& object, const DxfSubclass& table, oddb::Atom atom)
+    : m_object(object), m_table(table), m_atom(atom)
+{
+    object.assertReadEnabled();
+    m_groups = groupsOf(object);
+}
+
+const DxfRow& Reader::row(int code) const
+{
+    const DxfRow* row = m_table.row(code);
+    if (!row)
+        throw OdError(eInvalidGroupCode);
+    return *row;
+}
+
+double Reader::real(int code) const
+{
+    return oddb::readReal(m_groups, m_atom, row(code));
+}
+
+double Reader::angle(int code) const
+{
+    return OdaToRadian(real(code));
+}
+
+int Reader::integer(int code) const
+{
+    return static_cast<int>(oddb::readInteger(m_groups, m_atom, row(code)));
+}
+
+OdGePoint3d Reader::point(int code) const
+{
+    const oddb::Coordinates at = oddb::readPoint(m_groups, m_atom, row(code));
+    return OdGePoint3d(at.x, at.y, at.z);
+}
+
+OdGeVector3d Reader::vector(int code) const
+{
+    const oddb::Coordinates at = oddb::readPoint(m_groups, m_atom, row(code));
+    return OdGeVector3d(at.x, at.y, at.z);
+}
+
+OdGeVector3d Reader::normal() const
+{
+    constexpr int kNormal = 210;
+    if (!has(kNormal))
+        return OdGeVector3d(0.0, 0.0, 1.0);
+    return ocs::frameOf(vector(kNormal)).z;
+}
+
+OdString Reader::text(int code) const
+{
+    return odUtf8ToString(oddb::readText(m_groups, m_atom, row(code)));
+}
+
+OdDbStub* Reader::stub(int code) const
+{
+    return oddb::readStub(m_object.database(), m_groups, m_atom, row(code));
+}
+
+const DxfClass& classOf(const OdDbObject& object)
+{
+    const DxfClass* found = entityclasses::classOf(object.isA());
+    if (!found)
+        throw OdError(eNotApplicable);
+    return *found;
+}
+
+Groups groupsOf(const OdDbObject& object)
+{
+    Groups groups = ObjectCore::groups(object);
+    if (groups)
+        return groups;
+    const DxfClass* dxfClass = entityclasses::classOf(object.isA());
+    return dxfClass ? entityclasses::initialGroups(*dxfClass) : groups;
+}
+
+void setReal(OdDbObject& object, const DxfSubclass& table, int code, double value)
+{
+    ObjectCore::changeGroups(object, withReal(groupsOf(object), classOf(object), table, code, value));
+}
+
+void setAngle(OdDbObject& object, const DxfSubclass& table, int code, double radians)
+{
+    setReal(object, table, code, OdaToDegree(radians));
+}
+
+void setInteger(OdDbObject& object, const DxfSubclass& table, int code, std::int64_t value)
+{
+    ObjectCore::changeGroups(object, withInteger(groupsOf(object), classOf(object), table, code, value));
+}
+
+void setFlag(OdDbObject& object, const DxfSubclass& table, int code, int bit, bool value)
+{
+    const int flags = Reader(object, table, table.atom()).integer(code);
+    setInteger(object, table, code, value ? flags | bit : flags & ~bit);
+}
+
+void setPoint(OdDbObject& object, const DxfSubclass& table, int code, const OdGePoint3d& point)
+{
+    ObjectCore::changeGroups(object,
+                             withPoint(groupsOf(object), classOf(object), table, code, {point.x, point.y, point.z}));
+}
+
+void setVector(OdDbObject& object, const DxfSubclass& table, int code, const OdGeVector3d& vector)
+{
+    setPoint(object, table, code, OdGePoint3d(vector.x, vector.y, vector.z));
+}
+
+void setText(OdDbObject& object, const DxfSubclass& table, int code, const OdString& text)
+{
+    ObjectCore::changeGroups(object, withText(groupsOf(object), classOf(object), table, code, odStringToUtf8(text)));
+}
+
+void setId(OdDbObject& object, const DxfSubclass& table, int code, OdDbStub* stub)
+{
+    ObjectCore::changeGroups(object, withId(groupsOf(object), classOf(object), table, code, stub));
+}
+
+void setName(OdDbObject& object, const DxfSubclass& table, int code, OdDbStub* record)
+{
+    ObjectCore::changeGroups(object, withName(groupsOf(object), classOf(object), table, code, record));
+}
+
+void remove(OdDbObject& object, const DxfSubclass& table, int code)
+{
+    ObjectCore::changeGroups(object, without(groupsOf(object), classOf(object), table, code));
+}
+
+void setGroups(OdDbObject& object, const DxfSubclass& table, int code, const oddb::GroupsBuilder& groups)
+{
+    ObjectCore::changeGroups(object, withGroups(groupsOf(object), classOf(object), table, code, groups));
+}
+
+OdGeVector3d requireDirection(const OdGeVector3d& vector)
+{
+    const double length = std::sqrt(vector.x * vector.x + vector.y * vector.y + vector.z * vector.z);
+    if (!std::isfinite(length) || length < 1e-12)
+        throw OdError(eInvalidInput);
+    return vector * (1.0 / length);
+}
+
+void requireNotNegative(double value)
+{
+    if (!std::isfinite(value) || value < 0.0)
+        throw OdError(eInvalidInput);
+}
+
+void requirePositive(double value)
+{
+    if (!std::isfinite(value) || value <= 0.0)
+        throw OdError(eInvalidInput);
+}
+
+void requireRecord(OdDbStub* stub, oddb::SymbolTable table)
+{
+    if (!stub || !stub->database)
+        throw OdError(eInvalidInput);
+    if (oddb::findSymbol(*stub->database, table, oddb::symbolName(stub)) != stub)
+        throw OdError(eInvalidInput);
+}
+
+} // namespace entityfields

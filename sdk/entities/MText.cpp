@@ -1,0 +1,331 @@
+// Texts of several lines.
+#include <cmath>
+
+#include "DbMText.h"
+#include "Gi/GiWorldDraw.h"
+#include "OdError.h"
+#include "entities/Drawing.h"
+#include "entities/Fields.h"
+#include "entities/MTextLayout.h"
+#include "entities/MTextParser.h"
+
+using namespace entityfields;
+using entitytables::kMText;
+
+namespace
+{
+
+constexpr std::size_t kChunk = 250; // characters in a part of the contents
+constexpr double kLeastSpacing = 0.25;
+constexpr double kGreatestSpacing = 4.0;
+
+/// The contents of all parts: groups 3 in order, then group 1.
+std::wstring contentsOf(const OdDbMText& text)
+{
+    const Reader fields = read<kMText>(text);
+    std::string contents;
+    bool inside = false;
+    for (const oddb::GroupView& group : fields.groups())
+    {
+        if (group.beginsSection())
+            inside = group.code() == 100 && group.atom() == fields.atom();
+        else if (inside && (group.code() == 3 || group.code() == 1))
+            contents += group.text();
+    }
+    return std::wstring(odUtf8ToString(contents).view());
+}
+
+mtext::Layout layoutOf(const OdDbMText& text)
+{
+    const Reader fields = read<kMText>(text);
+    mtext::Style style;
+    style.height = fields.real(40);
+    style.width = fields.real(41);
+    style.spacingFactor = fields.real(44);
+    style.exactSpacing = fields.integer(73) == OdDb::kExactly;
+    return mtext::layOut(contentsOf(text), style);
+}
+
+OdGeVector3d directionOf(const Reader& fields, const ocs::Frame& frame)
+{
+    if (!fields.has(11))
+        return frame.direction(fields.angle(50));
+    const OdGeVector3d direction = fields.vector(11);
+    const double length = direction.length();
+    return length > 0.0 && std::isfinite(length) ? direction * (1.0 / length) : frame.x;
+}
+
+/// Column 0 left, 1 centre, 2 right; row 0 top, 1 middle, 2 bottom.
+int columnOf(OdDbMText::AttachmentPoint attachment)
+{
+    return (attachment - 1) % 3;
+}
+
+int rowOf(OdDbMText::AttachmentPoint attachment)
+{
+    return (attachment - 1) / 3;
+}
+
+/// Modes in the order of columns and rows.
+constexpr OdDb::TextHorzMode kHorizontalModes[] = {OdDb::kTextLeft, OdDb::kTextCenter, OdDb::kTextRight};
+constexpr OdDb::TextVertMode kVerticalModes[] = {OdDb::kTextTop, OdDb::kTextVertMid, OdDb::kTextBottom};
+
+int columnOf(OdDb::TextHorzMode mode)
+{
+    return mode == OdDb::kTextRight ? 2 : mode == OdDb::kTextCenter || mode == OdDb::kTextMid ? 1 : 0;
+}
+
+int rowOf(OdDb::TextVertMode mode)
+{
+    return mode == OdDb::kTextTop ? 0 : mode == OdDb::kTextVertMid ? 1 : 2;
+}
+
+} // namespace
+
+OdString OdDbMText::contents() const
+{
+    return OdString(contentsOf(*this).c_str());
+}
+
+void OdDbMText::setContents(const OdString& contents)
+{
+    const std::wstring_view all = contents.view();
+    oddb::GroupsBuilder groups;
+    std::size_t at = 0;
+    for (; all.size() - at > kChunk; at += kChunk)
+        groups.text(3, odStringToUtf8(all.substr(at, kChunk)));
+    remove(*this, kMText, 3);
+    if (!groups.empty())
+        setGroups(*this, kMText, 3, groups);
+    setText(*this, kMText, 1, OdString(std::wstring(all.substr(at)).c_str()));
+}
+
+OdString OdDbMText::text() const
+{
+    return OdString(mtext::plainText(contentsOf(*this)).c_str());
+}
+
+OdGePoint3d OdDbMText::location() const
+{
+    return read<kMText>(*this).point(10);
+}
+
+void OdDbMText::setLocation(const OdGePoint3d& location)
+{
+    setPoint(*this, kMText, 10, location);
+}
+
+OdGeVector3d OdDbMText::direction() const
+{
+    const Reader fields = read<kMText>(*this);
+    return directionOf(fields, ocs::frameOf(fields.normal()));
+}
+
+void OdDbMText::setDirection(const OdGeVector3d& direction)
+{
+    setVector(*this, kMText, 11, requireDirection(direction));
+    remove(*this, kMText, 50);
+}
+
+double OdDbMText::rotation() const
+{
+    return ocs::frameOf(normal()).angleOf(direction());
+}
+
+void OdDbMText::setRotation(double rotation)
+{
+    setDirection(ocs::frameOf(normal()).direction(rotation));
+}
+
+void OdDbMText::setNormal(const OdGeVector3d& normal)
+{
+    setVector(*this, kMText, 210, requireDirection(normal));
+}
+
+double OdDbMText::width() const
+{
+    return read<kMText>(*this).real(41);
+}
+
+void OdDbMText::setWidth(double width)
+{
+    requireNotNegative(width);
+    setReal(*this, kMText, 41, width);
+}
+
+double OdDbMText::height() const
+{
+    return read<kMText>(*this).real(46);
+}
+
+void OdDbMText::setHeight(double height)
+{
+    requireNotNegative(height);
+    setReal(*this, kMText, 46, height);
+}
+
+double OdDbMText::actualWidth() const
+{
+    return layoutOf(*this).width;
+}
+
+double OdDbMText::actualHeight() const
+{
+    return layoutOf(*this).height;
+}
+
+double OdDbMText::textHeight() const
+{
+    return read<kMText>(*this).real(40);
+}
+
+void OdDbMText::setTextHeight(double height)
+{
+    requirePositive(height);
+    setReal(*this, kMText, 40, height);
+}
+
+OdDbMText::AttachmentPoint OdDbMText::attachment() const
+{
+    const int stored = read<kMText>(*this).integer(71);
+    return stored >= kTopLeft && stored <= kBottomRight ? static_cast<AttachmentPoint>(stored) : kTopLeft;
+}
+
+void OdDbMText::setAttachment(AttachmentPoint attachment)
+{
+    if (attachment < kTopLeft || attachment > kBottomRight)
+        throw OdError(eInvalidInput);
+    setInteger(*this, kMText, 71, attachment);
+}
+
+OdDb::TextHorzMode OdDbMText::horizontalMode() const
+{
+    return kHorizontalModes[columnOf(attachment())];
+}
+
+void OdDbMText::setHorizontalMode(OdDb::TextHorzMode mode)
+{
+    setInteger(*this, kMText, 71, rowOf(attachment()) * 3 + columnOf(mode) + 1);
+}
+
+OdDb::TextVertMode OdDbMText::verticalMode() const
+{
+    return kVerticalModes[rowOf(attachment())];
+}
+
+void OdDbMText::setVerticalMode(OdDb::TextVertMode mode)
+{
+    setInteger(*this, kMText, 71, rowOf(mode) * 3 + columnOf(attachment()) + 1);
+}
+
+OdDbMText::FlowDirection OdDbMText::flowDirection() const
+{
+    return static_cast<FlowDirection>(read<kMText>(*this).integer(72));
+}
+
+void OdDbMText::setFlowDirection(FlowDirection direction)
+{
+    setInteger(*this, kMText, 72, direction);
+}
+
+double OdDbMText::lineSpacingFactor() const
+{
+    return read<kMText>(*this).real(44);
+}
+
+void OdDbMText::setLineSpacingFactor(double factor)
+{
+    if (!(factor >= kLeastSpacing && factor <= kGreatestSpacing))
+        throw OdError(eInvalidInput);
+    setReal(*this, kMText, 44, factor);
+}
+
+OdDb::LineSpacingStyle OdDbMText::lineSpacingStyle() const
+{
+    return static_cast<OdDb::LineSpacingStyle>(read<kMText>(*this).integer(73));
+}
+
+void OdDbMText::setLineSpacingStyle(OdDb::LineSpacingStyle style)
+{
+    setInteger(*this, kMText, 73, style);
+}
+
+OdDbObjectId OdDbMText::textStyle() const
+{
+    return read<kMText>(*this).stub(7);
+}
+
+void OdDbMText::setTextStyle(OdDbObjectId textStyleId)
+{
+    requireRecord(textStyleId, oddb::SymbolTable::TextStyle);
+    setName(*this, kMText, 7, textStyleId);
+}
+
+bool OdDbMText::isPlanar() const
+{
+    return true;
+}
+
+bool OdDbMText::subWorldDraw(OdGiWorldDraw* worldDraw) const
+{
+    const Reader fields = read<kMText>(*this);
+    const mtext::Layout layout = layoutOf(*this);
+    const ocs::Frame frame = ocs::frameOf(fields.normal());
+    const OdGeVector3d along = directionOf(fields, frame);
+    const OdGeVector3d up = frame.z.crossProduct(along);
+    const OdGePoint3d top = fields.point(10) + up * (layout.height * rowOf(attachment()) * 0.5);
+    const double align = columnOf(attachment()) * 0.5;
+    for (const mtext::LineOfRuns& line : layout.lines)
+    {
+        for (const mtext::Run& run : line.runs)
+        {
+            const OdGePoint3d start = top + along * (run.x - line.width * align) + up * run.y;
+            worldDraw->geometry().text(start, frame.z, along, run.height, run.widthFactor, run.oblique,
+                                       OdString(run.characters.c_str()));
+        }
+    }
+    return true;
+}
+
+namespace
+{
+
+// The format codes, in the order of the operations below.
+constexpr OdChar kNonBreakSpace[] = L"\\~";
+constexpr OdChar kOverlineOn[] = L"\\O";
+constexpr OdChar kOverlineOff[] = L"\\o";
+constexpr OdChar kUnderlineOn[] = L"\\L";
+constexpr OdChar kUnderlineOff[] = L"\\l";
+constexpr OdChar kColorChange[] = L"\\C";
+constexpr OdChar kFontChange[] = L"\\f";
+constexpr OdChar kHeightChange[] = L"\\H";
+constexpr OdChar kWidthChange[] = L"\\W";
+constexpr OdChar kObliqueChange[] = L"\\Q";
+constexpr OdChar kTrackChange[] = L"\\T";
+constexpr OdChar kLineBreak[] = L"\\P";
+constexpr OdChar kStackStart[] = L"\\S";
+constexpr OdChar kAlignChange[] = L"\\A";
+constexpr OdChar kBlockBegin[] = L"{";
+constexpr OdChar kBlockEnd[] = L"}";
+
+} // namespace
+
+// clang-format off
+const OdChar* OdDbMText::nonBreakSpace() { return kNonBreakSpace; }
+const OdChar* OdDbMText::overlineOn() { return kOverlineOn; }
+const OdChar* OdDbMText::overlineOff() { return kOverlineOff; }
+const OdChar* OdDbMText::underlineOn() { return kUnderlineOn; }
+const OdChar* OdDbMText::underlineOff() { return kUnderlineOff; }
+const OdChar* OdDbMText::colorChange() { return kColorChange; }
+const OdChar* OdDbMText::fontChange() { return kFontChange; }
+const OdChar* OdDbMText::heightChange() { return kHeightChange; }
+const OdChar* OdDbMText::widthChange() { return kWidthChange; }
+const OdChar* OdDbMText::obliqueChange() { return kObliqueChange; }
+const OdChar* OdDbMText::trackChange() { return kTrackChange; }
+const OdChar* OdDbMText::lineBreak() { return kLineBreak; }
+const OdChar* OdDbMText::paragraphBreak() { return kLineBreak; }
+const OdChar* OdDbMText::stackStart() { return kStackStart; }
+const OdChar* OdDbMText::alignChange() { return kAlignChange; }
+const OdChar* OdDbMText::blockBegin() { return kBlockBegin; }
+const OdChar* OdDbMText::blockEnd() { return kBlockEnd; }
+// clang-format on

@@ -1,0 +1,173 @@
+// Pictures and what hides things. The outline is given in pixels: the origin is the centre of the pixel at the lower
+// left, so that the picture begins half a pixel before it.
+#include <cmath>
+
+#include "DbRasterImage.h"
+#include "DbRasterImageDef.h"
+#include "Gi/GiWorldDraw.h"
+#include "OdError.h"
+#include "entities/Fields.h"
+
+using namespace entityfields;
+using entitytables::kRasterImage;
+using entitytables::kWipeout;
+
+namespace
+{
+
+constexpr int kRectangle = 1;
+
+const oddb::DxfSubclass& tableOf(const OdDbRasterImage& image)
+{
+    const bool wipeout = oddb::ObjectCore::groups(image).hasSection(atomOf<kWipeout>());
+    return wipeout ? kWipeout : kRasterImage;
+}
+
+Reader fieldsOf(const OdDbRasterImage& image)
+{
+    const oddb::DxfSubclass& table = tableOf(image);
+    return Reader(image, table, &table == &kWipeout ? atomOf<kWipeout>() : atomOf<kRasterImage>());
+}
+
+OdGePoint2d sizeOf(const Reader& fields)
+{
+    const OdGePoint3d size = fields.point(13);
+    return OdGePoint2d(size.x, size.y);
+}
+
+std::vector<OdGePoint2d> clippingOutline(const Reader& fields)
+{
+    std::vector<OdGePoint2d> outline;
+    bool inside = false;
+    for (const oddb::GroupView& group : fields.groups())
+    {
+        if (group.beginsSection())
+            inside = group.code() == 100 && group.atom() == fields.atom();
+        else if (inside && group.code() == 14)
+            outline.emplace_back(group.real(), 0.0);
+        else if (inside && group.code() == 24 && !outline.empty())
+            outline.back().y = group.real();
+    }
+    if (fields.integer(71) == kRectangle && outline.size() == 2)
+    {
+        const OdGePoint2d low = outline[0];
+        const OdGePoint2d high = outline[1];
+        outline = {low, OdGePoint2d(high.x, low.y), high, OdGePoint2d(low.x, high.y)};
+    }
+    return outline;
+}
+
+std::vector<OdGePoint2d> wholeOutline(const Reader& fields)
+{
+    const OdGePoint2d size = sizeOf(fields);
+    return {OdGePoint2d(-0.5, -0.5), OdGePoint2d(size.x - 0.5, -0.5), OdGePoint2d(size.x - 0.5, size.y - 0.5),
+            OdGePoint2d(-0.5, size.y - 0.5)};
+}
+
+/// Pixels are counted from the top, world coordinates of the picture from the bottom.
+OdGePoint3d toWorld(const Reader& fields, const OdGePoint2d& pixel)
+{
+    const double up = sizeOf(fields).y - 0.5 - pixel.y;
+    return fields.point(10) + fields.vector(11) * (pixel.x + 0.5) + fields.vector(12) * up;
+}
+
+} // namespace
+
+OdDbObjectId OdDbRasterImage::imageDefId() const
+{
+    return fieldsOf(*this).stub(340);
+}
+
+void OdDbRasterImage::setImageDefId(OdDbObjectId imageDefId)
+{
+    if (OdDbRasterImageDef::cast(imageDefId.openObject()).isNull())
+        throw OdError(eInvalidInput);
+    setId(*this, tableOf(*this), 340, imageDefId);
+}
+
+void OdDbRasterImage::getOrientation(OdGePoint3d& origin, OdGeVector3d& u, OdGeVector3d& v) const
+{
+    const Reader fields = fieldsOf(*this);
+    const OdGePoint2d size = sizeOf(fields);
+    origin = fields.point(10);
+    u = fields.vector(11) * size.x;
+    v = fields.vector(12) * size.y;
+}
+
+bool OdDbRasterImage::setOrientation(const OdGePoint3d& origin, const OdGeVector3d& u, const OdGeVector3d& v)
+{
+    if (u.crossProduct(v).length() < 1e-12 * u.length() * v.length() || u.length() == 0.0 || v.length() == 0.0)
+        return false;
+    const OdGeVector2d size = imageSize();
+    const oddb::DxfSubclass& table = tableOf(*this);
+    setPoint(*this, table, 10, origin);
+    setVector(*this, table, 11, u * (size.x > 0.0 ? 1.0 / size.x : 1.0));
+    setVector(*this, table, 12, v * (size.y > 0.0 ? 1.0 / size.y : 1.0));
+    return true;
+}
+
+OdGeVector2d OdDbRasterImage::imageSize() const
+{
+    const OdGePoint2d size = sizeOf(fieldsOf(*this));
+    return OdGeVector2d(size.x, size.y);
+}
+
+void OdDbRasterImage::setImageSize(const OdGeVector2d& size)
+{
+    setPoint(*this, tableOf(*this), 13, OdGePoint3d(size.x, size.y, 0.0));
+}
+
+bool OdDbRasterImage::isSetDisplayOpt(ImageDisplayOpt option) const
+{
+    return fieldsOf(*this).flag(70, option);
+}
+
+void OdDbRasterImage::setDisplayOpt(ImageDisplayOpt option, bool value)
+{
+    setFlag(*this, tableOf(*this), 70, option, value);
+}
+
+bool OdDbRasterImage::isClipped() const
+{
+    return fieldsOf(*this).integer(280) != 0;
+}
+
+OdInt8 OdDbRasterImage::brightness() const
+{
+    return static_cast<OdInt8>(fieldsOf(*this).integer(281));
+}
+
+OdInt8 OdDbRasterImage::contrast() const
+{
+    return static_cast<OdInt8>(fieldsOf(*this).integer(282));
+}
+
+OdInt8 OdDbRasterImage::fade() const
+{
+    return static_cast<OdInt8>(fieldsOf(*this).integer(283));
+}
+
+OdResult OdDbRasterImage::getVertices(OdArray<OdGePoint3d>& points) const
+{
+    const Reader fields = fieldsOf(*this);
+    std::vector<OdGePoint2d> outline = isClipped() ? clippingOutline(fields) : wholeOutline(fields);
+    if (outline.size() < 3)
+        outline = wholeOutline(fields);
+    points.clear();
+    for (const OdGePoint2d& pixel : outline)
+        points.append(toWorld(fields, pixel));
+    return points.isEmpty() ? eInvalidExtents : eOk;
+}
+
+bool OdDbRasterImage::isPlanar() const
+{
+    return true;
+}
+
+bool OdDbRasterImage::subWorldDraw(OdGiWorldDraw* worldDraw) const
+{
+    OdArray<OdGePoint3d> points;
+    if (getVertices(points) == eOk)
+        worldDraw->geometry().polygon(static_cast<OdInt32>(points.size()), points.asArrayPtr());
+    return true;
+}

@@ -1,0 +1,178 @@
+// The runtime classes of all entities, in the order in which they are registered: bases first.
+#include "entities/RuntimeClasses.h"
+
+#include <iterator>
+
+#include "Db2dPolyline.h"
+#include "Db3dPolyline.h"
+#include "DbArc.h"
+#include "DbAttribute.h"
+#include "DbAttributeDefinition.h"
+#include "DbBlockBegin.h"
+#include "DbBlockReference.h"
+#include "DbCircle.h"
+#include "DbComplexEntity.h"
+#include "DbDimension.h"
+#include "DbEllipse.h"
+#include "DbFace.h"
+#include "DbHatch.h"
+#include "DbLeader.h"
+#include "DbLine.h"
+#include "DbMText.h"
+#include "DbObjectIterator.h"
+#include "DbPoint.h"
+#include "DbPolyFaceMesh.h"
+#include "DbPolygonMesh.h"
+#include "DbPolyline.h"
+#include "DbProxyEntity.h"
+#include "DbRasterImage.h"
+#include "DbRasterImageDef.h"
+#include "DbSolid.h"
+#include "DbSpline.h"
+#include "DbText.h"
+#include "DbTrace.h"
+#include "DbVertex.h"
+#include "DbViewport.h"
+#include "DbXline.h"
+
+ODRX_NO_CONS_DEFINE_MEMBERS(OdDbObjectIterator, OdRxObject)
+ODDB_DEFINE_MEMBERS(OdDbEntity, OdDbObject, EMPTY_CONSTR, nullptr)
+ODDB_DEFINE_MEMBERS(OdDbCurve, OdDbEntity, EMPTY_CONSTR, nullptr)
+ODDB_DEFINE_MEMBERS(OdDbLine, OdDbCurve, DBOBJECT_CONSTR, L"LINE")
+ODDB_DEFINE_MEMBERS(OdDbXline, OdDbCurve, DBOBJECT_CONSTR, L"XLINE")
+ODDB_DEFINE_MEMBERS(OdDbRay, OdDbCurve, DBOBJECT_CONSTR, L"RAY")
+ODDB_DEFINE_MEMBERS(OdDbPoint, OdDbEntity, DBOBJECT_CONSTR, L"POINT")
+ODDB_DEFINE_MEMBERS(OdDbCircle, OdDbCurve, DBOBJECT_CONSTR, L"CIRCLE")
+ODDB_DEFINE_MEMBERS(OdDbArc, OdDbCurve, DBOBJECT_CONSTR, L"ARC")
+ODDB_DEFINE_MEMBERS(OdDbEllipse, OdDbCurve, DBOBJECT_CONSTR, L"ELLIPSE")
+ODDB_DEFINE_MEMBERS(OdDbSpline, OdDbCurve, DBOBJECT_CONSTR, L"SPLINE")
+ODDB_DEFINE_MEMBERS(OdDbPolyline, OdDbCurve, DBOBJECT_CONSTR, L"LWPOLYLINE")
+ODDB_DEFINE_MEMBERS(OdDbLeader, OdDbCurve, DBOBJECT_CONSTR, L"LEADER")
+ODDB_DEFINE_MEMBERS(OdDbText, OdDbEntity, DBOBJECT_CONSTR, L"TEXT")
+ODDB_DEFINE_MEMBERS(OdDbAttribute, OdDbText, DBOBJECT_CONSTR, L"ATTRIB")
+ODDB_DEFINE_MEMBERS(OdDbAttributeDefinition, OdDbText, DBOBJECT_CONSTR, L"ATTDEF")
+ODDB_DEFINE_MEMBERS(OdDbMText, OdDbEntity, DBOBJECT_CONSTR, L"MTEXT")
+ODDB_DEFINE_MEMBERS(OdDbVertex, OdDbEntity, EMPTY_CONSTR, nullptr)
+ODDB_DEFINE_MEMBERS(OdDb2dVertex, OdDbVertex, DBOBJECT_CONSTR, L"VERTEX")
+ODDB_DEFINE_MEMBERS(OdDb3dPolylineVertex, OdDbVertex, DBOBJECT_CONSTR, L"VERTEX")
+ODDB_DEFINE_MEMBERS(OdDbPolygonMeshVertex, OdDbVertex, DBOBJECT_CONSTR, L"VERTEX")
+ODDB_DEFINE_MEMBERS(OdDbPolyFaceMeshVertex, OdDbVertex, DBOBJECT_CONSTR, L"VERTEX")
+ODDB_DEFINE_MEMBERS(OdDbFaceRecord, OdDbVertex, DBOBJECT_CONSTR, L"VERTEX")
+ODDB_DEFINE_MEMBERS(OdDbSequenceEnd, OdDbEntity, DBOBJECT_CONSTR, L"SEQEND")
+ODDB_DEFINE_MEMBERS(OdDb2dPolyline, OdDbCurve, DBOBJECT_CONSTR, L"POLYLINE")
+ODDB_DEFINE_MEMBERS(OdDb3dPolyline, OdDbCurve, DBOBJECT_CONSTR, L"POLYLINE")
+ODDB_DEFINE_MEMBERS(OdDbPolygonMesh, OdDbEntity, DBOBJECT_CONSTR, L"POLYLINE")
+ODDB_DEFINE_MEMBERS(OdDbPolyFaceMesh, OdDbEntity, DBOBJECT_CONSTR, L"POLYLINE")
+ODDB_DEFINE_MEMBERS(OdDbBlockReference, OdDbEntity, DBOBJECT_CONSTR, L"INSERT")
+ODDB_DEFINE_MEMBERS(OdDbMInsertBlock, OdDbBlockReference, DBOBJECT_CONSTR, L"INSERT")
+ODDB_DEFINE_MEMBERS(OdDbTable, OdDbBlockReference, DBOBJECT_CONSTR, L"ACAD_TABLE")
+ODDB_DEFINE_MEMBERS(OdDbBlockBegin, OdDbEntity, DBOBJECT_CONSTR, L"BLOCK")
+ODDB_DEFINE_MEMBERS(OdDbBlockEnd, OdDbEntity, DBOBJECT_CONSTR, L"ENDBLK")
+ODDB_DEFINE_MEMBERS(OdDbDimension, OdDbEntity, EMPTY_CONSTR, nullptr)
+ODDB_DEFINE_MEMBERS(OdDbAlignedDimension, OdDbDimension, DBOBJECT_CONSTR, L"DIMENSION")
+ODDB_DEFINE_MEMBERS(OdDbRotatedDimension, OdDbDimension, DBOBJECT_CONSTR, L"DIMENSION")
+ODDB_DEFINE_MEMBERS(OdDb2LineAngularDimension, OdDbDimension, DBOBJECT_CONSTR, L"DIMENSION")
+ODDB_DEFINE_MEMBERS(OdDb3PointAngularDimension, OdDbDimension, DBOBJECT_CONSTR, L"DIMENSION")
+ODDB_DEFINE_MEMBERS(OdDbRadialDimension, OdDbDimension, DBOBJECT_CONSTR, L"DIMENSION")
+ODDB_DEFINE_MEMBERS(OdDbRadialDimensionLarge, OdDbDimension, DBOBJECT_CONSTR, L"LARGE_RADIAL_DIMENSION")
+ODDB_DEFINE_MEMBERS(OdDbDiametricDimension, OdDbDimension, DBOBJECT_CONSTR, L"DIMENSION")
+ODDB_DEFINE_MEMBERS(OdDbOrdinateDimension, OdDbDimension, DBOBJECT_CONSTR, L"DIMENSION")
+ODDB_DEFINE_MEMBERS(OdDbArcDimension, OdDbDimension, DBOBJECT_CONSTR, L"ARC_DIMENSION")
+ODDB_DEFINE_MEMBERS(OdDbHatch, OdDbEntity, DBOBJECT_CONSTR, L"HATCH")
+ODDB_DEFINE_MEMBERS(OdDbSolid, OdDbEntity, DBOBJECT_CONSTR, L"SOLID")
+ODDB_DEFINE_MEMBERS(OdDbTrace, OdDbEntity, DBOBJECT_CONSTR, L"TRACE")
+ODDB_DEFINE_MEMBERS(OdDbFace, OdDbEntity, DBOBJECT_CONSTR, L"3DFACE")
+ODDB_DEFINE_MEMBERS(OdDbRasterImage, OdDbEntity, DBOBJECT_CONSTR, L"IMAGE")
+ODDB_DEFINE_MEMBERS(OdDbWipeout, OdDbRasterImage, DBOBJECT_CONSTR, L"WIPEOUT")
+ODDB_DEFINE_MEMBERS(OdDbRasterImageDef, OdDbObject, DBOBJECT_CONSTR, L"IMAGEDEF")
+ODDB_DEFINE_MEMBERS(OdDbViewport, OdDbEntity, DBOBJECT_CONSTR, L"VIEWPORT")
+ODDB_DEFINE_MEMBERS(OdDbProxyEntity, OdDbEntity, DBOBJECT_CONSTR, nullptr)
+
+namespace entityclasses
+{
+
+namespace
+{
+
+struct ClassFunctions
+{
+    void (*init)();
+    void (*uninit)();
+};
+
+template<class T>
+constexpr ClassFunctions functionsOf()
+{
+    return {&T::rxInit, &T::rxUninit};
+}
+
+constexpr ClassFunctions kClasses[] = {
+    functionsOf<OdDbObjectIterator>(),
+    functionsOf<OdDbEntity>(),
+    functionsOf<OdDbCurve>(),
+    functionsOf<OdDbLine>(),
+    functionsOf<OdDbXline>(),
+    functionsOf<OdDbRay>(),
+    functionsOf<OdDbPoint>(),
+    functionsOf<OdDbCircle>(),
+    functionsOf<OdDbArc>(),
+    functionsOf<OdDbEllipse>(),
+    functionsOf<OdDbSpline>(),
+    functionsOf<OdDbPolyline>(),
+    functionsOf<OdDbLeader>(),
+    functionsOf<OdDbText>(),
+    functionsOf<OdDbAttribute>(),
+    functionsOf<OdDbAttributeDefinition>(),
+    functionsOf<OdDbMText>(),
+    functionsOf<OdDbVertex>(),
+    functionsOf<OdDb2dVertex>(),
+    functionsOf<OdDb3dPolylineVertex>(),
+    functionsOf<OdDbPolygonMeshVertex>(),
+    functionsOf<OdDbPolyFaceMeshVertex>(),
+    functionsOf<OdDbFaceRecord>(),
+    functionsOf<OdDbSequenceEnd>(),
+    functionsOf<OdDb2dPolyline>(),
+    functionsOf<OdDb3dPolyline>(),
+    functionsOf<OdDbPolygonMesh>(),
+    functionsOf<OdDbPolyFaceMesh>(),
+    functionsOf<OdDbBlockReference>(),
+    functionsOf<OdDbMInsertBlock>(),
+    functionsOf<OdDbTable>(),
+    functionsOf<OdDbBlockBegin>(),
+    functionsOf<OdDbBlockEnd>(),
+    functionsOf<OdDbDimension>(),
+    functionsOf<OdDbAlignedDimension>(),
+    functionsOf<OdDbRotatedDimension>(),
+    functionsOf<OdDb2LineAngularDimension>(),
+    functionsOf<OdDb3PointAngularDimension>(),
+    functionsOf<OdDbRadialDimension>(),
+    functionsOf<OdDbRadialDimensionLarge>(),
+    functionsOf<OdDbDiametricDimension>(),
+    functionsOf<OdDbOrdinateDimension>(),
+    functionsOf<OdDbArcDimension>(),
+    functionsOf<OdDbHatch>(),
+    functionsOf<OdDbSolid>(),
+    functionsOf<OdDbTrace>(),
+    functionsOf<OdDbFace>(),
+    functionsOf<OdDbRasterImage>(),
+    functionsOf<OdDbWipeout>(),
+    functionsOf<OdDbRasterImageDef>(),
+    functionsOf<OdDbViewport>(),
+    functionsOf<OdDbProxyEntity>(),
+};
+
+} // namespace
+
+void registerRuntimeClasses()
+{
+    for (const ClassFunctions& functions : kClasses)
+        functions.init();
+}
+
+void unregisterRuntimeClasses()
+{
+    for (auto functions = std::rbegin(kClasses); functions != std::rend(kClasses); ++functions)
+        functions->uninit();
+}
+
+} // namespace entityclasses

@@ -1,0 +1,69 @@
+// The vertices or attributes that an entity owns, in order, and the SEQEND behind them. Only additions change the list:
+// an element that is erased, or whose making is undone, stays in it and is passed over.
+#pragma once
+
+#include <vector>
+
+#include "DbEntity.h"
+#include "DbObjectIterator.h"
+#include "db/Stub.h"
+
+namespace oddb
+{
+
+class SubentityList
+{
+public:
+    const std::vector<OdDbStub*>& elements() const { return m_elements; }
+    /// Null until the end was read or made.
+    OdDbStub* sequenceEnd() const { return m_sequenceEnd; }
+
+    /// Adds an element that is resident and owned by the list's entity; for readers.
+    void append(OdDbStub* element) { m_elements.push_back(element); }
+    void putSequenceEnd(OdDbStub* sequenceEnd) { m_sequenceEnd = sequenceEnd; }
+    void clear()
+    {
+        m_elements.clear();
+        m_sequenceEnd = nullptr;
+    }
+
+    /// True when an element is left that is not erased.
+    bool hasElements() const;
+
+    /// Erases the elements with their owner, and brings back those that were erased with it. Throws what opening
+    /// throws.
+    void eraseElements();
+    void restoreElements();
+
+private:
+    std::vector<OdDbStub*> m_erasedWithOwner;
+    std::vector<OdDbStub*> m_elements;
+    OdDbStub* m_sequenceEnd = nullptr;
+};
+
+/// Makes the element resident under its owner and adds it, with a SEQEND for the first one. Throws OdError
+/// eNotInDatabase, eAlreadyInDb.
+OdDbObjectId appendSubentity(OdDbEntity& owner, SubentityList& list, OdDbEntity* element);
+
+/// Writes the elements that are not erased and the SEQEND as owned objects, so that copies get copies of them; reads
+/// them into an emptied list.
+///   count (32 bits), element (hard owner)..., SEQEND (hard owner)
+void writeSubentities(OdDbDwgFiler& filer, const SubentityList* list);
+void readSubentities(OdDbDwgFiler& filer, OdDbEntity& owner);
+
+/// Goes over the elements that are not erased.
+OdDbObjectIteratorPtr newIterator(const SubentityList& list);
+
+/// Opens each element that is not erased and hands it on.
+template<class Visit>
+void visitSubentities(const SubentityList& list, Visit visit)
+{
+    for (OdDbStub* stub : list.elements())
+    {
+        const OdDbEntityPtr element = OdDbEntity::cast(OdDbObjectId(stub).openObject());
+        if (!element.isNull())
+            visit(*element);
+    }
+}
+
+} // namespace oddb

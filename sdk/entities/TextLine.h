@@ -1,0 +1,40 @@
+// One line of text with all that says where it stands: from its alignment follow the start of its base line, its
+// direction and its size.
+#pragma once
+
+#include <string>
+
+#include "DbEnums.h"
+#include "OdString.h"
+#include "entities/Ocs.h"
+
+class OdDbText;
+class OdGiWorldDraw;
+
+namespace textline
+{
+
+/// Points are in the coordinates of the text's plane, angles in radians.
+struct Line
+{
+    std::wstring characters;
+    OdGePoint3d position;
+    OdGePoint3d alignment;
+    double height = 1.0;
+    double widthFactor = 1.0;
+    double rotation = 0.0;
+    double oblique = 0.0;
+    OdDb::TextHorzMode horizontal = OdDb::kTextLeft;
+    OdDb::TextVertMode vertical = OdDb::kTextBase;
+    bool backward = false;
+    bool upsideDown = false;
+    ocs::Frame frame;
+    double thickness = 0.0;
+};
+
+/// The line that a text draws when it shows the given string, which may hold %% codes.
+Line lineOf(const OdDbText& text, const OdString& shown);
+
+void draw(OdGiWorldDraw& worldDraw, const Line& line);
+
+} // namespace textline

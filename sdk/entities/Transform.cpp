@@ -1,0 +1,346 @@
+// Implements the mapping of an entity's groups by their roles.
+#include "entities/Transform.h"
+
+#include <cmath>
+#include <string_view>
+#include <vector>
+
+#include "OdError.h"
+#include "entities/EntityClasses.h"
+#include "entities/Fields.h"
+#include "entities/Ocs.h"
+#include "entities/TransformRoles.h"
+
+namespace transform
+{
+
+namespace
+{
+
+using oddb::GroupIterator;
+using oddb::Groups;
+using oddb::GroupsBuilder;
+using oddb::GroupType;
+using oddb::GroupView;
+
+constexpr int kNormalCode = 210;
+constexpr int kElevationCode = 38;
+constexpr double kTolerance = 1e-9;
+
+/// The plane of an entity before and after.
+struct Plane
+{
+    ocs::Frame before;
+    ocs::Frame after;
+};
+
+Plane planeOf(const OdGeVector3d& normal, const OdGeMatrix3d& xform)
+{
+    Plane plane;
+    plane.before = ocs::frameOf(normal);
+    // The images of both axes, so that a mirrored shape keeps its sense of rotation about the new normal.
+    plane.after = ocs::frameOf((xform * plane.before.x).crossProduct(xform * plane.before.y));
+    return plane;
+}
+
+/// Groups that stand for one value: a number, or the two or three coordinates of a point.
+struct Point
+{
+    double at[3] = {0.0, 0.0, 0.0};
+    int count = 0;
+
+    OdGePoint3d point() const { return OdGePoint3d(at[0], at[1], at[2]); }
+    OdGeVector3d vector() const { return OdGeVector3d(at[0], at[1], at[2]); }
+};
+
+class Mapper
+{
+public:
+    Mapper(const OdGeMatrix3d& xform, const Plane& plane) : m_xform(xform), m_plane(plane)
+    {
+        m_scale = (xform * plane.before.x).length();
+    }
+
+    Groups map(const Groups& groups);
+    bool sawRoles() const { return m_sawRoles; }
+    bool sawOnlyAnyMatrix() const { return m_onlyAnyMatrix; }
+
+private:
+    void enterSection(const GroupView& group);
+    void enterBlock(const GroupView& group);
+    void findSection();
+    const RoleRow* roleOf(const GroupView& group) const;
+    GroupIterator mapPoint(GroupIterator at, GroupIterator end, Role role);
+    GroupIterator mapMatrix(GroupIterator at, GroupIterator end);
+    void mapNumber(const GroupView& group, Role role);
+    OdGePoint3d mapInPlane(const OdGePoint3d& point, bool flat) const;
+
+    const OdGeMatrix3d& m_xform;
+    const Plane& m_plane;
+    double m_scale = 1.0;
+    double m_elevation = 0.0;
+    std::string_view m_marker;
+    std::vector<std::string_view> m_blocks;
+    const RoleSection* m_section = nullptr;
+    bool m_sawRoles = false;
+    bool m_onlyAnyMatrix = true;
+    GroupsBuilder m_out;
+};
+
+void Mapper::findSection()
+{
+    m_section = findRoles(m_marker, m_blocks.empty() ? std::string_view() : m_blocks.back());
+    if (!m_section)
+        return;
+    m_sawRoles = true;
+    m_onlyAnyMatrix = m_onlyAnyMatrix && m_section->anyMatrix;
+}
+
+void Mapper::enterSection(const GroupView& group)
+{
+    m_marker = group.code() == 100 ? group.text() : std::string_view();
+    m_blocks.clear();
+    findSection();
+}
+
+/// Blocks open with "NAME{" and close with "}", in groups 300 to 309.
+void Mapper::enterBlock(const GroupView& group)
+{
+    std::string_view text = group.text();
+    if (text == "}" && !m_blocks.empty())
+        m_blocks.pop_back();
+    else if (!text.empty() && text.back() == '{')
+    {
+        text.remove_suffix(1);
+        m_blocks.push_back(text);
+    }
+    else
+        return;
+    findSection();
+}
+
+const RoleRow* Mapper::roleOf(const GroupView& group) const
+{
+    if (!m_section || group.type() != GroupType::Real)
+        return nullptr;
+    for (const RoleRow& row : m_section->rows)
+    {
+        if (row.code == group.code())
+            return &row;
+    }
+    return nullptr;
+}
+
+OdGePoint3d Mapper::mapInPlane(const OdGePoint3d& point, bool flat) const
+{
+    const OdGePoint3d local = flat ? OdGePoint3d(point.x, point.y, m_elevation) : point;
+    return m_plane.after.fromWorld(m_xform * m_plane.before.toWorld(local));
+}
+
+GroupIterator Mapper::mapPoint(GroupIterator at, GroupIterator end, Role role)
+{
+    const int code = at->code();
+    Point value;
+    do
+        value.at[value.count++] = (at++)->real();
+    while (value.count < 3 && at != end && at->code() == code + 10 * value.count && at->type() == GroupType::Real);
+    OdGePoint3d result = value.point();
+    if (role == Role::Place)
+        result = m_xform * value.point();
+    else if (role == Role::Direction)
+        result = OdGePoint3d() + m_xform * value.vector();
+    else if (role == Role::PlaneDirection)
+        result = OdGePoint3d() + m_plane.after.z;
+    else if (role == Role::PlacePlane)
+        result = mapInPlane(value.point(), value.count == 2);
+    else if (role == Role::ElevationPoint)
+        result.z = mapInPlane(OdGePoint3d(0.0, 0.0, result.z), false).z;
+    const double coordinates[3] = {result.x, result.y, result.z};
+    for (int i = 0; i < value.count; ++i)
+        m_out.real(code + 10 * i, coordinates[i]);
+    return at;
+}
+
+GroupIterator Mapper::mapMatrix(GroupIterator at, GroupIterator end)
+{
+    constexpr int kNumbers = 16;
+    const int code = at->code();
+    OdGeMatrix3d matrix;
+    GroupIterator behind = at;
+    for (int i = 0; i < kNumbers; ++i, ++behind)
+    {
+        if (behind == end || behind->code() != code)
+        {
+            m_out.append(*at);
+            return ++at;
+        }
+        matrix[i / 4][i % 4] = behind->real();
+    }
+    matrix = m_xform * matrix;
+    for (int i = 0; i < kNumbers; ++i)
+        m_out.real(code, matrix[i / 4][i % 4]);
+    return behind;
+}
+
+void Mapper::mapNumber(const GroupView& group, Role role)
+{
+    double value = group.real();
+    if (role == Role::Length)
+        value *= m_scale;
+    else if (role == Role::Elevation)
+        value = mapInPlane(OdGePoint3d(0.0, 0.0, value), false).z;
+    else if (role == Role::AnglePlane)
+    {
+        const OdGeVector3d turned = m_xform * m_plane.before.direction(OdaToRadian(value));
+        const double angle = OdaToDegree(m_plane.after.angleOf(turned));
+        // A direction that stays is kept to the last digit, whole turns included.
+        const double change = std::remainder(angle - value, 360.0);
+        value = std::fabs(change) < kTolerance ? value : angle < 0.0 ? angle + 360.0 : angle;
+    }
+    m_out.real(group.code(), value);
+}
+
+bool isPointRole(Role role)
+{
+    return role == Role::Place || role == Role::Direction || role == Role::PlaneDirection || role == Role::PlacePlane ||
+           role == Role::ElevationPoint;
+}
+
+Groups Mapper::map(const Groups& groups)
+{
+    if (const auto elevation = groups.findAny(kElevationCode))
+        m_elevation = elevation->real();
+    for (GroupIterator at = groups.begin(); at != groups.end();)
+    {
+        if (at->beginsSection())
+            enterSection(*at);
+        else if (at->code() >= 300 && at->code() <= 309)
+            enterBlock(*at);
+        const RoleRow* row = roleOf(*at);
+        if (!row)
+        {
+            m_out.append(*at);
+            ++at;
+        }
+        else if (row->role == Role::Matrix)
+            at = mapMatrix(at, groups.end());
+        else if (isPointRole(row->role))
+            at = mapPoint(at, groups.end(), row->role);
+        else
+        {
+            mapNumber(*at, row->role);
+            ++at;
+        }
+    }
+    return m_out.finish();
+}
+
+/// The subclass of the class that lists the code, null when none does.
+const oddb::DxfSubclass* subclassWith(const oddb::DxfClass& dxfClass, const Groups& groups, int code)
+{
+    for (const oddb::DxfSubclass* subclass : dxfClass.subclasses)
+    {
+        const oddb::DxfRow* row = subclass->row(code);
+        if (row && row->code == code && groups.hasSection(subclass->atom()))
+            return subclass;
+    }
+    return nullptr;
+}
+
+/// Groups that stood for their default by being absent and now have another value.
+Groups withMissing(Groups groups, const OdDbEntity& entity, const Plane& plane, const OdGeMatrix3d& xform)
+{
+    const oddb::DxfClass& dxfClass = entityfields::classOf(entity);
+    const OdGeVector3d& z = plane.after.z;
+    const oddb::DxfSubclass* subclass = subclassWith(dxfClass, groups, kNormalCode);
+    if (subclass && !groups.findAny(kNormalCode) && (z.x != 0.0 || z.y != 0.0 || z.z <= 0.0))
+        groups = oddb::withPoint(groups, dxfClass, *subclass, kNormalCode, {z.x, z.y, z.z});
+    subclass = subclassWith(dxfClass, groups, kElevationCode);
+    const double elevation = plane.after.fromWorld(xform * OdGePoint3d()).z;
+    if (subclass && !groups.findAny(kElevationCode) && elevation != 0.0)
+        groups = oddb::withReal(groups, dxfClass, *subclass, kElevationCode, elevation);
+    return groups;
+}
+
+OdResult mapGroups(OdDbEntity& entity, const Plane& plane, const OdGeMatrix3d& xform)
+{
+    Mapper mapper(xform, plane);
+    Groups mapped = mapper.map(entityfields::groupsOf(entity));
+    if (!mapper.sawRoles())
+        return eNotImplementedYet;
+    if (!mapper.sawOnlyAnyMatrix() && !isSimilarity(xform))
+        return eCannotScaleNonUniformly;
+    if (entityclasses::classOf(entity.isA()))
+        mapped = withMissing(std::move(mapped), entity, plane, xform);
+    oddb::ObjectCore::changeGroups(entity, std::move(mapped));
+    return eOk;
+}
+
+double relativeDot(const OdGeVector3d& a, const OdGeVector3d& b)
+{
+    return std::fabs(a.dotProduct(b)) / (a.length() * b.length());
+}
+
+void axesOf(const OdGeMatrix3d& xform, OdGeVector3d& x, OdGeVector3d& y, OdGeVector3d& z)
+{
+    x = xform * OdGeVector3d(1.0, 0.0, 0.0);
+    y = xform * OdGeVector3d(0.0, 1.0, 0.0);
+    z = xform * OdGeVector3d(0.0, 0.0, 1.0);
+}
+
+} // namespace
+
+OdGeVector3d normalOf(const Groups& groups)
+{
+    for (GroupIterator at = groups.begin(); at != groups.end(); ++at)
+    {
+        if (at->code() != kNormalCode)
+            continue;
+        double z[3] = {0.0, 0.0, 0.0};
+        for (int i = 0; i < 3 && at != groups.end() && at->code() == kNormalCode + 10 * i; ++i, ++at)
+            z[i] = at->real();
+        return OdGeVector3d(z[0], z[1], z[2]);
+    }
+    return OdGeVector3d(0.0, 0.0, 1.0);
+}
+
+bool areOrthogonal(const OdGeVector3d& x, const OdGeVector3d& y, const OdGeVector3d& z)
+{
+    if (x.length() == 0.0 || y.length() == 0.0 || z.length() == 0.0)
+        return false;
+    return relativeDot(x, y) < kTolerance && relativeDot(y, z) < kTolerance && relativeDot(x, z) < kTolerance;
+}
+
+bool isSimilarity(const OdGeMatrix3d& xform)
+{
+    OdGeVector3d x, y, z;
+    axesOf(xform, x, y, z);
+    const double scale = x.length();
+    return areOrthogonal(x, y, z) && std::fabs(y.length() - scale) <= kTolerance * scale &&
+           std::fabs(z.length() - scale) <= kTolerance * scale;
+}
+
+bool isTranslation(const OdGeMatrix3d& xform)
+{
+    for (int row = 0; row < 3; ++row)
+    {
+        for (int column = 0; column < 3; ++column)
+        {
+            if (xform[row][column] != (row == column ? 1.0 : 0.0))
+                return false;
+        }
+    }
+    return true;
+}
+
+OdResult transformGroups(OdDbEntity& entity, const OdGeMatrix3d& xform)
+{
+    return mapGroups(entity, planeOf(normalOf(entityfields::groupsOf(entity)), xform), xform);
+}
+
+OdResult transformGroupsInPlane(OdDbEntity& entity, const OdGeVector3d& normal, const OdGeMatrix3d& xform)
+{
+    return mapGroups(entity, planeOf(normal, xform), xform);
+}
+
+} // namespace transform

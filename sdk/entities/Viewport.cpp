@@ -1,0 +1,105 @@
+// Windows on sheets of paper.
+#include "DbViewport.h"
+#include "Gi/GiWorldDraw.h"
+#include "entities/Fields.h"
+
+using namespace entityfields;
+using entitytables::kViewport;
+
+namespace
+{
+
+constexpr int kSheet = 1; // the number of the viewport that is the sheet itself
+
+} // namespace
+
+OdGePoint3d OdDbViewport::centerPoint() const
+{
+    return read<kViewport>(*this).point(10);
+}
+
+void OdDbViewport::setCenterPoint(const OdGePoint3d& point)
+{
+    setPoint(*this, kViewport, 10, point);
+}
+
+double OdDbViewport::width() const
+{
+    return read<kViewport>(*this).real(40);
+}
+
+void OdDbViewport::setWidth(double width)
+{
+    requireNotNegative(width);
+    setReal(*this, kViewport, 40, width);
+}
+
+double OdDbViewport::height() const
+{
+    return read<kViewport>(*this).real(41);
+}
+
+void OdDbViewport::setHeight(double height)
+{
+    requireNotNegative(height);
+    setReal(*this, kViewport, 41, height);
+}
+
+OdInt16 OdDbViewport::number() const
+{
+    return static_cast<OdInt16>(read<kViewport>(*this).integer(69));
+}
+
+bool OdDbViewport::isOn() const
+{
+    return read<kViewport>(*this).integer(68) > 0;
+}
+
+OdGePoint2d OdDbViewport::viewCenter() const
+{
+    const OdGePoint3d center = read<kViewport>(*this).point(12);
+    return OdGePoint2d(center.x, center.y);
+}
+
+OdGePoint3d OdDbViewport::viewTarget() const
+{
+    return read<kViewport>(*this).point(17);
+}
+
+OdGeVector3d OdDbViewport::viewDirection() const
+{
+    return read<kViewport>(*this).vector(16);
+}
+
+double OdDbViewport::viewHeight() const
+{
+    return read<kViewport>(*this).real(45);
+}
+
+double OdDbViewport::twistAngle() const
+{
+    return read<kViewport>(*this).angle(51);
+}
+
+double OdDbViewport::lensLength() const
+{
+    return read<kViewport>(*this).real(42);
+}
+
+double OdDbViewport::customScale() const
+{
+    const double seen = viewHeight();
+    return seen != 0.0 ? height() / seen : 0.0;
+}
+
+bool OdDbViewport::subWorldDraw(OdGiWorldDraw* worldDraw) const
+{
+    if (number() == kSheet)
+        return true;
+    const OdGePoint3d center = centerPoint();
+    const OdGeVector3d right(width() * 0.5, 0.0, 0.0);
+    const OdGeVector3d up(0.0, height() * 0.5, 0.0);
+    const OdGePoint3d corners[4] = {center - right - up, center + right - up, center + right + up, center - right + up};
+    worldDraw->geometry().polygon(4, corners);
+    return true;
+}

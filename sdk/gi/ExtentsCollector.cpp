@@ -1,0 +1,118 @@
+// Implements the box around curves: exact for lines, circles, ellipses and their arcs under any affine transform.
+#include "gi/ExtentsCollector.h"
+
+#include <array>
+#include <cmath>
+
+namespace gi
+{
+
+namespace
+{
+
+constexpr double kPi = 3.14159265358979323846;
+constexpr double kTwoPi = 2.0 * kPi;
+
+bool isFinite(const OdGePoint3d& point)
+{
+    return std::isfinite(point.x) && std::isfinite(point.y) && std::isfinite(point.z);
+}
+
+/// How far angle lies behind start, in [0, 2 pi).
+double turnFrom(double start, double angle)
+{
+    const double turn = std::fmod(angle - start, kTwoPi);
+    return turn < 0.0 ? turn + kTwoPi : turn;
+}
+
+/// A curve center + cos(t) major + sin(t) minor in world coordinates.
+struct EllipticCurve
+{
+    OdGePoint3d center;
+    OdGeVector3d major;
+    OdGeVector3d minor;
+
+    OdGePoint3d at(double t) const { return center + major * std::cos(t) + minor * std::sin(t); }
+};
+
+/// Where the curve may reach farthest along each axis: two opposite parameters per axis.
+std::array<double, 6> extremeParameters(const EllipticCurve& curve)
+{
+    const double x = std::atan2(curve.minor.x, curve.major.x);
+    const double y = std::atan2(curve.minor.y, curve.major.y);
+    const double z = std::atan2(curve.minor.z, curve.major.z);
+    return {x, x + kPi, y, y + kPi, z, z + kPi};
+}
+
+} // namespace
+
+void ExtentsGeometry::addPoint(const OdGePoint3d& world)
+{
+    if (isFinite(world))
+        m_extents.addPoint(world);
+}
+
+void ExtentsGeometry::addExtruded(const OdGeExtents3d& box, const OdGeVector3d& normal)
+{
+    if (!box.isValidExtents())
+        return;
+    m_extents.addExt(box);
+    const double thickness = worldDraw().traits().thickness();
+    if (thickness == 0.0)
+        return;
+    const OdGeVector3d height = toWorld() * (normal * thickness);
+    addPoint(box.minPoint() + height);
+    addPoint(box.maxPoint() + height);
+}
+
+void ExtentsGeometry::circularArc(const OdGePoint3d& center, double radius, const OdGeVector3d& normal,
+                                  const OdGeVector3d& startVector, double sweepAngle, OdGiArcType arcType)
+{
+    if (arcType == kOdGiArcSector)
+        addPoint(toWorld() * center);
+    const OdGeExtents3d before = m_extents;
+    m_extents = OdGeExtents3d();
+    Geometry::circularArc(center, radius, normal, startVector, sweepAngle, arcType);
+    const OdGeExtents3d arc = m_extents;
+    m_extents = before;
+    addExtruded(arc, normal);
+}
+
+void ExtentsGeometry::ellipArc(const OdGePoint3d& center, const OdGeVector3d& majorAxis, const OdGeVector3d& minorAxis,
+                               double startAngle, double endAngle)
+{
+    const EllipticCurve curve{toWorld() * center, toWorld() * majorAxis, toWorld() * minorAxis};
+    const double first = std::min(startAngle, endAngle);
+    const double sweep = std::fabs(endAngle - startAngle);
+    if (!std::isfinite(first) || !std::isfinite(sweep))
+        return;
+    addPoint(curve.at(startAngle));
+    addPoint(curve.at(endAngle));
+    for (const double parameter : extremeParameters(curve))
+    {
+        if (turnFrom(first, parameter) <= sweep)
+            addPoint(curve.at(parameter));
+    }
+}
+
+void ExtentsGeometry::polyline(OdInt32 numPoints, const OdGePoint3d* points, const OdGeVector3d* normal)
+{
+    if (!normal)
+        return polygon(numPoints, points);
+    OdGeExtents3d box;
+    for (OdInt32 i = 0; i < numPoints; ++i)
+    {
+        const OdGePoint3d world = toWorld() * points[i];
+        if (isFinite(world))
+            box.addPoint(world);
+    }
+    addExtruded(box, *normal);
+}
+
+void ExtentsGeometry::polygon(OdInt32 numPoints, const OdGePoint3d* points)
+{
+    for (OdInt32 i = 0; i < numPoints; ++i)
+        addPoint(toWorld() * points[i]);
+}
+
+} // namespace gi
