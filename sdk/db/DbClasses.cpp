@@ -9,6 +9,7 @@
 #include "DbObject.h"
 #include "DbObjectReactor.h"
 #include "DbProxyObject.h"
+#include "rx/Layers.h"
 
 ODRX_DXF_DEFINE_MEMBERS(OdDbObject, OdGiDrawable, EMPTY_CONSTR, 0, 0, 0, nullptr, nullptr);
 ODRX_CONS_DEFINE_MEMBERS(OdDbDatabase, OdDbObject, DBOBJECT_CONSTR);
@@ -55,5 +56,12 @@ void unregisterCoreClasses()
     for (auto functions = std::rbegin(kClasses); functions != std::rend(kClasses); ++functions)
         functions->uninit();
 }
+
+namespace
+{
+
+const odlayers::Registration kLayer(odlayers::kDatabase, &registerCoreClasses, &unregisterCoreClasses);
+
+} // namespace
 
 } // namespace oddb

@@ -7,6 +7,7 @@
 #include "RxClass.h"
 #include "entities/EntityTables.h"
 #include "entities/RuntimeClasses.h"
+#include "rx/Layers.h"
 
 namespace entityclasses
 {
@@ -322,5 +323,12 @@ Groups initialGroups(const DxfClass& dxfClass)
     const EntityClass* row = rowOf(dxfClass);
     return row ? makeInitialGroups(*row) : Groups();
 }
+
+namespace
+{
+
+const odlayers::Registration kLayer(odlayers::kEntities, &registerClasses, &unregisterClasses);
+
+} // namespace
 
 } // namespace entityclasses

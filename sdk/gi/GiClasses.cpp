@@ -3,6 +3,7 @@
 
 #include "Gi/GiDrawableOverrule.h"
 #include "Gi/GiWorldDraw.h"
+#include "rx/Layers.h"
 
 namespace gi
 {
@@ -26,5 +27,12 @@ void unregisterClasses()
     OdGiDrawableTraits::rxUninit();
     OdGiDrawable::rxUninit();
 }
+
+namespace
+{
+
+const odlayers::Registration kLayer(odlayers::kDrawing, &registerClasses, &unregisterClasses);
+
+} // namespace
 
 } // namespace gi

@@ -9,8 +9,8 @@ namespace odlayers
 enum Order
 {
     kGeometry = 10,
-    kDatabase = 20,
-    kDrawing = 30,
+    kDrawing = 20, ///< database objects derive from what can be drawn
+    kDatabase = 30,
     kEntities = 40,
     kFiles = 50,
     kCommands = 60
