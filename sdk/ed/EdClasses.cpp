@@ -1,0 +1,220 @@
+// The classes of this layer: what they do unless it is overridden, and their registration.
+#include <iterator>
+
+#include "DbCommandContext.h"
+#include "DbDatabase.h"
+#include "DbUserIO.h"
+#include "Ed/EdBaseIO.h"
+#include "Ed/EdCommandStack.h"
+#include "ed/CommandStackImpl.h"
+#include "rx/Layers.h"
+
+ODRX_NO_CONS_DEFINE_MEMBERS(OdEdCommand, OdRxObject)
+ODRX_NO_CONS_DEFINE_MEMBERS(OdEdCommandContext, OdRxObject)
+ODRX_NO_CONS_DEFINE_MEMBERS(OdDbCommandContext, OdEdCommandContext)
+ODRX_NO_CONS_DEFINE_MEMBERS(OdEdCommandStackReactor, OdRxObject)
+ODRX_NO_CONS_DEFINE_MEMBERS(OdEdFunctionIO, OdRxObject)
+ODRX_NO_CONS_DEFINE_MEMBERS(OdEdBaseIO, OdRxObject)
+ODRX_NO_CONS_DEFINE_MEMBERS(OdEdUserIO, OdRxObject)
+ODRX_NO_CONS_DEFINE_MEMBERS(OdEdBaseUserIO, OdEdUserIO)
+ODRX_NO_CONS_DEFINE_MEMBERS(OdDbUserIO, OdEdBaseUserIO)
+ODRX_NO_CONS_DEFINE_MEMBERS(OdEdInputTracker, OdRxObject)
+ODRX_NO_CONS_DEFINE_MEMBERS(OdEdStringTracker, OdEdInputTracker)
+ODRX_NO_CONS_DEFINE_MEMBERS(OdEdPointTracker, OdEdInputTracker)
+ODRX_NO_CONS_DEFINE_MEMBERS(OdEdPointDefTracker, OdEdPointTracker)
+ODRX_NO_CONS_DEFINE_MEMBERS(OdEdIntegerTracker, OdEdInputTracker)
+ODRX_NO_CONS_DEFINE_MEMBERS(OdEdRealTracker, OdEdInputTracker)
+ODRX_NO_CONS_DEFINE_MEMBERS(OdEdSSetTracker, OdEdInputTracker)
+
+// ---- Commands
+// --------------------------------------------------------------------------------------------------------
+
+OdString OdEdCommand::localName() const
+{
+    return globalName();
+}
+
+OdUInt32 OdEdCommand::flags() const
+{
+    return 0;
+}
+
+OdEdCommandPtr OdEdCommandStackReactor::unknownCommand(const OdString&, OdEdCommandContext*)
+{
+    return OdEdCommandPtr();
+}
+
+void OdEdCommandStackReactor::commandWillStart(OdEdCommand*, OdEdCommandContext*) {}
+void OdEdCommandStackReactor::commandCancelled(OdEdCommand*, OdEdCommandContext*) {}
+void OdEdCommandStackReactor::commandFailed(OdEdCommand*, OdEdCommandContext*) {}
+void OdEdCommandStackReactor::commandEnded(OdEdCommand*, OdEdCommandContext*) {}
+
+OdDbDatabase* OdDbCommandContext::database()
+{
+    return OdDbDatabase::cast(baseDatabase()).get();
+}
+
+OdDbUserIO* OdDbCommandContext::dbUserIO()
+{
+    return OdDbUserIO::cast(userIO()).get();
+}
+
+// ---- Input
+// -----------------------------------------------------------------------------------------------------------
+
+bool OdEdSSetTracker::remove(OdDbObjectId, const OdRxObject*)
+{
+    return true;
+}
+
+[[noreturn]] static void refuse()
+{
+    throw OdError(eNotApplicable);
+}
+
+int OdEdUserIO::getKeyword(const OdString&, const OdString&, int, int, OdEdIntegerTracker*)
+{
+    refuse();
+}
+
+int OdEdUserIO::getInt(const OdString&, int, int, const OdString&, OdEdIntegerTracker*)
+{
+    refuse();
+}
+
+double OdEdUserIO::getReal(const OdString&, int, double, const OdString&, OdEdRealTracker*)
+{
+    refuse();
+}
+
+OdString OdEdUserIO::getString(const OdString&, int, const OdString&, const OdString&, OdEdStringTracker*)
+{
+    refuse();
+}
+
+void OdEdUserIO::putString(const OdString&)
+{
+    refuse();
+}
+
+OdSharedPtr<OdCmColorBase> OdEdUserIO::getCmColor(const OdString&, int, const OdCmColorBase*, const OdString&,
+                                                  OdEdInputTracker*)
+{
+    refuse();
+}
+
+OdString OdEdUserIO::getFilePath(const OdString&, int, const OdString&, const OdString&, const OdString&,
+                                 const OdString&, const OdString&, OdEdStringTracker*)
+{
+    refuse();
+}
+
+void OdEdUserIO::putError(const OdString&)
+{
+    refuse();
+}
+
+OdGePoint3d OdEdBaseUserIO::getLASTPOINT() const
+{
+    refuse();
+}
+
+void OdEdBaseUserIO::setLASTPOINT(const OdGePoint3d&)
+{
+    refuse();
+}
+
+OdEdPointDefTrackerPtr OdEdBaseUserIO::createRubberBand(const OdGePoint3d&, OdGsModel*) const
+{
+    refuse();
+}
+
+OdEdPointDefTrackerPtr OdEdBaseUserIO::createRectFrame(const OdGePoint3d&, OdGsModel*) const
+{
+    refuse();
+}
+
+OdGePoint3d OdEdBaseUserIO::getPoint(const OdString&, int, const OdGePoint3d*, const OdString&, OdEdPointTracker*)
+{
+    refuse();
+}
+
+double OdEdBaseUserIO::getAngle(const OdString&, int, double, const OdString&, OdEdRealTracker*)
+{
+    refuse();
+}
+
+double OdEdBaseUserIO::getDist(const OdString&, int, double, const OdString&, OdEdRealTracker*)
+{
+    refuse();
+}
+
+void OdDbUserIO::setPickfirst(OdSelectionSet*)
+{
+    refuse();
+}
+
+OdSelectionSetPtr OdDbUserIO::pickfirst()
+{
+    refuse();
+}
+
+OdCmColor OdDbUserIO::getColor(const OdString&, int, const OdCmColorBase*, const OdString&, OdEdInputTracker*)
+{
+    refuse();
+}
+
+OdSelectionSetPtr OdDbUserIO::select(const OdString&, int, const OdSelectionSet*, const OdString&, OdEdSSetTracker*,
+                                     OdGePoint3dArray*)
+{
+    refuse();
+}
+
+// ---- Registration
+// ----------------------------------------------------------------------------------------------------
+
+namespace
+{
+
+struct ClassRow
+{
+    void (*start)();
+    void (*end)();
+};
+
+template<class T>
+constexpr ClassRow rowOf()
+{
+    return {[] { T::rxInit(); }, [] { T::rxUninit(); }};
+}
+
+// Base classes come before those that derive from them.
+constexpr ClassRow kClasses[] = {
+    rowOf<OdEdCommand>(),        rowOf<OdEdCommandContext>(),
+    rowOf<OdDbCommandContext>(), rowOf<OdEdCommandStackReactor>(),
+    rowOf<OdEdCommandStack>(),   rowOf<OdEdFunctionIO>(),
+    rowOf<OdEdBaseIO>(),         rowOf<OdEdUserIO>(),
+    rowOf<OdEdBaseUserIO>(),     rowOf<OdDbUserIO>(),
+    rowOf<OdEdInputTracker>(),   rowOf<OdEdStringTracker>(),
+    rowOf<OdEdPointTracker>(),   rowOf<OdEdPointDefTracker>(),
+    rowOf<OdEdIntegerTracker>(), rowOf<OdEdRealTracker>(),
+    rowOf<OdEdSSetTracker>(),
+};
+
+void start()
+{
+    for (const ClassRow& row : kClasses)
+        row.start();
+    oded::createCommandStack();
+}
+
+void end()
+{
+    oded::releaseCommandStack();
+    for (auto row = std::rbegin(kClasses); row != std::rend(kClasses); ++row)
+        row->end();
+}
+
+const odlayers::Registration g_layer(odlayers::kCommands, start, end);
+
+} // namespace
