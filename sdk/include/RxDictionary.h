@@ -8,8 +8,8 @@ namespace OdRx
 /** The orders that a dictionary is walked in. */
 enum DictIterType
 {
-    kDictCollated = 0, ///< by name
-    kDictSorted = 1    ///< by id, that is, as the entries were added
+    kDictCollated = 0, ///< by id, that is, as the entries were added
+    kDictSorted = 1    ///< by name
 };
 } // namespace OdRx
 
@@ -72,7 +72,8 @@ public:
 
     virtual OdUInt32 numEntries() const = 0;
 
-    /** An iterator on the first entry: in the order of names (sorted as they are compared), or of being added. */
+    /** An iterator on the first entry: in the order of being added, or of names (sorted as they are
+        compared). */
     virtual OdRxDictionaryIteratorPtr newIterator(OdRx::DictIterType type = OdRx::kDictCollated) const = 0;
 
     virtual bool isCaseSensitive() const = 0;

@@ -1,0 +1,15 @@
+// The table of viewport configurations of the model of a drawing.
+#pragma once
+
+#include "DbSymbolTable.h"
+
+/** The OdDbViewportTable holds the viewport configurations of the model of a drawing. */
+class OdDbViewportTable : public OdDbSymbolTable
+{
+public:
+    ODDB_DECLARE_MEMBERS(OdDbViewportTable);
+
+protected:
+    OdDbViewportTable();
+};
+using OdDbViewportTablePtr = OdSmartPtr<OdDbViewportTable>;
