@@ -2,6 +2,8 @@
 #pragma once
 
 #include "DbObject.h"
+#include "Ge/GePoint2d.h"
+#include "Ge/GePoint3d.h"
 #include "OdArray.h"
 
 class OdDbDatabaseReactor;
@@ -124,6 +126,45 @@ public:
 
     /** True while the journal puts recorded states back. Dictionaries and tables then refuse changes silently. */
     bool isUndoing() const;
+
+    // ---- Settings ----------------------------------------------------------------------------------------------
+
+    /** The value of a header variable, named with or without the "$" that files put in front, case ignored: one element
+        of the variable's group code. A variable that the drawing does not have gives its default; null for one that is
+        not known. */
+    OdResBufPtr getSysVar(const OdString& name) const;
+
+    /** Sets a header variable from one element. Throws OdError: eInvalidInput for a variable that is neither known nor
+        in the drawing and for a value of another kind. Nothing is changed then. */
+    void setSysVar(const OdString& name, const OdResBuf* value);
+
+    /** The scale of all line types; the direction of angle 0 in radians; true when angles run clockwise. */
+    double getLTSCALE() const;
+    double getANGBASE() const;
+    bool getANGDIR() const;
+
+    /** Form and number of digits of lengths and of angles, as the variables of these names have them. */
+    OdInt16 getLUNITS() const;
+    OdInt16 getLUPREC() const;
+    OdInt16 getAUNITS() const;
+    OdInt16 getAUPREC() const;
+
+    /** The unit of lengths, by its number; true for metric, true while the model is shown rather than a sheet. */
+    OdInt16 getINSUNITS() const;
+    bool getMEASUREMENT() const;
+    bool getTILEMODE() const;
+
+    /** The limits of the model's sheet, and true when points outside of them are refused. */
+    OdGePoint2d getLIMMIN() const;
+    OdGePoint2d getLIMMAX() const;
+    bool getLIMCHECK() const;
+
+    /** The box around the model when the drawing was saved last; it is empty in a new drawing. */
+    OdGePoint3d getEXTMIN() const;
+    OdGePoint3d getEXTMAX() const;
+
+    /** The layer of new entities. */
+    OdDbObjectId getCLAYER() const;
 
     // ---- Files -------------------------------------------------------------------------------------------------
 
