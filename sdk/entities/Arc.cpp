@@ -1,6 +1,4 @@
 // Arcs of circles. An arc is a circle's data and two angles, each in its own part of the groups.
-#include <cmath>
-
 #include "DbArc.h"
 #include "Gi/GiWorldDraw.h"
 #include "entities/Drawing.h"
@@ -12,13 +10,6 @@ using entitytables::kCircle;
 
 namespace
 {
-
-/// From start to end counter-clockwise, in (0, 2 pi]: equal angles are a full turn.
-double sweepOf(double start, double end)
-{
-    const double sweep = std::fmod(end - start, Oda2PI);
-    return sweep <= 0.0 ? sweep + Oda2PI : sweep;
-}
 
 OdGePoint3d pointAt(const OdDbArc& arc, double angle)
 {
@@ -118,6 +109,6 @@ bool OdDbArc::subWorldDraw(OdGiWorldDraw* worldDraw) const
     const double start = arc.angle(50);
     drawing::setThickness(*worldDraw, circle.real(39));
     worldDraw->geometry().circularArc(frame.toWorld(circle.point(10)), circle.real(40), frame.z, frame.direction(start),
-                                      sweepOf(start, arc.angle(51)));
+                                      ocs::sweepOf(start, arc.angle(51)));
     return true;
 }

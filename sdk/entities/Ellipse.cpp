@@ -29,8 +29,7 @@ Shape shapeOf(const OdDbEllipse& ellipse)
     const Reader fields = read<kEllipse>(ellipse);
     Shape shape{fields.point(10), fields.vector(11), {}, fields.real(41), fields.real(42)};
     shape.minor = fields.normal().crossProduct(shape.major) * fields.real(40);
-    const double sweep = std::fmod(shape.end - shape.start, Oda2PI);
-    shape.end = shape.start + (sweep <= 0.0 ? sweep + Oda2PI : sweep);
+    shape.end = shape.start + ocs::sweepOf(shape.start, shape.end);
     return shape;
 }
 

@@ -93,13 +93,6 @@ void takeGroup(Loop& loop, const GroupView& group)
         takeEdgeGroup(loop.edges.back(), group);
 }
 
-/// From start counter-clockwise to end, in radians, up to one full turn.
-double sweepOf(double start, double end)
-{
-    const double sweep = std::fmod(end - start, 360.0);
-    return OdaToRadian(sweep <= 0.0 ? sweep + 360.0 : sweep);
-}
-
 class EdgePainter
 {
 public:
@@ -137,7 +130,7 @@ private:
     void drawEllipse(const Edge& edge, const OdGeVector3d& majorAxis, const OdGeVector3d& minorAxis) const
     {
         const double start = OdaToRadian(edge.startAngle);
-        const double sweep = sweepOf(edge.startAngle, edge.endAngle);
+        const double sweep = ocs::sweepOf(start, OdaToRadian(edge.endAngle));
         m_geometry.ellipArc(at(edge.first), majorAxis, edge.counterClockwise ? minorAxis : minorAxis * -1.0, start,
                             start + sweep);
     }

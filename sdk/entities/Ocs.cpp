@@ -1,6 +1,8 @@
 // Implements the rule for the x axis of a flat entity.
 #include "entities/Ocs.h"
 
+#include "OdaDefs.h"
+
 namespace ocs
 {
 
@@ -11,6 +13,13 @@ namespace
 constexpr double kNearZ = 1.0 / 64.0;
 
 } // namespace
+
+double sweepOf(double start, double end)
+{
+    constexpr double kRounding = 1e-10;
+    const double sweep = std::fmod(end - start, Oda2PI);
+    return sweep > kRounding ? sweep : sweep < -kRounding ? sweep + Oda2PI : Oda2PI;
+}
 
 Frame frameOf(const OdGeVector3d& normal)
 {

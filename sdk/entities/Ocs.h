@@ -40,6 +40,10 @@ struct Frame
     }
 };
 
+/// How far a curve runs from start counter-clockwise to end, in radians, in (0, 2 pi]: equal angles, and those that
+/// differ by no more than the rounding of a file, are a full turn.
+double sweepOf(double start, double end);
+
 /// The frame of a normal. A normal that is zero or not finite counts as the world's z axis.
 Frame frameOf(const OdGeVector3d& normal);
 

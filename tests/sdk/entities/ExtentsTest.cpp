@@ -1,0 +1,348 @@
+// The boxes of single entities against figures worked out another way: by hand, or by walking along the curve.
+#include <array>
+#include <functional>
+#include <vector>
+
+#include "EntityTest.h"
+#include "gi/TextMetrics.h"
+
+namespace
+{
+
+using namespace entitytest;
+
+constexpr double kPi = 3.14159265358979323846;
+
+struct Case
+{
+    const char* what;
+    const char* dxfName;
+    const char* groups;
+    Box box;
+};
+
+const double kRoot2 = std::sqrt(2.0);
+
+const Case kCases[] = {
+    {"line", "LINE", "100 AcDbLine|10 1|20 5|30 -2|11 4|21 2|31 3", {1, 2, -2, 4, 5, 3}},
+    {"line with thickness", "LINE", "100 AcDbLine|39 7|10 0|20 0|30 0|11 1|21 0|31 0", {0, 0, 0, 1, 0, 7}},
+    {"line with thickness along y",
+     "LINE",
+     "100 AcDbLine|39 -7|10 0|20 0|30 0|11 1|21 0|31 0|210 0|220 1|230 0",
+     {0, -7, 0, 1, 0, 0}},
+    {"point", "POINT", "100 AcDbPoint|10 3|20 4|30 5", {3, 4, 5, 3, 4, 5}},
+    {"circle", "CIRCLE", "100 AcDbCircle|10 3|20 4|30 5|40 2", {1, 2, 5, 5, 6, 5}},
+    {"circle in the xz plane", "CIRCLE", "100 AcDbCircle|10 3|20 4|30 5|40 2|210 0|220 -1|230 0", {1, -5, 2, 5, -5, 6}},
+    {"circle seen from below",
+     "CIRCLE",
+     "100 AcDbCircle|10 3|20 4|30 5|40 2|210 0|220 0|230 -1",
+     {-5, 2, -5, -1, 6, -5}},
+    {"cylinder", "CIRCLE", "100 AcDbCircle|39 10|10 0|20 0|30 1|40 2", {-2, -2, 1, 2, 2, 11}},
+    {"quarter arc", "ARC", "100 AcDbCircle|10 0|20 0|30 0|40 1|100 AcDbArc|50 0|51 90", {0, 0, 0, 1, 1, 0}},
+    {"arc over the x axis",
+     "ARC",
+     "100 AcDbCircle|10 0|20 0|30 0|40 2|100 AcDbArc|50 315|51 45",
+     {kRoot2, -kRoot2, 0, 2, kRoot2, 0}},
+    {"arc that leaves out the top",
+     "ARC",
+     "100 AcDbCircle|10 0|20 0|30 0|40 2|100 AcDbArc|50 135|51 45",
+     {-2, -2, 0, 2, kRoot2, 0}},
+    {"arc of equal angles is a full turn",
+     "ARC",
+     "100 AcDbCircle|10 0|20 0|30 0|40 1|100 AcDbArc|50 30|51 30",
+     {-1, -1, 0, 1, 1, 0}},
+    {"arc with angles beyond a turn",
+     "ARC",
+     "100 AcDbCircle|10 0|20 0|30 0|40 1|100 AcDbArc|50 720|51 810",
+     {0, 0, 0, 1, 1, 0}},
+    {"arc seen from below",
+     "ARC",
+     "100 AcDbCircle|10 0|20 0|30 0|40 1|210 0|220 0|230 -1|100 AcDbArc|50 0|51 90",
+     {-1, 0, 0, 0, 1, 0}},
+    {"half ellipse",
+     "ELLIPSE",
+     "100 AcDbEllipse|10 1|20 1|30 0|11 4|21 0|31 0|210 0|220 0|230 1|40 0.5|41 0|42 3.14159265358979",
+     {-3, 1, 0, 5, 3, 0}},
+    {"turned ellipse",
+     "ELLIPSE",
+     "100 AcDbEllipse|10 0|20 0|30 0|11 3|21 3|31 0|210 0|220 0|230 1|40 0.5|41 0|42 6.28318530717959",
+     {-std::sqrt(11.25), -std::sqrt(11.25), 0, std::sqrt(11.25), std::sqrt(11.25), 0}},
+    {"solid, corners crosswise",
+     "SOLID",
+     "100 AcDbTrace|10 0|20 0|30 0|11 2|21 0|31 0|12 0|22 1|32 0|13 2|23 1|33 0|39 3",
+     {0, 0, 0, 2, 1, 3}},
+    {"triangle without a fourth corner",
+     "SOLID",
+     "100 AcDbTrace|10 0|20 0|30 0|11 2|21 0|31 0|12 1|22 5|32 0",
+     {0, 0, 0, 2, 5, 0}},
+    {"face",
+     "3DFACE",
+     "100 AcDbFace|10 0|20 0|30 0|11 2|21 0|31 1|12 2|22 3|32 2|13 0|23 3|33 -1",
+     {0, 0, -1, 2, 3, 2}},
+    {"leader",
+     "LEADER",
+     "100 AcDbLeader|3 Standard|71 1|76 3|10 0|20 0|30 0|10 5|20 5|30 0|10 8|20 5|30 1|340 0|213 90|223 90|233 90",
+     {0, 0, 0, 8, 5, 1}},
+    {"image",
+     "IMAGE",
+     "100 AcDbRasterImage|90 0|10 1|20 2|30 0|11 0.5|21 0|31 0|12 0|22 0.25|32 0|13 100|23 80|70 1|280 0",
+     {1, 2, 0, 51, 22, 0}},
+    {"clipped image",
+     "IMAGE",
+     "100 AcDbRasterImage|90 0|10 0|20 0|30 0|11 1|21 0|31 0|12 0|22 1|32 0|13 100|23 80|70 7|280 1|71 1|91 2|14 "
+     "9.5|24 "
+     "9.5|14 19.5|24 29.5",
+     {10, 50, 0, 20, 70, 0}},
+    {"wipeout",
+     "WIPEOUT",
+     "100 AcDbWipeout|90 0|10 10|20 10|30 0|11 4|21 0|31 0|12 0|22 4|32 0|13 1|23 1|70 7|280 1|71 2|91 4|14 -0.5|24 "
+     "0.5|14 0.5|24 0.5|14 0|24 0|14 -0.5|24 0.5",
+     {10, 10, 0, 14, 12, 0}},
+    {"viewport", "VIEWPORT", "100 AcDbViewport|10 5|20 6|30 0|40 4|41 2|68 2|69 2", {3, 5, 0, 7, 7, 0}},
+    {"lwpolyline", "LWPOLYLINE", "100 AcDbPolyline|90 3|70 0|38 4|10 0|20 0|10 3|20 1|10 1|20 5", {0, 0, 4, 3, 5, 4}},
+    {"half circle by a bulge of 1",
+     "LWPOLYLINE",
+     "100 AcDbPolyline|90 2|70 0|10 0|20 0|42 1|10 2|20 0",
+     {0, -1, 0, 2, 0, 0}},
+    {"half circle by a bulge of -1",
+     "LWPOLYLINE",
+     "100 AcDbPolyline|90 2|70 0|10 0|20 0|42 -1|10 2|20 0",
+     {0, 0, 0, 2, 1, 0}},
+    {"circle of two bulges",
+     "LWPOLYLINE",
+     "100 AcDbPolyline|90 2|70 1|10 0|20 0|42 1|10 2|20 0|42 1",
+     {0, -1, 0, 2, 1, 0}},
+    // Three quarters of a circle: the bulge is tan(270/4 degrees).
+    {"bulge above 1",
+     "LWPOLYLINE",
+     "100 AcDbPolyline|90 2|70 0|10 -1|20 0|42 2.41421356237309|10 1|20 0",
+     {-kRoot2, -1 - kRoot2, 0, kRoot2, 0, 0}},
+    {"wide segment", "LWPOLYLINE", "100 AcDbPolyline|90 2|70 0|43 2|10 0|20 0|10 10|20 0", {0, -1, 0, 10, 1, 0}},
+    {"widening segment",
+     "LWPOLYLINE",
+     "100 AcDbPolyline|90 2|70 0|10 0|20 0|40 2|41 6|10 10|20 0",
+     {0, -3, 0, 10, 3, 0}},
+    {"wide arc", "LWPOLYLINE", "100 AcDbPolyline|90 2|70 0|43 1|10 0|20 0|42 1|10 4|20 0", {-0.5, -2.5, 0, 4.5, 0, 0}},
+    {"bulge between equal points",
+     "LWPOLYLINE",
+     "100 AcDbPolyline|90 2|70 0|10 1|20 1|42 1|10 1|20 1",
+     {1, 1, 0, 1, 1, 0}},
+    {"flat spline, degree 1",
+     "SPLINE",
+     "100 AcDbSpline|70 8|71 1|72 5|73 3|74 0|40 0|40 0|40 1|40 2|40 2|10 0|20 0|30 0|10 2|20 5|30 0|10 4|20 0|30 1",
+     {0, 0, 0, 4, 5, 1}},
+    {"parabola",
+     "SPLINE",
+     "100 AcDbSpline|70 8|71 2|72 6|73 3|74 0|40 0|40 0|40 0|40 1|40 1|40 1|10 0|20 0|30 0|10 1|20 2|30 0|10 2|20 0|30 "
+     "0",
+     {0, 0, 0, 2, 1, 0}},
+    {"quarter circle as a rational spline",
+     "SPLINE",
+     "100 AcDbSpline|70 12|71 2|72 6|73 3|74 0|40 0|40 0|40 0|40 1|40 1|40 1|41 1|41 0.70710678118654757|41 1|10 1|20 "
+     "0|30 0|10 1|20 1|30 0|10 0|20 1|30 0",
+     {0, 0, 0, 1, 1, 0}},
+    {"spline of fit points alone",
+     "SPLINE",
+     "100 AcDbSpline|70 8|71 3|72 0|73 0|74 2|11 1|21 2|31 3|11 4|21 0|31 0",
+     {1, 0, 0, 4, 2, 3}},
+    {"spline with too few knots falls back to its control points",
+     "SPLINE",
+     "100 AcDbSpline|70 8|71 3|72 2|73 2|74 0|40 0|40 1|10 0|20 0|30 0|10 3|20 4|30 0",
+     {0, 0, 0, 3, 4, 0}},
+    {"hatch with a polyline",
+     "HATCH",
+     "100 AcDbHatch|10 0|20 0|30 2|210 0|220 0|230 1|2 SOLID|70 1|71 0|91 1|92 3|72 1|73 1|93 2|10 0|20 0|42 1|10 2|20 "
+     "0|42 1|97 0|75 0|76 1|98 1|10 99|20 99",
+     {0, -1, 2, 2, 1, 2}},
+    {"hatch with edges",
+     "HATCH",
+     "100 AcDbHatch|10 0|20 0|30 0|210 0|220 0|230 1|2 ANSI31|70 0|71 0|91 1|92 1|93 2|72 1|10 0|20 0|11 4|21 0|72 "
+     "2|10 "
+     "2|20 0|40 2|50 0|51 180|73 1|97 0|75 0|76 1|52 0|41 1|77 0|78 1|53 45|43 77|44 77|45 -2|46 2|79 0|98 0",
+     {0, 0, 0, 4, 2, 0}},
+    {"hatch with a clockwise arc",
+     "HATCH",
+     "100 AcDbHatch|10 0|20 0|30 0|210 0|220 0|230 1|2 SOLID|70 1|71 0|91 1|92 1|93 1|72 2|10 0|20 0|40 1|50 0|51 "
+     "90|73 "
+     "0|97 0|75 0|76 1|98 0",
+     {0, -1, 0, 1, 0, 0}},
+    {"hatch with an elliptical edge",
+     "HATCH",
+     "100 AcDbHatch|10 0|20 0|30 0|210 0|220 0|230 1|2 SOLID|70 1|71 0|91 1|92 1|93 1|72 3|10 0|20 0|11 2|21 0|40 "
+     "0.5|50 "
+     "0|51 360|73 1|97 0|75 0|76 1|98 0",
+     {-2, -1, 0, 2, 1, 0}},
+};
+
+class SingleExtents : public EntityTest, public testing::WithParamInterface<Case>
+{
+};
+
+TEST_P(SingleExtents, AreThoseWorkedOutByHand)
+{
+    const Case& row = GetParam();
+    const OdDbEntityPtr entity = entityFrom(row.dxfName, row.groups);
+    OdGeExtents3d extents;
+    ASSERT_EQ(entity->getGeomExtents(extents), eOk) << row.what;
+    expectBox(extents, row.box, 1e-9, row.what);
+}
+
+INSTANTIATE_TEST_SUITE_P(Entities, SingleExtents, testing::ValuesIn(kCases));
+
+/// Walks along an arc in small steps and keeps the farthest places.
+Box walkArc(const std::function<std::array<double, 3>(double)>& at, double start, double sweep)
+{
+    constexpr int kSteps = 100000;
+    Box box{1e9, 1e9, 1e9, -1e9, -1e9, -1e9};
+    for (int i = 0; i <= kSteps; ++i)
+    {
+        const auto [x, y, z] = at(start + sweep * i / kSteps);
+        box = {std::min(box.x0, x), std::min(box.y0, y), std::min(box.z0, z),
+               std::max(box.x1, x), std::max(box.y1, y), std::max(box.z1, z)};
+    }
+    return box;
+}
+
+TEST_F(EntityTest, ArcsReachAsFarAsWalkingAlongThem)
+{
+    for (int start = 0; start < 360; start += 23)
+    {
+        for (int end = 0; end < 360; end += 31)
+        {
+            const double sweep = ((end - start) % 360 + 360) % 360;
+            if (sweep == 0.0)
+                continue;
+            const std::string groups = "100 AcDbCircle|10 1|20 2|30 3|40 5|100 AcDbArc|50 " + std::to_string(start) +
+                                       "|51 " + std::to_string(end);
+            const Box walked = walkArc(
+                [](double a) {
+                    return std::array<double, 3>{1 + 5 * std::cos(a), 2 + 5 * std::sin(a), 3};
+                },
+                start * kPi / 180, sweep * kPi / 180);
+            OdGeExtents3d extents;
+            ASSERT_EQ(entityFrom("ARC", groups)->getGeomExtents(extents), eOk);
+            expectBox(extents, walked, 1e-7, groups.c_str());
+        }
+    }
+}
+
+TEST_F(EntityTest, EllipticArcsInSpaceReachAsFarAsWalkingAlongThem)
+{
+    // Major axis along (1, 2, 2), normal (2, 1, -2) / 3, ratio 0.4.
+    const std::array<double, 3> major{1, 2, 2};
+    const std::array<double, 3> normal{2.0 / 3, 1.0 / 3, -2.0 / 3};
+    const std::array<double, 3> minor{0.4 * (normal[1] * major[2] - normal[2] * major[1]),
+                                      0.4 * (normal[2] * major[0] - normal[0] * major[2]),
+                                      0.4 * (normal[0] * major[1] - normal[1] * major[0])};
+    for (double start = 0.0; start < 6.0; start += 0.7)
+    {
+        for (double sweep = 0.2; sweep < 6.2; sweep += 0.9)
+        {
+            const std::string groups = "100 AcDbEllipse|10 1|20 1|30 1|11 1|21 2|31 2|210 0.66666666666666663|220 "
+                                       "0.33333333333333331|230 -0.66666666666666663|40 0.4|41 " +
+                                       std::to_string(start) + "|42 " + std::to_string(start + sweep);
+            const Box walked = walkArc(
+                [&](double t)
+                {
+                    std::array<double, 3> p{};
+                    for (std::size_t i = 0; i < 3; ++i)
+                        p[i] = 1 + major[i] * std::cos(t) + minor[i] * std::sin(t);
+                    return p;
+                },
+                start, sweep);
+            OdGeExtents3d extents;
+            ASSERT_EQ(entityFrom("ELLIPSE", groups)->getGeomExtents(extents), eOk);
+            expectBox(extents, walked, 1e-6, groups.c_str());
+        }
+    }
+}
+
+struct TextCase
+{
+    const char* what;
+    const char* groups;
+    double u0, v0, u1, v1; ///< in text heights and widths before the turn: part of the width, height
+    double turn;
+};
+
+/// Boxes of texts "HHH" of height 2 that stand at (10, 20), from the width that the measuring gives.
+TEST_F(EntityTest, TextsReachFromTheirAlignmentPointByTheirSize)
+{
+    const double w = textmetrics::measure(L"HHH").width * 2;
+    const double d = textmetrics::kDescent * 2;
+    const struct
+    {
+        const char* what;
+        std::string groups;
+        Box box;
+    } rows[] = {
+        {"left", "10 10|20 20|30 0|40 2|1 HHH", {10, 20, 0, 10 + w, 22, 0}},
+        {"with a descender",
+         "10 10|20 20|30 0|40 2|1 HgH",
+         {10, 20 - d, 0, 10 + textmetrics::measure(L"HgH").width * 2, 22, 0}},
+        {"half as wide", "10 10|20 20|30 0|40 2|1 HHH|41 0.5", {10, 20, 0, 10 + w / 2, 22, 0}},
+        {"turned by 90 degrees", "10 10|20 20|30 0|40 2|1 HHH|50 90", {8, 20, 0, 10, 20 + w, 0}},
+        {"turned by 180 degrees", "10 10|20 20|30 0|40 2|1 HHH|50 180", {10 - w, 18, 0, 10, 20, 0}},
+        {"slanted by 45 degrees", "10 10|20 20|30 0|40 2|1 HHH|51 45", {10, 20, 0, 10 + w + 2, 22, 0}},
+        {"centred", "10 0|20 0|30 0|40 2|1 HHH|72 1|11 10|21 20|31 0", {10 - w / 2, 20, 0, 10 + w / 2, 22, 0}},
+        {"right", "10 0|20 0|30 0|40 2|1 HHH|72 2|11 10|21 20|31 0", {10 - w, 20, 0, 10, 22, 0}},
+        {"middle", "10 0|20 0|30 0|40 2|1 HHH|72 4|11 10|21 20|31 0", {10 - w / 2, 19, 0, 10 + w / 2, 21, 0}},
+        {"top right", "10 0|20 0|30 0|40 2|1 HHH|72 2|11 10|21 20|31 0|100 AcDbText|73 3", {10 - w, 18, 0, 10, 20, 0}},
+        {"bottom left",
+         "10 0|20 0|30 0|40 2|1 HHH|72 0|11 10|21 20|31 0|100 AcDbText|73 1",
+         {10, 20 + d, 0, 10 + w, 22 + d, 0}},
+        {"aligned between points",
+         "10 10|20 20|30 0|40 2|1 HHH|72 3|11 20|21 20|31 0",
+         {10, 20, 0, 20, 20 + 20 / w, 0}},
+        {"fitted between points", "10 10|20 20|30 0|40 2|1 HHH|72 5|11 20|21 20|31 0", {10, 20, 0, 20, 22, 0}},
+        {"backward", "10 10|20 20|30 0|40 2|1 HHH|71 2", {10 - w, 20, 0, 10, 22, 0}},
+        {"upside down", "10 10|20 20|30 0|40 2|1 HHH|71 4", {10, 18, 0, 10 + w, 20, 0}},
+        {"both", "10 10|20 20|30 0|40 2|1 HHH|71 6", {10 - w, 18, 0, 10, 20, 0}},
+        {"codes of characters and styles", "10 10|20 20|30 0|40 2|1 %%uHH%%u%%072", {10, 20, 0, 10 + w, 22, 0}},
+        {"seen from behind", "10 10|20 20|30 0|40 2|1 HHH|210 0|220 0|230 -1", {-10 - w, 20, 0, -10, 22, 0}},
+        {"with thickness", "39 5|10 10|20 20|30 1|40 2|1 HHH", {10, 20, 1, 10 + w, 22, 1}},
+    };
+    for (const auto& row : rows)
+    {
+        OdGeExtents3d extents;
+        ASSERT_EQ(entityFrom("TEXT", "100 AcDbText|" + row.groups)->getGeomExtents(extents), eOk) << row.what;
+        expectBox(extents, row.box, 1e-9, row.what);
+    }
+}
+
+TEST_F(EntityTest, WhatDrawsNothingHasNoExtentsAndLeavesTheBoxAlone)
+{
+    const struct
+    {
+        const char* what;
+        const char* dxfName;
+        const char* groups;
+    } rows[] = {
+        {"empty text", "TEXT", "100 AcDbText|10 1|20 1|30 0|40 2|1 "},
+        {"endless line", "XLINE", "100 AcDbXline|10 1|20 1|30 0|11 1|21 0|31 0"},
+        {"ray", "RAY", "100 AcDbRay|10 1|20 1|30 0|11 1|21 0|31 0"},
+        {"polyline without vertices", "LWPOLYLINE", "100 AcDbPolyline|90 0|70 0"},
+        {"spline without points", "SPLINE", "100 AcDbSpline|70 8|71 3|72 0|73 0|74 0"},
+        {"hatch without loops", "HATCH", "100 AcDbHatch|10 0|20 0|30 0|2 SOLID|70 1|71 0|91 0|75 0|76 1|98 0"},
+        {"line that is not a number", "LINE", "100 AcDbLine|10 nan|20 0|30 0|11 nan|21 0|31 0"},
+        {"circle of infinite radius", "CIRCLE", "100 AcDbCircle|10 0|20 0|30 0|40 inf"},
+        {"arc whose angle is not a number", "ARC", "100 AcDbCircle|10 0|20 0|30 0|40 1|100 AcDbArc|50 nan|51 1"},
+        {"bulge that is not a number", "LWPOLYLINE", "100 AcDbPolyline|90 2|70 0|10 0|20 0|42 nan|10 1|20 0"},
+        {"sheet viewport", "VIEWPORT", "100 AcDbViewport|10 5|20 6|30 0|40 4|41 2|68 1|69 1"},
+        {"reference to no block", "INSERT", "100 AcDbBlockReference|2 NOWHERE|10 0|20 0|30 0"},
+        {"dimension without block", "DIMENSION", "100 AcDbDimension|10 0|20 0|30 0|70 0"},
+        {"unknown entity", "WHATEVER", "100 AcDbWhatever|10 1|20 2|30 3"},
+        {"entity with no data", "LINE", ""},
+    };
+    for (const auto& row : rows)
+    {
+        const OdDbEntityPtr entity = entityFrom(row.dxfName, row.groups);
+        OdGeExtents3d extents(OdGePoint3d(1, 2, 3), OdGePoint3d(4, 5, 6));
+        const bool empty = std::string_view(row.groups).empty();
+        EXPECT_EQ(entity->getGeomExtents(extents), empty ? eOk : eInvalidExtents) << row.what;
+        if (!empty)
+            expectBox(extents, {1, 2, 3, 4, 5, 6}, 0.0, row.what);
+    }
+}
+
+} // namespace
