@@ -1,0 +1,122 @@
+// What a reader sees of a text entity.
+#include "commands/textparser/SeenText.h"
+
+#include <string>
+#include <string_view>
+
+#include "DbEntity.h"
+#include "Gi/GiWorldDraw.h"
+#include "StaticRxObject.h"
+
+namespace textparser
+{
+
+namespace
+{
+
+// Catches texts; all other shapes pass.
+class TextCatcher : public OdGiGeometry
+{
+public:
+    SeenText seen;
+
+    void text(const OdGePoint3d&, const OdGeVector3d&, const OdGeVector3d& direction, double, double, double,
+              const OdString& message) override
+    {
+        seen.characters += message;
+        seen.direction = direction;
+    }
+
+    OdGeMatrix3d getModelToWorldTransform() const override { return OdGeMatrix3d::kIdentity; }
+    void pushModelTransform(const OdGeMatrix3d&) override {}
+    void popModelTransform() override {}
+    void circle(const OdGePoint3d&, double, const OdGeVector3d&) override {}
+    void circularArc(const OdGePoint3d&, double, const OdGeVector3d&, const OdGeVector3d&, double, OdGiArcType) override
+    {
+    }
+    void ellipArc(const OdGePoint3d&, const OdGeVector3d&, const OdGeVector3d&, double, double) override {}
+    void polyline(OdInt32, const OdGePoint3d*, const OdGeVector3d*) override {}
+    void polygon(OdInt32, const OdGePoint3d*) override {}
+    void xline(const OdGePoint3d&, const OdGePoint3d&) override {}
+    void ray(const OdGePoint3d&, const OdGePoint3d&) override {}
+    void draw(const OdGiDrawable*) override {}
+};
+
+// Looks do not matter.
+class UnheededTraits : public OdGiSubEntityTraits
+{
+public:
+    void setColor(OdUInt16) override {}
+    void setTrueColor(const OdCmEntityColor&) override {}
+    void setLayer(OdDbStub*) override {}
+    void setLineType(OdDbStub*) override {}
+    void setLineTypeScale(double) override {}
+    void setLineWeight(OdDb::LineWeight) override {}
+    void setTransparency(const OdCmTransparency&) override {}
+    void setFillType(OdGiFillType) override {}
+    void setThickness(double) override {}
+    void setSelectionMarker(OdGsMarker) override {}
+
+    OdUInt16 color() const override { return 256; }
+    OdCmEntityColor trueColor() const override { return {}; }
+    OdDbStub* layer() const override { return nullptr; }
+    OdDbStub* lineType() const override { return nullptr; }
+    double lineTypeScale() const override { return 1.0; }
+    OdDb::LineWeight lineWeight() const override { return OdDb::kLnWtByLayer; }
+    OdCmTransparency transparency() const override { return {}; }
+    OdGiFillType fillType() const override { return kOdGiFillNever; }
+    double thickness() const override { return 0.0; }
+};
+
+// Brings the catcher to an entity.
+class CatchingDraw : public OdGiWorldDraw
+{
+public:
+    OdGiGeometry& geometry() const override { return m_catcher; }
+    OdGiSubEntityTraits& subEntityTraits() const override { return m_traits; }
+    OdGiRegenType regenType() const override { return kOdGiForExtents; }
+    bool regenAbort() const override { return false; }
+    double deviation() const override { return 0.0; }
+
+    const SeenText& seen() const { return m_catcher.seen; }
+
+private:
+    mutable OdStaticRxObject<TextCatcher> m_catcher;
+    mutable OdStaticRxObject<UnheededTraits> m_traits;
+};
+
+bool isBlank(wchar_t character)
+{
+    return character <= L' ' || character == 0xA0;
+}
+
+} // namespace
+
+SeenText seenTextOf(const OdDbEntity& entity)
+{
+    OdStaticRxObject<CatchingDraw> draw;
+    entity.worldDraw(&draw);
+    return draw.seen();
+}
+
+OdString joinWords(const OdString& text)
+{
+    std::wstring joined;
+    joined.reserve(static_cast<std::size_t>(text.getLength()));
+    bool isBetweenWords = false;
+    for (const wchar_t character : text.view())
+    {
+        if (isBlank(character))
+        {
+            isBetweenWords = !joined.empty();
+            continue;
+        }
+        if (isBetweenWords)
+            joined += L' ';
+        isBetweenWords = false;
+        joined += character;
+    }
+    return OdString(joined);
+}
+
+} // namespace textparser
