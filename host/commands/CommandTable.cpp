@@ -1,0 +1,84 @@
+// The host's commands, one row for each, and a line of help for every command there is.
+#include "commands/CommandTable.h"
+
+namespace hostcommands
+{
+
+namespace
+{
+
+#define HOST_GROUP L"Quend.Zol.Cad.Host"
+#define SELECTION_SET_GROUP L"Quend.Zol.Cad.SelectionSet"
+#define SELECTION_GROUP L"Quend.Zol.Cad.Selection"
+#define TEXT_PARSER_GROUP L"Quend.Zol.Cad.TextParser"
+
+// clang-format off
+const CommandRow kCommands[] = {
+    {HOST_GROUP, L"SAVE", kLeavesNoUndoRecord | kGivesResult, save,
+     "Save the drawing: FILE, VERSION (R2000 to R2018), FORMAT (ascii, binary)"},
+    {HOST_GROUP, L"UNDO", kLeavesNoUndoRecord | kGivesResult, undo,
+     "Take back what the last command changed"},
+    {HOST_GROUP, L"REDO", kLeavesNoUndoRecord | kGivesResult, redo,
+     "Do again what UNDO has taken back"},
+    {HOST_GROUP, L"ENTITIES", kLeavesNoUndoRecord | kGivesResult, findEntities,
+     "Find entities of the current layout by TYPE, LAYER and TEXT"},
+    {HOST_GROUP, L"ERASE", kInTransaction, erase,
+     "Erase the objects of OBJECTIDARRAY"},
+    {HOST_GROUP, L"COPY", kGivesResult | kInTransaction, copy,
+     "Copy the objects of OBJECTIDARRAY and move the copies by VECTOR"},
+    {SELECTION_SET_GROUP, L"SELECTIONSETGET", kGivesResult, getSelectionSet,
+     "Give the selection set that is stored under SELECTIONSETNAME"},
+    {SELECTION_SET_GROUP, L"SELECTIONSETUPDATE", kGivesResult, updateSelectionSet,
+     "Store SELECTIONSET under SELECTIONSETNAME"},
+    {SELECTION_SET_GROUP, L"SELECTIONSETCLEAR", kNoFlags, clearSelectionSet,
+     "Empty the selection set that is stored under SELECTIONSETNAME"},
+    {SELECTION_GROUP, L"SELECTIONSELECTALLVISIBLEENTITIES", kGivesResult, selectAllVisibleEntities,
+     "Select what the current layout shows, and store it under SELECTIONSETNAME"},
+    {TEXT_PARSER_GROUP, L"TEXTPARSERSORT", kGivesResult, sortTexts,
+     "Read the texts of OBJECTIDARRAY in reading order, with marks for those in frames"},
+};
+
+struct HelpRow
+{
+    const OdChar* name;
+    const char* help;
+};
+
+// The plug-in's commands, which carry no help of their own.
+const HelpRow kPluginHelp[] = {
+    {L"BSYSTEMLABELCREATE", "Create a label over the entities of OBJECTIDARRAY, named by their texts"},
+    {L"BSYSTEMLABELCREATEFROMSELECTION", "Create a label over the selection set SELECTIONSETNAME"},
+    {L"BSYSTEMLABELGETALLIDS", "List all labels"},
+    {L"BSYSTEMLABELGETALLNAMES", "List the names of labels as JSON"},
+    {L"BSYSTEMLABELGETDICTIONARYID", "Give the dictionary that holds the labels, made when missing"},
+    {L"BSYSTEMLABELGETIDFROMGUID", "Find a label by GUID"},
+    {L"BSYSTEMLABELGETIDFROMHANDLE", "Find a label by HANDLE"},
+    {L"BSYSTEMLABELGETIDFROMNAME", "Find a label by NAME"},
+    {L"BSYSTEMLABELGETSELECTEDIDS", "List the labels in the selection set SELECTIONSETNAME"},
+    {L"BSYSTEMLABELTOJSON", "Give labels as JSON: those of OBJECTIDARRAY, or as the user chooses"},
+    {L"TRANSACTIONSTART", "Open a transaction, inside those that are open"},
+    {L"TRANSACTIONEND", "End the innermost transaction and keep its changes"},
+    {L"TRANSACTIONABORT", "End the innermost transaction and take its changes back"},
+    {L"REGISTERCUSTOMAPPLICATION", "Register NAME as an application whose extended data entities may carry"},
+};
+// clang-format on
+
+} // namespace
+
+std::span<const CommandRow> commandTable()
+{
+    return kCommands;
+}
+
+const char* helpOf(const OdString& commandName)
+{
+    for (const CommandRow& row : kCommands)
+        if (commandName.iCompare(row.name) == 0)
+            return row.help;
+    for (const HelpRow& row : kPluginHelp)
+        if (commandName.iCompare(row.name) == 0)
+            return row.help;
+    return nullptr;
+}
+
+} // namespace hostcommands

@@ -1,0 +1,21 @@
+// Writing a drawing to a file by the words that people use for versions and formats.
+#pragma once
+
+#include "OdString.h"
+
+class OdDbDatabase;
+
+namespace hostcommands
+{
+
+struct WriteOrder
+{
+    OdString file;    // empty: the drawing's own
+    OdString version; // empty: the drawing's own; one that is too old for labels becomes R2018
+    OdString format;  // "ascii" or "binary", empty: ascii
+};
+
+// Writes the drawing, whole or not at all, and returns the file. Throws OdError, with the old file unchanged.
+OdString writeDrawing(OdDbDatabase& database, const WriteOrder& order);
+
+} // namespace hostcommands

@@ -1,0 +1,113 @@
+// Tells which entities a search asks for.
+#include "commands/EntityFilter.h"
+
+#include <algorithm>
+
+#include <re2/re2.h>
+
+#include "DbProxyEntity.h"
+#include "OdError.h"
+#include "commands/VisibleTexts.h"
+
+namespace hostcommands
+{
+
+namespace
+{
+
+const OdChar* const kBlanks = L" \t";
+
+// Patterns need memory and time in proportion to their own length and that of the text, within these bounds.
+constexpr int kMostPatternCharacters = 10'000;
+constexpr std::int64_t kMostPatternMemory = 16 << 20;
+
+OdString valueOf(const Parameters& parameters, const OdChar* name)
+{
+    return parameters.string(name).value_or(OdString());
+}
+
+std::vector<OdString> splitAtCommas(const OdString& list)
+{
+    std::vector<OdString> parts;
+    for (int begin = 0; begin <= list.getLength();)
+    {
+        const int comma = list.find(L',', begin);
+        const int end = comma < 0 ? list.getLength() : comma;
+        OdString part = list.mid(begin, end - begin);
+        part.trimLeft(kBlanks).trimRight(kBlanks);
+        if (!part.isEmpty())
+            parts.push_back(part);
+        begin = end + 1;
+    }
+    return parts;
+}
+
+std::unique_ptr<re2::RE2> compile(const OdString& pattern)
+{
+    if (pattern.isEmpty())
+        return nullptr;
+    if (pattern.getLength() > kMostPatternCharacters)
+        throw OdError(eInvalidInput, L"TEXT is too long for a regular expression: \"" + pattern.left(40) + L"...\"");
+    re2::RE2::Options options;
+    options.set_max_mem(kMostPatternMemory);
+    options.set_log_errors(false);
+    auto compiled = std::make_unique<re2::RE2>(odStringToUtf8(pattern), options);
+    if (!compiled->ok())
+        throw OdError(eInvalidInput,
+                      L"TEXT is no regular expression: \"" + pattern + L"\": " + OdString(compiled->error().c_str()));
+    return compiled;
+}
+
+} // namespace
+
+EntityFilter::EntityFilter(const Parameters& parameters)
+    : m_types(splitAtCommas(valueOf(parameters, L"TYPE"))), m_layer(valueOf(parameters, L"LAYER")),
+      m_pattern(compile(valueOf(parameters, L"TEXT")))
+{
+}
+
+EntityFilter::~EntityFilter() = default;
+
+bool EntityFilter::admits(const OdDbObjectId& id) const
+{
+    if (!m_types.empty() && !admitsType(id))
+        return false;
+    if (m_layer.isEmpty() && m_pattern == nullptr)
+        return true;
+    const OdDbEntityPtr entity = OdDbEntity::cast(id.openObject());
+    return !entity.isNull() && (m_layer.isEmpty() || entity->layer().iCompare(m_layer) == 0) &&
+           (m_pattern == nullptr || admitsText(*entity));
+}
+
+bool EntityFilter::admitsType(const OdDbObjectId& id) const
+{
+    OdRxClass* const entityClass = id.objectClass();
+    if (entityClass == nullptr)
+        return false;
+    if (entityClass->isDerivedFrom(OdDbProxyEntity::desc()))
+    {
+        // Proxies of all types are of one class.
+        const OdDbProxyEntityPtr proxy = OdDbProxyEntity::cast(id.openObject());
+        return !proxy.isNull() && isAmongTypes(proxy->originalDxfName());
+    }
+    const auto [entry, isNew] = m_admittedClasses.try_emplace(entityClass, false);
+    if (isNew)
+        entry->second = isAmongTypes(entityClass->dxfName());
+    return entry->second;
+}
+
+bool EntityFilter::isAmongTypes(const OdString& dxfName) const
+{
+    return std::any_of(m_types.begin(), m_types.end(),
+                       [&dxfName](const OdString& type) { return type.iCompare(dxfName) == 0; });
+}
+
+bool EntityFilter::admitsText(const OdDbEntity& entity) const
+{
+    const std::vector<OdString> texts = visibleTextsOf(entity);
+    return std::any_of(texts.begin(), texts.end(),
+                       [this](const OdString& text)
+                       { return re2::RE2::PartialMatch(odStringToUtf8(text), *m_pattern); });
+}
+
+} // namespace hostcommands

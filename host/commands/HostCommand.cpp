@@ -1,0 +1,101 @@
+// The frame of the host's commands.
+#include "commands/HostCommand.h"
+
+#include <memory>
+#include <vector>
+
+#include "DbCommandContext.h"
+#include "Ed/EdCommandStack.h"
+#include "OdError.h"
+#include "StaticRxObject.h"
+#include "commands/CommandTable.h"
+
+namespace hostcommands
+{
+
+namespace
+{
+
+// Ends a transaction that was not ended as one that failed.
+class Transaction
+{
+public:
+    Transaction(OdDbDatabase& database, bool isWanted) : m_database(isWanted ? &database : nullptr)
+    {
+        if (m_database != nullptr)
+            m_database->startTransaction();
+    }
+    ~Transaction()
+    {
+        if (m_database != nullptr)
+            m_database->abortTransaction();
+    }
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+
+    void end()
+    {
+        if (m_database != nullptr)
+            std::exchange(m_database, nullptr)->endTransaction();
+    }
+
+private:
+    OdDbDatabase* m_database;
+};
+
+class HostCommand : public OdEdCommand
+{
+public:
+    const CommandRow* row = nullptr;
+
+    OdString groupName() const override { return row->group; }
+    OdString globalName() const override { return row->name; }
+    OdUInt32 flags() const override { return row->flags; }
+
+    void execute(OdEdCommandContext* context) override
+    {
+        OdDbCommandContext* const drawingContext = OdDbCommandContext::cast(context).get();
+        if (drawingContext == nullptr)
+            throw OdError(eNullPtr, OdString(L"the command ") + row->name + L" runs on a drawing only");
+        OdDbDatabase* const database = drawingContext->database();
+        if (database == nullptr)
+            throw OdError(eNoDatabase);
+        OdEdFunctionIO* const io = drawingContext->funcIO();
+        if (io == nullptr)
+            throw OdError(eNullPtr, OdString(L"the command ") + row->name + L" has no place for its results");
+        const OdResBufPtr parameters = OdResBuf::cast(io->param());
+        CommandRun run{*database, Parameters(parameters), Results()};
+        Transaction transaction(*database, (row->flags & kInTransaction) != 0);
+        row->run(run);
+        transaction.end();
+        io->setResult(run.results.chain());
+    }
+};
+
+std::vector<std::unique_ptr<OdStaticRxObject<HostCommand>>>& commands()
+{
+    static std::vector<std::unique_ptr<OdStaticRxObject<HostCommand>>> all;
+    return all;
+}
+
+} // namespace
+
+void registerHostCommands()
+{
+    for (const CommandRow& row : commandTable())
+    {
+        auto command = std::make_unique<OdStaticRxObject<HostCommand>>();
+        command->row = &row;
+        odedRegCmds()->addCommand(command.get());
+        commands().push_back(std::move(command));
+    }
+}
+
+void unregisterHostCommands()
+{
+    for (const auto& command : commands())
+        odedRegCmds()->removeCmd(command.get());
+    commands().clear();
+}
+
+} // namespace hostcommands

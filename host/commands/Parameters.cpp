@@ -1,0 +1,111 @@
+// Reads named values out of a parameter chain.
+#include "commands/Parameters.h"
+
+#include "OdError.h"
+
+namespace hostcommands
+{
+
+namespace
+{
+
+const OdChar* const kAroundNames = L" \t\n\"'";
+
+bool isName(const OdResBuf* element)
+{
+    return element->restype() == OdResBuf::kRtString;
+}
+
+OdString nameOf(const OdResBuf* element)
+{
+    OdString name = element->getString();
+    return name.trimLeft(kAroundNames).trimRight(kAroundNames);
+}
+
+// The next name's element, from the element behind a name on.
+const OdResBuf* skipValue(const OdString& name, const OdResBuf* element)
+{
+    if (element != nullptr && isName(element))
+        return namesObjectList(name) ? element : element->next().get();
+    while (element != nullptr && !isName(element))
+        element = element->next();
+    return element;
+}
+
+[[noreturn]] void refuseKind(const OdChar* name)
+{
+    throw OdError(eInvalidResBuf, OdString(L"the value of the parameter ") + name + L" is of another kind");
+}
+
+} // namespace
+
+bool namesObjectList(const OdString& name)
+{
+    return name.right(5).iCompare(L"ARRAY") == 0;
+}
+
+Parameters::Found Parameters::find(const OdChar* name) const
+{
+    for (const OdResBuf* element = m_chain; element != nullptr;)
+    {
+        if (!isName(element))
+        {
+            element = element->next();
+            continue;
+        }
+        const OdString present = nameOf(element);
+        const OdResBuf* const value = element->next();
+        if (present.iCompare(name) == 0)
+            return {true, value};
+        element = skipValue(present, value);
+    }
+    return {};
+}
+
+const OdResBuf* Parameters::findOfType(const OdChar* name, int type) const
+{
+    const Found found = find(name);
+    if (!found.isThere)
+        return nullptr;
+    if (found.value == nullptr || found.value->restype() != type)
+        refuseKind(name);
+    return found.value;
+}
+
+bool Parameters::has(const OdChar* name) const
+{
+    return find(name).isThere;
+}
+
+std::optional<OdString> Parameters::string(const OdChar* name) const
+{
+    const OdResBuf* const value = findOfType(name, OdResBuf::kRtString);
+    if (value == nullptr)
+        return std::nullopt;
+    return value->getString();
+}
+
+OdDbObjectIdArray Parameters::objectIds(const OdChar* name) const
+{
+    OdDbObjectIdArray ids;
+    const OdResBuf* value = find(name).value;
+    if (value != nullptr && value->restype() != OdResBuf::kRtObjectId && !isName(value))
+        refuseKind(name);
+    for (; value != nullptr && value->restype() == OdResBuf::kRtObjectId; value = value->next())
+        ids.append(value->getObjectId());
+    return ids;
+}
+
+OdDbSelectionSetPtr Parameters::selectionSet(const OdChar* name) const
+{
+    const OdResBuf* const value = findOfType(name, OdResBuf::kRtPickSet);
+    return value == nullptr ? OdDbSelectionSetPtr() : OdDbSelectionSet::cast(value->getPickSet());
+}
+
+OdGeVector3d Parameters::vector(const OdChar* name) const
+{
+    const OdResBuf* const value = findOfType(name, OdResBuf::kRtPoint3d);
+    return value == nullptr ? OdGeVector3d(0.0, 0.0, 0.0) : value->getPoint3d().asVector();
+}
+
+} // namespace hostcommands
