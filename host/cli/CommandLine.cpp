@@ -1,0 +1,132 @@
+// The command line of `zolcad`.
+#include "cli/CommandLine.h"
+
+#include <functional>
+#include <iostream>
+#include <string>
+
+#include <CLI/CLI.hpp>
+
+#include "OdError.h"
+#include "cli/Doors.h"
+
+namespace cli
+{
+
+namespace
+{
+
+constexpr const char* kDrawingHelp = "a drawing, DXF of R12 to R2018, text or binary";
+
+session::Plugin pluginFor(bool isLeftOut)
+{
+    return isLeftOut ? session::Plugin::kLeftOut : session::Plugin::kLoaded;
+}
+
+// What the arguments of all subcommands are read into.
+struct Arguments
+{
+    std::string drawing;
+    bool withoutPlugin = false;
+    RunOrder run;
+    SaveOrder save;
+};
+
+using Door = std::function<int()>;
+
+void offerWithoutPlugin(CLI::App& subcommand, Arguments& arguments)
+{
+    subcommand.add_flag("--without-plugin", arguments.withoutPlugin, "leave labels as proxies");
+}
+
+void addSession(CLI::App& app, Arguments& arguments, Door& door)
+{
+    CLI::App* const subcommand =
+        app.add_subcommand("session", "Answer requests, one JSON object per line, until the input ends");
+    subcommand->add_option("DRAWING", arguments.drawing, std::string(kDrawingHelp) + "; none: a new one");
+    subcommand->callback([&] { door = [&] { return serveSession(arguments.drawing, session::Plugin::kLoaded); }; });
+}
+
+void addCommands(CLI::App& app, Door& door)
+{
+    CLI::App* const subcommand = app.add_subcommand("commands", "List every command with group, flags and help");
+    subcommand->callback([&] { door = listCommands; });
+}
+
+void addInfo(CLI::App& app, Arguments& arguments, Door& door)
+{
+    CLI::App* const subcommand = app.add_subcommand("info", "Say what a drawing holds and what was mended in it");
+    subcommand->add_option("DRAWING", arguments.drawing, kDrawingHelp)->required();
+    offerWithoutPlugin(*subcommand, arguments);
+    subcommand->callback(
+        [&] { door = [&] { return describeDrawing(arguments.drawing, pluginFor(arguments.withoutPlugin)); }; });
+}
+
+void addRun(CLI::App& app, Arguments& arguments, Door& door)
+{
+    CLI::App* const subcommand = app.add_subcommand("run", "Run one command on a drawing");
+    RunOrder& order = arguments.run;
+    subcommand->add_option("DRAWING", order.drawingFile, kDrawingHelp)->required();
+    subcommand->add_option("COMMAND", order.command, "a command, as listed by \"zolcad commands\"")->required();
+    subcommand->add_option("NAME=VALUE", order.parameters, "parameters; a value is JSON, or else a text");
+    subcommand->add_option("--input", order.input, "answers to the command's questions, in order");
+    subcommand->add_option("--save", order.saveFile, "write the drawing to this file afterwards");
+    subcommand->callback([&] { door = [&] { return runCommand(order); }; });
+}
+
+void addSave(CLI::App& app, Arguments& arguments, Door& door)
+{
+    CLI::App* const subcommand = app.add_subcommand("save", "Read a drawing and write it to another file");
+    SaveOrder& order = arguments.save;
+    subcommand->add_option("DRAWING", order.drawingFile, kDrawingHelp)->required();
+    subcommand->add_option("FILE", order.targetFile, "the file to write")->required();
+    subcommand->add_option("--version", order.version, "R2000 to R2018; the drawing's own without");
+    subcommand->add_option("--format", order.format, "ascii or binary");
+    offerWithoutPlugin(*subcommand, arguments);
+    subcommand->callback([&] { door = [&] { return saveDrawing(order, pluginFor(arguments.withoutPlugin)); }; });
+}
+
+int reportFailure(const std::string& text)
+{
+    std::cerr << "zolcad: " << text << '\n';
+    return kUnreadableDrawing;
+}
+
+} // namespace
+
+int runCommandLine(int argc, char** argv)
+{
+    Arguments arguments;
+    Door door;
+    CLI::App app("Labels in CAD drawings: find, create, list and save them", "zolcad");
+    app.require_subcommand(1);
+    addSession(app, arguments, door);
+    addCommands(app, door);
+    addInfo(app, arguments, door);
+    addRun(app, arguments, door);
+    addSave(app, arguments, door);
+    try
+    {
+        app.parse(argc, argv);
+        return door();
+    }
+    catch (const CLI::Success& help)
+    {
+        return app.exit(help);
+    }
+    catch (const CLI::Error& wrongUsage)
+    {
+        app.exit(wrongUsage);
+        return kWrongUsage;
+    }
+    catch (const OdError& error)
+    {
+        return reportFailure(odStringToUtf8(error.description()));
+    }
+    catch (const std::exception& error)
+    {
+        return reportFailure(error.what());
+    }
+}
+
+} // namespace cli

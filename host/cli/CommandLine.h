@@ -1,0 +1,17 @@
+// The command line of `zolcad`: its subcommands, and what they return to whoever started the program.
+#pragma once
+
+namespace cli
+{
+
+enum ExitCode
+{
+    kSuccess = 0,
+    kSomeRequestFailed = 1,
+    kWrongUsage = 2,
+    kUnreadableDrawing = 3
+};
+
+int runCommandLine(int argc, char** argv);
+
+} // namespace cli

@@ -1,0 +1,7 @@
+// The program `zolcad`.
+#include "cli/CommandLine.h"
+
+int main(int argc, char** argv)
+{
+    return cli::runCommandLine(argc, argv);
+}

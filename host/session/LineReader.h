@@ -1,0 +1,36 @@
+// Cuts what comes through a file descriptor into lines.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace session
+{
+
+class LineReader
+{
+public:
+    // A line may have this many bytes. What is beyond is read and dropped.
+    static constexpr std::size_t kLongestLine = std::size_t{256} << 20;
+
+    explicit LineReader(int descriptor) : m_descriptor(descriptor) {}
+
+    // Reads up to the next line feed or the end. line is without its line feed and valid until the next call. Returns
+    // false at the end, when nothing is left. A read that fails counts as the end.
+    bool read(std::string_view& line);
+
+    // True when the line read last was longer than a line may be; line is its beginning then.
+    bool wasTooLong() const { return m_wasTooLong; }
+
+private:
+    bool fill();
+
+    int m_descriptor;
+    std::string m_buffer;
+    std::size_t m_begin = 0; // what has not been read yet
+    std::size_t m_end = 0;
+    bool m_wasTooLong = false;
+};
+
+} // namespace session

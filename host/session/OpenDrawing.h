@@ -1,0 +1,30 @@
+// A drawing that is open: read from a file or new. It ends with the object, and so does what the host keeps beside it.
+// (What the plug-in keeps beside it, the plug-in removes when a drawing ends.)
+#pragma once
+
+#include <string>
+
+#include "DbDatabase.h"
+
+namespace session
+{
+
+class OpenDrawing
+{
+public:
+    // A new, empty drawing.
+    OpenDrawing();
+    // Throws OdError with the file, the place and the fault.
+    explicit OpenDrawing(const OdString& fileName);
+    // Takes open transactions back.
+    ~OpenDrawing();
+    OpenDrawing(const OpenDrawing&) = delete;
+    OpenDrawing& operator=(const OpenDrawing&) = delete;
+
+    OdDbDatabase& database() const { return *m_database; }
+
+private:
+    OdDbDatabasePtr m_database;
+};
+
+} // namespace session

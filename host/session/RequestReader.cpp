@@ -1,0 +1,287 @@
+// Reads one line of the session's input.
+#include "session/RequestReader.h"
+
+#include <charconv>
+#include <optional>
+
+#include <rapidjson/error/en.h>
+#include <rapidjson/reader.h>
+
+#include "session/WideText.h"
+
+namespace session
+{
+
+namespace
+{
+
+constexpr std::size_t kReusedMemory = 64 * 1024;
+constexpr int kDeepestNesting = 512;
+
+// Numbers come as text, so that the id's are kept to the digit and none is beyond a number type.
+constexpr unsigned kParseFlags =
+    rapidjson::kParseInsituFlag | rapidjson::kParseIterativeFlag | rapidjson::kParseNumbersAsStringsFlag;
+
+enum Member : unsigned
+{
+    kId = 1,
+    kCommand = 2,
+    kParameters = 4,
+    kInput = 8
+};
+
+constexpr std::wstring_view kParametersName = L"parameters";
+constexpr std::wstring_view kInputName = L"input";
+
+struct MemberName
+{
+    std::wstring_view name;
+    Member member;
+};
+constexpr MemberName kMemberNames[] = {
+    {L"id", kId}, {L"command", kCommand}, {kParametersName, kParameters}, {kInputName, kInput}};
+
+std::string quoted(std::wstring_view units)
+{
+    return '"' + odStringToUtf8(joinSurrogates(units.data(), units.size())) + '"';
+}
+
+// Takes the parser's events: hands them to the document, but the value of "id", which it writes as text.
+class RequestHandler
+{
+public:
+    using Ch = wchar_t;
+
+    RequestHandler(WideDocument& document, Request& request) : m_document(document), m_request(request) {}
+
+    const std::string& fault() const { return m_fault; }
+
+    bool Null()
+    {
+        return scalar([](auto& to) { to.Null(); });
+    }
+    bool Bool(bool value)
+    {
+        return scalar([value](auto& to) { to.Bool(value); });
+    }
+    bool String(const Ch* units, rapidjson::SizeType length, bool copy)
+    {
+        if (m_depth == 1 && m_member == kCommand)
+        {
+            m_request.hasCommand = true;
+            m_request.command = joinSurrogates(units, length);
+        }
+        return scalar([=](auto& to) { to.String(units, length, copy); });
+    }
+    bool RawNumber(const Ch* digits, rapidjson::SizeType length, bool)
+    {
+        if (m_idWriter)
+        {
+            m_idWriter->RawValue(digits, length, rapidjson::kNumberType);
+            return endValue();
+        }
+        return number(digits, length) && endValue();
+    }
+
+    bool StartObject()
+    {
+        ++m_depth;
+        return begin([](auto& to) { to.StartObject(); });
+    }
+    bool Key(const Ch* units, rapidjson::SizeType length, bool copy)
+    {
+        if (m_idWriter)
+            return m_idWriter->Key(units, length, copy);
+        if (m_depth == 1 && !beginMember({units, length}))
+            return false;
+        return m_document.Key(units, length, copy);
+    }
+    bool EndObject(rapidjson::SizeType count)
+    {
+        return end([count](auto& to) { to.EndObject(count); });
+    }
+    bool StartArray()
+    {
+        ++m_depth;
+        return begin([](auto& to) { to.StartArray(); });
+    }
+    bool EndArray(rapidjson::SizeType count)
+    {
+        return end([count](auto& to) { to.EndArray(count); });
+    }
+
+    // Numbers always come as text.
+    bool Int(int) { return false; }
+    bool Uint(unsigned) { return false; }
+    bool Int64(std::int64_t) { return false; }
+    bool Uint64(std::uint64_t) { return false; }
+    bool Double(double) { return false; }
+
+private:
+    using IdWriter = rapidjson::Writer<rapidjson::StringBuffer, WideEncoding, rapidjson::UTF8<>>;
+
+    bool refuse(std::string fault)
+    {
+        m_fault = std::move(fault);
+        return false;
+    }
+
+    bool beginMember(std::wstring_view name)
+    {
+        for (const MemberName& row : kMemberNames)
+        {
+            if (row.name != name)
+                continue;
+            if (m_seen & row.member)
+                return refuse("the request has two members " + quoted(name));
+            m_seen |= row.member;
+            m_member = row.member;
+            if (m_member == kId)
+            {
+                m_idText.Clear();
+                m_idWriter.emplace(m_idText);
+            }
+            return true;
+        }
+        return refuse("a request has no member " + quoted(name));
+    }
+
+    template<class Event>
+    bool send(Event event)
+    {
+        if (m_idWriter)
+            event(*m_idWriter);
+        else
+            event(m_document);
+        return true;
+    }
+
+    template<class Event>
+    bool scalar(Event event)
+    {
+        return send(event) && endValue();
+    }
+
+    template<class Event>
+    bool begin(Event event)
+    {
+        if (m_depth > kDeepestNesting)
+            return refuse("the request is nested too deeply");
+        return send(event);
+    }
+
+    template<class Event>
+    bool end(Event event)
+    {
+        --m_depth;
+        return send(event) && endValue();
+    }
+
+    bool endValue()
+    {
+        if (!m_idWriter || m_depth > 1)
+            return true;
+        m_request.hasId = true;
+        m_request.id.assign(m_idText.GetString(), m_idText.GetSize());
+        m_idWriter.reset();
+        return m_document.Null(); // the document keeps a place for the member
+    }
+
+    bool number(const Ch* digits, rapidjson::SizeType length)
+    {
+        m_digits.assign(digits, digits + length); // nothing but ASCII in a number
+        const char* const first = m_digits.data();
+        const char* const last = first + m_digits.size();
+        int integer = 0;
+        const std::from_chars_result asInteger = std::from_chars(first, last, integer);
+        if (asInteger.ec == std::errc() && asInteger.ptr == last)
+            return m_document.Int(integer);
+        double real = 0.0;
+        if (std::from_chars(first, last, real).ec != std::errc())
+            return refuse("the number " + m_digits + " is out of range");
+        return m_document.Double(real);
+    }
+
+    WideDocument& m_document;
+    Request& m_request;
+    rapidjson::StringBuffer m_idText;
+    std::optional<IdWriter> m_idWriter; // while the id's value is read
+    std::string m_digits;
+    std::string m_fault;
+    int m_depth = 0;
+    unsigned m_seen = 0;
+    unsigned m_member = 0;
+};
+
+} // namespace
+
+RequestReader::RequestReader() : m_memory(kReusedMemory)
+{
+    m_allocator = std::make_unique<rapidjson::MemoryPoolAllocator<>>(m_memory.data(), m_memory.size());
+}
+
+const Request& RequestReader::read(std::string_view line)
+{
+    m_request = Request();
+    decode(line);
+    parse();
+    takeMembers();
+    return m_request;
+}
+
+void RequestReader::decode(std::string_view line)
+{
+    const std::size_t nullByte = line.find('\0');
+    if (nullByte != std::string_view::npos)
+        throw RequestError("the line is not JSON: a null byte at byte " + std::to_string(nullByte + 1));
+    const std::size_t decoded = decodeUtf8(line, m_units);
+    if (decoded != line.size())
+        throw RequestError("the line is not UTF-8 from byte " + std::to_string(decoded + 1) + " on");
+    const std::size_t half = findLoneSurrogateEscape(m_units);
+    if (half != std::wstring_view::npos)
+        throw RequestError("the line is not JSON: half a surrogate pair at character " + std::to_string(half + 1));
+}
+
+void RequestReader::parse()
+{
+    m_document.reset();
+    m_allocator->Clear();
+    m_document = std::make_unique<WideDocument>(m_allocator.get());
+    RequestHandler handler(*m_document, m_request);
+    rapidjson::ParseResult outcome;
+    auto generate = [&](WideDocument&)
+    {
+        rapidjson::GenericInsituStringStream<WideEncoding> stream(m_units.data());
+        rapidjson::GenericReader<WideEncoding, WideEncoding> reader;
+        outcome = reader.Parse<kParseFlags>(stream, handler);
+        return !outcome.IsError();
+    };
+    m_document->Populate(generate);
+    if (!handler.fault().empty())
+        throw RequestError(handler.fault());
+    if (outcome.IsError())
+        throw RequestError("the line is not JSON: " + std::string(rapidjson::GetParseError_En(outcome.Code())) +
+                           " At character " + std::to_string(outcome.Offset() + 1));
+}
+
+void RequestReader::takeMembers()
+{
+    if (!m_document->IsObject())
+        throw RequestError("a request is a JSON object");
+    for (const auto& member : m_document->GetObject())
+    {
+        const std::wstring_view name(member.name.GetString(), member.name.GetStringLength());
+        if (name == kParametersName)
+            m_request.parameters = &member.value;
+        else if (name == kInputName)
+            m_request.input = &member.value;
+    }
+    if (!m_request.hasCommand)
+        throw RequestError("a request has a member \"command\", which is a string");
+    if (m_request.parameters != nullptr && !m_request.parameters->IsObject())
+        throw RequestError("\"parameters\" is a JSON object");
+    if (m_request.input != nullptr && !m_request.input->IsArray())
+        throw RequestError("\"input\" is a JSON array");
+}
+
+} // namespace session

@@ -1,0 +1,166 @@
+// Text on its way between bytes and the SDK.
+#include "session/WideText.h"
+
+#include <algorithm>
+#include <cstdint>
+
+namespace session
+{
+
+namespace
+{
+
+bool isHighSurrogate(wchar_t unit)
+{
+    return unit >= 0xD800 && unit <= 0xDBFF;
+}
+
+bool isLowSurrogate(wchar_t unit)
+{
+    return unit >= 0xDC00 && unit <= 0xDFFF;
+}
+
+bool isSurrogate(wchar_t unit)
+{
+    return unit >= 0xD800 && unit <= 0xDFFF;
+}
+
+// One row per length of a sequence: how its first byte looks and the least character that may be written so long.
+struct SequenceForm
+{
+    unsigned char mask;
+    unsigned char lead;
+    std::size_t length;
+    std::uint32_t least;
+};
+constexpr SequenceForm kSequenceForms[] = {
+    {0xE0, 0xC0, 2, 0x80},
+    {0xF0, 0xE0, 3, 0x800},
+    {0xF8, 0xF0, 4, 0x10000},
+};
+
+// Reads the sequence of two to four bytes that bytes begins with; its length, 0 when it is malformed.
+std::size_t readSequence(std::string_view bytes, std::uint32_t& character)
+{
+    const auto lead = static_cast<unsigned char>(bytes[0]);
+    for (const SequenceForm& form : kSequenceForms)
+    {
+        if ((lead & form.mask) != form.lead)
+            continue;
+        if (bytes.size() < form.length)
+            return 0;
+        character = lead & static_cast<unsigned char>(~form.mask);
+        for (std::size_t i = 1; i < form.length; ++i)
+        {
+            const auto byte = static_cast<unsigned char>(bytes[i]);
+            if ((byte & 0xC0) != 0x80)
+                return 0;
+            character = character << 6 | (byte & 0x3F);
+        }
+        const bool allowed = character >= form.least && character <= 0x10FFFF && !isSurrogate(wchar_t(character));
+        return allowed ? form.length : 0;
+    }
+    return 0;
+}
+
+wchar_t* putUnits(std::uint32_t character, wchar_t* to)
+{
+    if (character < 0x10000)
+    {
+        *to++ = static_cast<wchar_t>(character);
+        return to;
+    }
+    *to++ = static_cast<wchar_t>(0xD800 + ((character - 0x10000) >> 10));
+    *to++ = static_cast<wchar_t>(0xDC00 + ((character - 0x10000) & 0x3FF));
+    return to;
+}
+
+bool readEscapedUnit(const wchar_t* at, const wchar_t* end, wchar_t& unit)
+{
+    if (end - at < 6 || at[0] != L'\\' || at[1] != L'u')
+        return false;
+    std::uint32_t value = 0;
+    for (int i = 2; i < 6; ++i)
+    {
+        const wchar_t digit = at[i];
+        if (digit >= L'0' && digit <= L'9')
+            value = value * 16 + std::uint32_t(digit - L'0');
+        else if ((digit | 0x20) >= L'a' && (digit | 0x20) <= L'f')
+            value = value * 16 + std::uint32_t((digit | 0x20) - L'a' + 10);
+        else
+            return false;
+    }
+    unit = static_cast<wchar_t>(value);
+    return true;
+}
+
+} // namespace
+
+std::size_t decodeUtf8(std::string_view bytes, std::vector<wchar_t>& units)
+{
+    units.resize(bytes.size() + 1); // a sequence of bytes never becomes more units than it has bytes
+    wchar_t* to = units.data();
+    std::size_t at = 0;
+    while (at < bytes.size())
+    {
+        const auto byte = static_cast<unsigned char>(bytes[at]);
+        if (byte < 0x80)
+        {
+            *to++ = static_cast<wchar_t>(byte);
+            ++at;
+            continue;
+        }
+        std::uint32_t character = 0;
+        const std::size_t length = readSequence(bytes.substr(at), character);
+        if (length == 0)
+            break;
+        to = putUnits(character, to);
+        at += length;
+    }
+    *to++ = L'\0';
+    units.resize(static_cast<std::size_t>(to - units.data()));
+    return at;
+}
+
+std::size_t findLoneSurrogateEscape(const std::vector<wchar_t>& units)
+{
+    const wchar_t* const begin = units.data();
+    const wchar_t* const end = begin + units.size();
+    for (const wchar_t* at = std::find(begin, end, L'\\'); at != end; at = std::find(at, end, L'\\'))
+    {
+        wchar_t unit = 0;
+        if (!readEscapedUnit(at, end, unit))
+        {
+            at += std::min<std::ptrdiff_t>(2, end - at);
+            continue;
+        }
+        wchar_t second = 0;
+        const bool isPair = isHighSurrogate(unit) && readEscapedUnit(at + 6, end, second) && isLowSurrogate(second);
+        if (isSurrogate(unit) && !isPair)
+            return static_cast<std::size_t>(at - begin);
+        at += isPair ? 12 : 6;
+    }
+    return std::wstring_view::npos;
+}
+
+OdString joinSurrogates(const wchar_t* units, std::size_t length)
+{
+    const wchar_t* const end = units + length;
+    if (std::find_if(units, end, isSurrogate) == end)
+        return OdString(std::wstring_view(units, length));
+    std::wstring text;
+    text.reserve(length);
+    for (const wchar_t* at = units; at != end; ++at)
+    {
+        if (isHighSurrogate(at[0]) && at + 1 != end && isLowSurrogate(at[1]))
+        {
+            text += static_cast<wchar_t>(0x10000 + ((at[0] - 0xD800) << 10) + (at[1] - 0xDC00));
+            ++at;
+        }
+        else
+            text += *at;
+    }
+    return OdString(text);
+}
+
+} // namespace session
