@@ -190,6 +190,18 @@ public:
     const OdArray<OdString>& recoveryReport() const;
     void addRecoveryLine(const OdString& line);
 
+    // ---- Copies ------------------------------------------------------------------------------------------------
+
+    /** Copies objects with all they own within the drawing, to the owner, or for the null id each to the owner of its
+        original. The mapping receives the pairs. References among the copied objects are turned to the copies.
+        Throws what OdDbObjectId::safeOpenObject throws, and what the classes throw that refuse to be copied. */
+    void deepCloneObjects(const OdDbObjectIdArray& objectIds, const OdDbObjectId& ownerId, OdDbIdMapping& mapping);
+
+    /** Makes a new drawing with copies of the objects, moved so that basePoint comes to lie on the origin, and of all
+        they need: what they own, name and point to. Throws as deepCloneObjects, and eNotApplicable for an object
+        that has no place in another drawing. */
+    OdSmartPtr<OdDbDatabase> wblock(const OdDbObjectIdArray& objectIds, const OdGePoint3d& basePoint = OdGePoint3d());
+
     // ---- Reactors ----------------------------------------------------------------------------------------------
 
     /** Attaches a listener; one that is attached already stays where it is. Throws OdError eNullObjectPointer. */
