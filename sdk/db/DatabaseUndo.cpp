@@ -47,6 +47,12 @@ void OdDbDatabase::clearUndo()
     m_impl->journal.clear();
 }
 
+void OdDbDatabase::dropUndoRecordsAfter(OdUInt64 mark)
+{
+    requireNoTransaction(m_impl->journal);
+    m_impl->journal.dropRecordsAfter(mark);
+}
+
 void OdDbDatabase::disableUndoRecording(bool disable)
 {
     m_impl->journal.disable(disable);

@@ -291,6 +291,17 @@ void Journal::clear()
     newMark();
 }
 
+void Journal::dropRecordsAfter(OdUInt64 number)
+{
+    while (newestRecord() > number && m_cursor == m_records.size())
+    {
+        const std::size_t begin = m_records.back().begin;
+        replayBackward(begin, m_steps.size());
+        truncate(begin);
+        newMark();
+    }
+}
+
 void Journal::disable(bool disable)
 {
     if (m_disabled == disable)

@@ -74,6 +74,8 @@ public:
     bool undo();
     bool redo();
     void clear();
+    /// Takes back and drops all records later than the one of that number. No transaction may be open.
+    void dropRecordsAfter(OdUInt64 number);
     void disable(bool disable);
     bool disabled() const { return m_disabled; }
     /// The number of the newest record that can be undone, 0 when there is none.

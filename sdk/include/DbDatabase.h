@@ -110,6 +110,11 @@ public:
     /** A number that names the newest undo record, 0 when there is none. Later records have higher numbers. */
     OdUInt64 undoMark() const;
 
+    /** Takes back the changes of all undo records later than the one that undoMark() named, and drops these records: they
+        cannot be redone, and what could be redone before them can be redone again. Throws OdError
+        eUndoOperationNotAvailable while a transaction is open; nothing is changed then. */
+    void dropUndoRecordsAfter(OdUInt64 mark);
+
     /** True when the record announced last was opened by a change and is still there, neither undone nor aborted. */
     bool isUndoRecordOpen() const;
 

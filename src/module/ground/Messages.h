@@ -1,0 +1,26 @@
+// The texts that users read, by number.
+#pragma once
+
+/** Numbers of messages in the message table of the system services. What each is formatted with stands beside it; all
+    arguments are texts. */
+enum EMessage : unsigned int
+{
+    eMessageRunFailed = 902,          ///< name of the command
+    eMessageUnknownCommand = 904,     ///< name of the command
+    eMessageRunCancelled = 941,       ///< name of the command
+    eMessageRunEnded = 942,           ///< name of the command
+    eMessageChooseLabels = 961,       ///< hint of the keywords
+    eMessageLabelKeywords = 1013,     ///< none: five keywords
+    eMessageInvalidArgument = 20001,  ///< function, argument, text of the code
+    eMessageInvalidValue = 20002,     ///< function, value, text of the code
+    eMessageModuleMissing = 20003,    ///< function, module, text of the code
+    eMessageApplicationName = 20011,  ///< none
+    eMessageSelectionSetName = 20012, ///< none
+    eMessageLabelHandle = 20013,      ///< none
+    eMessageLabelGuid = 20014,        ///< none
+    eMessageLabelName = 20015         ///< none
+};
+
+/** Makes the texts known to the system services, and withdraws them. */
+void RegisterMessages();
+void UnregisterMessages();
