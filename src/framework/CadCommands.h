@@ -49,8 +49,9 @@ void Append(OdResBufPtr& pChain, const OdResBufPtr& pEntry);
 
 // ---- Reading -------------------------------------------------------------------------------------------------------
 // Each takes the element where the value begins and returns the one behind the value. Where a chain ends before the
-// value (null), each returns null and no value: an empty text, the null id, an empty array, a null selection set; a bool
-// and extents stay as they are. Each throws OdError_InvalidArgument (68, "pResBuf") for an element of another type.
+// value (null), each returns null and no value: an empty text, the null id, an empty array, a null selection set; a
+// bool and extents stay as they are. Each throws OdError_InvalidArgument (68, "pResBuf") for an element of another
+// type.
 
 /** Reads a name: trimmed and in upper case, empty when the element is no string. */
 OdResBufPtr ResBufGetName(const OdResBufPtr& pResBuf, OdString& strName);
@@ -68,11 +69,11 @@ OdResBufPtr ResBufGetOdGeExtents3d(const OdResBufPtr& pResBuf, OdGeExtents3d& va
 
 // ---- Running -------------------------------------------------------------------------------------------------------
 
-/** Runs a command of a group (of any group, for an empty one) in the given context and returns the chain that it leaves,
-    null for none. The parameters stay installed until others replace them, also when the command throws; the result that
-    was there before is gone. What the command throws reaches the caller. Throws, before anything is touched:
-    OdError_InvalidArgument 417 "pDbCommandContext", 904 "strCommand" for an empty name, 904 with the name of the command
-    when there is no such command; OdError_InvalidValue 417 "pFunctionIO" for a context without. */
+/** Runs a command of a group (of any group, for an empty one) in the given context and returns the chain that it
+   leaves, null for none. The parameters stay installed until others replace them, also when the command throws; the
+   result that was there before is gone. What the command throws reaches the caller. Throws, before anything is touched:
+    OdError_InvalidArgument 417 "pDbCommandContext", 904 "strCommand" for an empty name, 904 with the name of the
+   command when there is no such command; OdError_InvalidValue 417 "pFunctionIO" for a context without. */
 OdResBufPtr Execute(OdDbCommandContext* pDbCommandContext, const OdString& strCommand, const OdString& strGroup,
                     const OdResBufPtr& pParameters);
 

@@ -56,8 +56,7 @@ OdResBufPtr CadCommands::ResBufGetObjectId(const OdResBufPtr& pResBuf, OdDbDatab
     return pResBuf->next();
 }
 
-OdResBufPtr CadCommands::ResBufGetObjectIdArray(const OdResBufPtr& pResBuf, OdDbDatabase* pDb,
-                                                OdDbObjectIdArray& value)
+OdResBufPtr CadCommands::ResBufGetObjectIdArray(const OdResBufPtr& pResBuf, OdDbDatabase* pDb, OdDbObjectIdArray& value)
 {
     value.clear();
     if (!pResBuf)

@@ -5,7 +5,8 @@
 //   plain  = characters other than blanks
 //   json   = from { or [ to the bracket that closes it; brackets in JSON strings do not count
 //
-// Blanks are " ", tab, carriage return and line feed. What a quote or bracket opens and nothing closes goes up to the end.
+// Blanks are " ", tab, carriage return and line feed. What a quote or bracket opens and nothing closes goes up to the
+// end.
 #pragma once
 
 #include "CommandHandler.h"
@@ -28,8 +29,8 @@ public:
     /** The next answer. Throws OdEdCancel when there is none. */
     OdString getString(const OdString& prompt, int options, OdEdStringTracker* tracker) override;
     void putString(const OdString& text) override;
-    /** Never returns: throws OdEdOtherInput with the next answer, for whoever asks reads coordinates, and OdEdCancel when
-        there is none. */
+    /** Never returns: throws OdEdOtherInput with the next answer, for whoever asks reads coordinates, and OdEdCancel
+       when there is none. */
     OdGePoint3d getPoint(const OdString& prompt, int options, OdEdPointTracker* tracker) override;
     void putError(const OdString& text) override;
 

@@ -1,6 +1,8 @@
 // Running one command string of the plug-in against one drawing: what a host uses.
 #pragma once
 
+#include <memory>
+
 #include "CommandHandlerCallback.h"
 #include "DbCommandContext.h"
 #include "DbDatabase.h"
@@ -9,6 +11,7 @@
 
 class CBaseIO;
 class CFunctionIO;
+class CRunUndo;
 class CStringIO;
 class CUserIO;
 class OdEdBaseIO;
@@ -19,8 +22,8 @@ enum ECommandState
     eCommandNone = 0,      ///< no command has started
     eCommandStarted = 1,   ///< a command has started and not come to an end
     eCommandEnded = 2,     ///< the last command came to its end
-    eCommandCancelled = 3, ///< the run was cancelled, and what it did was undone
-    eCommandFailed = 4     ///< a command failed, and what the run did was undone
+    eCommandCancelled = 3, ///< the run was cancelled
+    eCommandFailed = 4     ///< a command failed
 };
 
 /** A CCommandHandler runs one command string against one drawing and keeps the outcome. It is the context of every
@@ -95,25 +98,22 @@ protected:
 
     virtual void Init(const OdString& strCommand, OdRxObject* pDb, CCommandHandlerCallback* pCallback);
 
-    /** Asks for the run to be undone: at once, or when its commands have left their transactions. */
+    /** Has the run undone when its commands have left their transactions. */
     virtual void UndoCommand();
 
     /** Where parameter, result and arbitrary data lie: synchronised, created by the first call. */
     virtual OdRxDictionaryPtr GetArbitrayDataDictionary() const;
 
 private:
-    struct KnownCommand;
-
-    KnownCommand FindCommand();
-    void PrepareUndo();
-    void FinishUndo();
-    void Run();
+    void BeginUndo(OdUInt32 uiFlags);
+    void EndUndo();
+    void RunKeepingError(const OdString& strName);
+    void Run(const OdString& strName);
     void RunMacro();
-    void RunCommands() noexcept;
     void KeepError(const OdError& error);
+    void KeepFirstError(const OdError& error);
     void FinishState();
     OdString ComposeMessage(const OdString& strShownName);
-    void UndoRun();
 
     OdSmartPtr<CBaseIO> m_pBaseIO;
     OdSmartPtr<CFunctionIO> m_pFunctionIO;
@@ -128,9 +128,7 @@ private:
     ECommandState m_eState = eCommandNone;
     OdError m_error;
     mutable OdRxDictionaryPtr m_pArbitraryData;
-    bool m_bStopped = false;        ///< an unknown command ended the run
-    bool m_bUndoWanted = false;     ///< UndoCommand was called
-    OdUInt64 m_uiUndoMark = 0;      ///< the newest undo record of earlier runs
-    int m_iEarlierTransactions = 0; ///< transactions that earlier runs left open
+    bool m_bStopped = false; ///< an unknown command ended the run
+    std::unique_ptr<CRunUndo> m_pUndo;
 };
 using CCommandHandlerPtr = OdSmartPtr<CCommandHandler>;

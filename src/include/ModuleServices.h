@@ -5,18 +5,19 @@
 #include "RxDictionary.h"
 #include "RxModule.h"
 
-/** The CModuleServices are the module object of the plug-in as hosts see it. The store holds objects under names, for the
-    whole program or for one owner (a database, a view or any other object, known by its address). It lives in the system
-    registry under "QUEND_ZOL_ARBITRARY_DATA" and outlives the module. Single entries may be read and written by several
-    threads. What a drawing owns is removed when the drawing is closed, for every drawing that a command was run on. */
+/** The CModuleServices are the module object of the plug-in as hosts see it. The store holds objects under names, for
+   the whole program or for one owner (a database, a view or any other object, known by its address). It lives in the
+   system registry under "QUEND_ZOL_ARBITRARY_DATA" and outlives the module. Single entries may be read and written by
+   several threads. What a drawing owns is removed when the drawing is closed, for every drawing that a command was run
+   on. */
 class QUEND_ZOL_EXPORT CModuleServices : public OdRxModule
 {
 public:
     /** The services when the module "Quend.Zol.Cad.tx" is loaded, else null. The module keeps them alive. */
     static CModuleServices* Find();
 
-    /** The store of the whole program, created by the first call. Throws OdError_NotThatKindOfClass when the registry has
-        something else under its name. */
+    /** The store of the whole program, created by the first call. Throws OdError_NotThatKindOfClass when the registry
+       has something else under its name. */
     virtual OdRxDictionaryPtr GetArbitraryDataRootDictionary() = 0;
 
     /** The store of an owner, created by the first call; null for a null owner. Throws OdError_NotThatKindOfClass when

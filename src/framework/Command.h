@@ -1,0 +1,96 @@
+// The frame that all commands of the module run in: what is checked before the work, the transaction around it, and the
+// result after it.
+#pragma once
+
+#include <span>
+
+#include "Ed/EdCommand.h"
+#include "framework/CadCommands.h"
+#include "framework/CommandNames.h"
+
+/** What a command is called and what it adds to the flags of the SDK. */
+struct CommandRow
+{
+    const OdChar* pszClass;
+    const OdChar* pszGroup;
+    const OdChar* pszName;
+    OdUInt32 uiFlags;
+};
+
+/** What a frame requires of the context of a command. */
+enum class EFrameCheck
+{
+    HasFunctionIO,   ///< there is a function IO
+    IsOurFunctionIO, ///< it is a CFunctionIO
+    HasDatabase      ///< there is a database
+};
+
+/** One check of a frame and the name that the error has when it fails. Groups of commands differ in these. */
+struct FrameCheckRow
+{
+    EFrameCheck eCheck;
+    OdResult eCode;
+    const OdChar* pszName;
+};
+using FrameChecks = std::span<const FrameCheckRow>;
+
+/** A CCommandCall is what a command has at hand while it works. */
+class CCommandCall
+{
+public:
+    CCommandCall(const CommandRow& row, OdDbCommandContext& context) : m_row(row), m_context(context) {}
+
+    OdDbCommandContext& Context() { return m_context; }
+    /** Not null in frames that check it. */
+    OdDbDatabase* Database() { return m_context.database(); }
+    OdEdFunctionIO* FunctionIO() { return m_context.funcIO(); }
+
+    /** What errors name as their function: the class and "::execute". */
+    OdString FunctionName() const { return OdString(m_row.pszClass) + L"::execute"; }
+
+    /** The parameter chain, null when there is none. */
+    OdResBufPtr Parameters();
+
+    /** Asks the user for a text. Throws OdError_InvalidValue (417, "pUserIO") when there is nobody to ask, and what
+        OdEdUserIO::getString throws. */
+    OdString AskString(const OdString& strPrompt, const OdString& strKeywords = OdString());
+
+    /** Runs another command and returns the value of that name in its result, null when it has none. Afterwards the
+        parameters and the result of this command are what they were before, also when the other one throws. */
+    OdResBufPtr Call(const OdChar* pszGroup, const OdChar* pszCommand, const OdResBufPtr& pParameters,
+                     const OdChar* pszResult);
+
+    /** The chain that the frame leaves as the result; null for none. */
+    OdResBufPtr m_pResult;
+
+private:
+    const CommandRow& m_row;
+    OdDbCommandContext& m_context;
+};
+
+/** A CCommand is a command of the module: a name, flags, the checks of its frame, and the work. */
+class CCommand : public OdEdCommand
+{
+public:
+    /** Both have to outlive the command. */
+    CCommand(const CommandRow& row, FrameChecks checks) : m_row(row), m_checks(checks) {}
+
+    OdString groupName() const override { return m_row.pszGroup; }
+    OdString globalName() const override { return m_row.pszName; }
+    OdUInt32 flags() const override { return (OdEdCommand::flags() & eCommandFlagsOfSdk) | m_row.uiFlags; }
+
+    /** Checks the context, works (in a transaction when the flags say so, which is aborted when anything is thrown) and
+        sets the result when the flags say so. Throws OdError_InvalidArgument (417, "pEdCommandContext") for a context
+        that is not one of commands on a drawing, OdError_InvalidValue for the checks of the frame, and what the work
+        throws. */
+    void execute(OdEdCommandContext* context) override;
+
+protected:
+    virtual void Work(CCommandCall& call) = 0;
+
+private:
+    void WorkInTransaction(CCommandCall& call);
+
+    const CommandRow& m_row;
+    FrameChecks m_checks;
+};

@@ -1,0 +1,25 @@
+// Taking back what one run has done to a drawing.
+#pragma once
+
+#include "DbDatabase.h"
+
+/** A CRunUndo knows what of the undo history belongs to one run of commands. */
+class CRunUndo
+{
+public:
+    /** The run begins: announces its undo record. */
+    void Begin(OdDbDatabase& db);
+
+    /** Makes TakeBack do its work. */
+    void Request() { m_bRequested = true; }
+
+    /** Takes back what the run has done, when that was requested: aborts the transactions that the run left open, and
+        takes back and drops its undo record. While a transaction of an earlier run is open, what the run has done
+       belongs to that one and is left to it. */
+    void TakeBack(OdDbDatabase& db);
+
+private:
+    bool m_bRequested = false;
+    OdUInt64 m_uiEarlierRecord = 0;
+    int m_iEarlierTransactions = 0;
+};

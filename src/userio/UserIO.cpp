@@ -1,0 +1,131 @@
+// Asks through whatever the handler exposes, and repeats the question until the answer can be used.
+#include "UserIO.h"
+
+#include "CommandHandler.h"
+#include "DynamicLinker.h"
+#include "Ed/EdBaseIO.h"
+#include "ModuleErrors.h"
+#include "RxObjectImpl.h"
+#include "module/ground/ModuleName.h"
+#include "userio/KeywordList.h"
+
+ODRX_CONS_DEFINE_MEMBERS(CUserIO, OdDbUserIO, RXIMPL_CONSTR)
+
+CUserIOPtr CUserIO::createObject(CCommandHandler* pHandler)
+{
+    CUserIOPtr pUserIO = createObject();
+    pUserIO->Init(pHandler);
+    return pUserIO;
+}
+
+void CUserIO::Init(CCommandHandler* pHandler)
+{
+    m_pHandler = pHandler;
+    m_pModule = odrxDynamicLinker()->lookupModule(kModuleName);
+    if (!m_pModule)
+        throw OdError_ModuleInitialization(eNullPtr, kModuleName, L"CUserIO::Init");
+}
+
+OdEdBaseIO& CUserIO::CurrentIO()
+{
+    return *m_pHandler->currentIO();
+}
+
+// ---- Texts
+// -----------------------------------------------------------------------------------------------------------
+
+OdString CUserIO::getStringInternal(const OdString& prompt, int options, OdEdStringTracker* tracker)
+{
+    return CurrentIO().getString(prompt, options, tracker);
+}
+
+static bool HasOption(int options, unsigned uiOption)
+{
+    return (static_cast<unsigned>(options) & uiOption) != 0;
+}
+
+static void ThrowIfKeyword(const OdString& strAnswer, const OdString& strKeywords)
+{
+    if (strKeywords.isEmpty())
+        return;
+    const CKeywordList keywords(strKeywords);
+    if (const int iIndex = keywords.Find(strAnswer); iIndex >= 0)
+        throw OdEdKeyword(iIndex, keywords[iIndex].strGlobal);
+}
+
+OdString CUserIO::getString(const OdString& prompt, int options, const OdString& defaultValue, const OdString& keywords,
+                            OdEdStringTracker* tracker)
+{
+    OdString strAnswer = getStringInternal(prompt, options, tracker);
+    if (strAnswer.isEmpty())
+    {
+        if (HasOption(options, OdEd::kInpThrowEmpty))
+            throw OdEdEmptyInput();
+        if (!defaultValue.isEmpty() || !HasOption(options, OdEd::kInpNonEmpty))
+            return defaultValue;
+    }
+    while (strAnswer.isEmpty())
+    {
+        putError(L"Requires non-empty value!");
+        strAnswer = getStringInternal(prompt, options, tracker);
+    }
+    ThrowIfKeyword(strAnswer, keywords);
+    return strAnswer;
+}
+
+void CUserIO::putString(const OdString& text)
+{
+    CurrentIO().putString(text);
+}
+
+void CUserIO::putError(const OdString& text)
+{
+    CurrentIO().putError(text);
+}
+
+OdUInt32 CUserIO::getKeyState()
+{
+    return CurrentIO().getKeyState();
+}
+
+// ---- Keywords
+// --------------------------------------------------------------------------------------------------------
+
+// Every keyword is followed by a slash, the last one too: front ends know the prompt in this form.
+static OdString ComposeKeywordPrompt(const OdString& strPrompt, const CKeywordList& keywords, int iDefault)
+{
+    OdString strResult = strPrompt;
+    if (strResult.isEmpty())
+    {
+        strResult = L"Enter one of the keywords: [";
+        for (int i = 0; i < keywords.Count(); ++i)
+            strResult += keywords[i].strGlobal + L"/";
+        strResult += L"]";
+    }
+    if (keywords.Has(iDefault))
+    {
+        const OdString strDefault = L"<" + keywords[iDefault].strGlobal + L">";
+        if (strResult.find(strDefault) < 0)
+            strResult += strDefault;
+    }
+    return strResult + L":";
+}
+
+int CUserIO::getKeyword(const OdString& prompt, const OdString& keywords, int defaultIndex, int options,
+                        OdEdIntegerTracker*)
+{
+    const CKeywordList list(keywords);
+    const OdString strPrompt = ComposeKeywordPrompt(prompt, list, defaultIndex);
+    const bool bHasDefault = list.Has(defaultIndex);
+    const int iOptions = bHasDefault ? options & ~OdEd::kInpNonEmpty : options | OdEd::kInpNonEmpty;
+    while (true)
+    {
+        const OdString strAnswer = getString(strPrompt, iOptions);
+        if (strAnswer.isEmpty() && bHasDefault)
+            return defaultIndex;
+        if (const int iIndex = list.Find(strAnswer); iIndex >= 0)
+            return iIndex;
+        putString(OdString());
+        putError(L"Invalid keyword!");
+    }
+}
