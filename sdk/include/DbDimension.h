@@ -190,3 +190,13 @@ public:
     OdGePoint3d xLine2Point() const;
     void setXLine2Point(const OdGePoint3d& point);
 };
+
+using OdDbAlignedDimensionPtr = OdSmartPtr<OdDbAlignedDimension>;
+using OdDbRotatedDimensionPtr = OdSmartPtr<OdDbRotatedDimension>;
+using OdDb2LineAngularDimensionPtr = OdSmartPtr<OdDb2LineAngularDimension>;
+using OdDb3PointAngularDimensionPtr = OdSmartPtr<OdDb3PointAngularDimension>;
+using OdDbRadialDimensionPtr = OdSmartPtr<OdDbRadialDimension>;
+using OdDbRadialDimensionLargePtr = OdSmartPtr<OdDbRadialDimensionLarge>;
+using OdDbDiametricDimensionPtr = OdSmartPtr<OdDbDiametricDimension>;
+using OdDbOrdinateDimensionPtr = OdSmartPtr<OdDbOrdinateDimension>;
+using OdDbArcDimensionPtr = OdSmartPtr<OdDbArcDimension>;
