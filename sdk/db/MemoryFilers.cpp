@@ -283,4 +283,9 @@ void MemoryDwgFiler::wrScale3d(const OdGeScale3d& value)
     write(Tag::Point3d, Triple{value.sx, value.sy, value.sz});
 }
 
+// The parts that deal with ids and shared rows are in another file.
+template void MemoryDwgFiler::write<OdDbStub*>(Tag, OdDbStub* const&);
+template OdDbStub* MemoryDwgFiler::read<OdDbStub*>(Tag);
+template void MemoryDwgFiler::write<std::uint32_t>(Tag, const std::uint32_t&);
+
 } // namespace oddb

@@ -214,9 +214,10 @@ OdResult transformHatch(OdDbHatch& hatch, const OdGeMatrix3d& xform)
     const ocs::Frame before = ocs::frameOf(fields.normal());
     const ocs::Frame after = ocs::frameOf((xform * before.x).crossProduct(xform * before.y));
     const PlaneMap map = planeMapOf(before, after, hatch.elevation(), xform);
-    const bool written = fields.has(210);
+    const bool turned = after.z.x != 0.0 || after.z.y != 0.0 || after.z.z < 0.0;
+    const bool missing = turned && !fields.has(210);
     oddb::ObjectCore::changeGroups(hatch, HatchMapper(map, after.z).map(fields.groups(), fields.atom()));
-    if (!written)
+    if (missing)
         hatch.setNormal(after.z);
     return eOk;
 }

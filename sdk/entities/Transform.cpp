@@ -1,6 +1,7 @@
 // Implements the mapping of an entity's groups by their roles.
 #include "entities/Transform.h"
 
+#include <algorithm>
 #include <cmath>
 #include <string_view>
 #include <vector>
@@ -25,6 +26,7 @@ using oddb::GroupView;
 
 constexpr int kNormalCode = 210;
 constexpr int kElevationCode = 38;
+constexpr int kDirectionCode = 11;
 constexpr double kTolerance = 1e-9;
 
 /// The plane of an entity before and after.
@@ -53,12 +55,26 @@ struct Point
     OdGeVector3d vector() const { return OdGeVector3d(at[0], at[1], at[2]); }
 };
 
+/// Degrees in the plane before to degrees in the plane after.
+double mapAngle(double degrees, const Plane& plane, const OdGeMatrix3d& xform)
+{
+    const OdGeVector3d turned = xform * plane.before.direction(OdaToRadian(degrees));
+    const double angle = OdaToDegree(plane.after.angleOf(turned));
+    // A direction that stays is kept to the last digit, whole turns included.
+    const double change = std::remainder(angle - degrees, 360.0);
+    if (std::fabs(change) < kTolerance)
+        return degrees;
+    return angle < 0.0 ? angle + 360.0 : angle;
+}
+
 class Mapper
 {
 public:
     Mapper(const OdGeMatrix3d& xform, const Plane& plane) : m_xform(xform), m_plane(plane)
     {
         m_scale = (xform * plane.before.x).length();
+        // A mirrored shape keeps its sense of rotation, so its normal turns round and what stands on it with it.
+        m_heightScale = (xform * plane.before.z).dotProduct(plane.after.z);
     }
 
     Groups map(const Groups& groups);
@@ -78,6 +94,7 @@ private:
     const OdGeMatrix3d& m_xform;
     const Plane& m_plane;
     double m_scale = 1.0;
+    double m_heightScale = 1.0;
     double m_elevation = 0.0;
     std::string_view m_marker;
     std::vector<std::string_view> m_blocks;
@@ -187,16 +204,12 @@ void Mapper::mapNumber(const GroupView& group, Role role)
     double value = group.real();
     if (role == Role::Length)
         value *= m_scale;
+    else if (role == Role::Thickness)
+        value *= m_heightScale;
     else if (role == Role::Elevation)
         value = mapInPlane(OdGePoint3d(0.0, 0.0, value), false).z;
-    else if (role == Role::AnglePlane)
-    {
-        const OdGeVector3d turned = m_xform * m_plane.before.direction(OdaToRadian(value));
-        const double angle = OdaToDegree(m_plane.after.angleOf(turned));
-        // A direction that stays is kept to the last digit, whole turns included.
-        const double change = std::remainder(angle - value, 360.0);
-        value = std::fabs(change) < kTolerance ? value : angle < 0.0 ? angle + 360.0 : angle;
-    }
+    else
+        value = mapAngle(value, m_plane, m_xform);
     m_out.real(group.code(), value);
 }
 
@@ -247,6 +260,29 @@ const oddb::DxfSubclass* subclassWith(const oddb::DxfClass& dxfClass, const Grou
     return nullptr;
 }
 
+bool hasDirection(const RoleSection& section)
+{
+    return std::any_of(section.rows.begin(), section.rows.end(),
+                       [](const RoleRow& row) { return row.code == kDirectionCode && row.role == Role::Direction; });
+}
+
+/// The subclass whose angle is missing and was zero; null when the class has no such angle or gives it otherwise.
+const oddb::DxfSubclass* missingTurn(const oddb::DxfClass& dxfClass, const Groups& groups, int& code)
+{
+    for (const oddb::DxfSubclass* subclass : dxfClass.subclasses)
+    {
+        const RoleSection* section = findRoles(subclass->marker, "");
+        for (const RoleRow& row : section ? section->rows : std::span<const RoleRow>())
+        {
+            if (row.role != Role::TurnPlane || groups.find(subclass->atom(), row.code))
+                continue;
+            code = row.code;
+            return hasDirection(*section) && groups.find(subclass->atom(), kDirectionCode) ? nullptr : subclass;
+        }
+    }
+    return nullptr;
+}
+
 /// Groups that stood for their default by being absent and now have another value.
 Groups withMissing(Groups groups, const OdDbEntity& entity, const Plane& plane, const OdGeMatrix3d& xform)
 {
@@ -259,6 +295,11 @@ Groups withMissing(Groups groups, const OdDbEntity& entity, const Plane& plane, 
     const double elevation = plane.after.fromWorld(xform * OdGePoint3d()).z;
     if (subclass && !groups.findAny(kElevationCode) && elevation != 0.0)
         groups = oddb::withReal(groups, dxfClass, *subclass, kElevationCode, elevation);
+    int turnCode = 0;
+    const oddb::DxfSubclass* turning = missingTurn(dxfClass, groups, turnCode);
+    const double turn = mapAngle(0.0, plane, xform);
+    if (turning && turn != 0.0)
+        groups = oddb::withReal(groups, dxfClass, *turning, turnCode, turn);
     return groups;
 }
 

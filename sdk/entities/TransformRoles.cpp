@@ -11,26 +11,26 @@ namespace
 
 using enum Role;
 
-constexpr RoleRow kNormalThickness[] = {{210, PlaneDirection}, {39, Length}};
-constexpr RoleRow kLine[] = {{10, Place}, {11, Place}, {210, PlaneDirection}, {39, Length}};
-constexpr RoleRow kPoint[] = {{10, Place}, {210, PlaneDirection}, {39, Length}, {50, AnglePlane}};
-constexpr RoleRow kCircle[] = {{10, PlacePlane}, {40, Length}, {210, PlaneDirection}, {39, Length}};
+constexpr RoleRow kNormalThickness[] = {{210, PlaneDirection}, {39, Thickness}};
+constexpr RoleRow kLine[] = {{10, Place}, {11, Place}, {210, PlaneDirection}, {39, Thickness}};
+constexpr RoleRow kPoint[] = {{10, Place}, {210, PlaneDirection}, {39, Thickness}, {50, TurnPlane}};
+constexpr RoleRow kCircle[] = {{10, PlacePlane}, {40, Length}, {210, PlaneDirection}, {39, Thickness}};
 constexpr RoleRow kArc[] = {{50, AnglePlane}, {51, AnglePlane}};
 constexpr RoleRow kEllipse[] = {{10, Place}, {11, Direction}, {210, PlaneDirection}};
 constexpr RoleRow kSpline[] = {{10, Place}, {11, Place}, {12, Direction}, {13, Direction}, {210, PlaneDirection}};
 constexpr RoleRow kHelix[] = {{10, Place}, {11, Place}, {12, Direction}, {40, Length}, {42, Length}};
 constexpr RoleRow kXline[] = {{10, Place}, {11, Direction}};
-constexpr RoleRow kPolyline[] = {{10, PlacePlane}, {38, Elevation}, {39, Length},         {40, Length},
+constexpr RoleRow kPolyline[] = {{10, PlacePlane}, {38, Elevation}, {39, Thickness},      {40, Length},
                                  {41, Length},     {43, Length},    {210, PlaneDirection}};
 constexpr RoleRow k2dPolyline[] = {
-    {10, ElevationPoint}, {39, Length}, {40, Length}, {41, Length}, {210, PlaneDirection}};
+    {10, ElevationPoint}, {39, Thickness}, {40, Length}, {41, Length}, {210, PlaneDirection}};
 constexpr RoleRow k2dVertex[] = {{10, PlacePlane}, {40, Length}, {41, Length}, {50, AnglePlane}};
 constexpr RoleRow kSpaceVertex[] = {{10, Place}};
-constexpr RoleRow kText[] = {{10, PlacePlane}, {11, PlacePlane}, {39, Length},
-                             {40, Length},     {50, AnglePlane}, {210, PlaneDirection}};
-constexpr RoleRow kShape[] = {{10, PlacePlane}, {39, Length}, {40, Length}, {50, AnglePlane}, {210, PlaneDirection}};
-constexpr RoleRow kMText[] = {{10, Place},  {11, Direction}, {40, Length},     {41, Length},         {42, Length},
-                              {43, Length}, {46, Length},    {50, AnglePlane}, {210, PlaneDirection}};
+constexpr RoleRow kText[] = {{10, PlacePlane}, {11, PlacePlane}, {39, Thickness},
+                             {40, Length},     {50, TurnPlane},  {210, PlaneDirection}};
+constexpr RoleRow kShape[] = {{10, PlacePlane}, {39, Thickness}, {40, Length}, {50, TurnPlane}, {210, PlaneDirection}};
+constexpr RoleRow kMText[] = {{10, Place},  {11, Direction}, {40, Length},    {41, Length},         {42, Length},
+                              {43, Length}, {46, Length},    {50, TurnPlane}, {210, PlaneDirection}};
 constexpr RoleRow kTolerance[] = {{10, Place}, {11, Direction}, {210, PlaneDirection}};
 constexpr RoleRow kBlockReference[] = {{10, PlacePlane}, {210, PlaneDirection}};
 constexpr RoleRow kTable[] = {{11, Direction}};
@@ -39,7 +39,7 @@ constexpr RoleRow kDimensionPoints[] = {{12, PlacePlane}, {13, Place}, {14, Plac
                                         {15, Place},      {16, Place}, {17, Place}};
 constexpr RoleRow kAngularPoints[] = {{13, Place}, {14, Place}, {15, Place}, {16, PlacePlane}};
 constexpr RoleRow kTrace[] = {{10, PlacePlane}, {11, PlacePlane}, {12, PlacePlane},
-                              {13, PlacePlane}, {39, Length},     {210, PlaneDirection}};
+                              {13, PlacePlane}, {39, Thickness},  {210, PlaneDirection}};
 constexpr RoleRow kFace[] = {{10, Place}, {11, Place}, {12, Place}, {13, Place}};
 constexpr RoleRow kLeader[] = {{10, Place},      {40, Length},     {41, Length},    {210, PlaneDirection},
                                {211, Direction}, {212, Direction}, {213, Direction}};

@@ -18,6 +18,8 @@ enum class Role : std::uint8_t
     ElevationPoint, ///< the same as the third coordinate of a point whose others mean nothing
     Length,         ///< a length along any direction
     AnglePlane,     ///< degrees from the x axis of the entity's plane
+    TurnPlane,      ///< as AnglePlane, zero where it is missing, unless group 11 gives the direction
+    Thickness,      ///< a length along the normal
     Matrix          ///< sixteen numbers of a matrix, row by row
 };
 

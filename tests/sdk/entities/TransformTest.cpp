@@ -1,4 +1,5 @@
 // Moving, turning, mirroring and scaling: whatever is drawn afterwards has to be what was drawn before, mapped.
+#include <algorithm>
 #include <vector>
 
 #include "DbCircle.h"
@@ -16,7 +17,8 @@ namespace
 
 using namespace entitytest;
 
-/// Keeps every point of what is drawn; curves leave sixteen points each.
+/// Keeps every point of what is drawn; curves leave sixteen points each, whole circles, which may start anywhere, their
+/// centre and the ends of their axis.
 class PointGeometry : public gi::Geometry
 {
 public:
@@ -25,6 +27,10 @@ public:
     void ellipArc(const OdGePoint3d& center, const OdGeVector3d& majorAxis, const OdGeVector3d& minorAxis,
                   double startAngle, double endAngle) override
     {
+        const double radius = majorAxis.length();
+        if (std::fabs(endAngle - startAngle - 2 * 3.14159265358979323846) < 1e-9 &&
+            std::fabs(minorAxis.length() - radius) < 1e-9)
+            return keepCircle(toWorld() * center, toWorld() * majorAxis, toWorld() * minorAxis);
         for (int i = 0; i <= 16; ++i)
         {
             const double t = startAngle + (endAngle - startAngle) * i / 16;
@@ -36,7 +42,7 @@ public:
         for (OdInt32 i = 0; i < count; ++i)
             points.push_back(toWorld() * from[i]);
         if (normal && worldDraw().traits().thickness() != 0.0)
-            points.push_back(points.back() + *normal * worldDraw().traits().thickness());
+            points.push_back(points.back() + toWorld() * (*normal * worldDraw().traits().thickness()));
     }
     void xline(const OdGePoint3d& first, const OdGePoint3d& second) override
     {
@@ -46,6 +52,13 @@ public:
     void ray(const OdGePoint3d& first, const OdGePoint3d& second) override { xline(first, second); }
 
     std::vector<OdGePoint3d> points;
+
+private:
+    void keepCircle(const OdGePoint3d& center, const OdGeVector3d& major, const OdGeVector3d& minor)
+    {
+        const OdGeVector3d axis = major.crossProduct(minor) * (1.0 / major.length());
+        points.insert(points.end(), {center, center + axis, center - axis});
+    }
 };
 
 class PointDraw : public gi::WorldDraw
@@ -110,7 +123,8 @@ const Kind kKinds[] = {
      "1|42 0.5|97 0|75 0|76 1|98 1|10 1|20 1"},
     {"tilted hatch of edges", "HATCH",
      "100 AcDbHatch|10 0|20 0|30 3" TILTED "|2 ANSI31|70 0|71 0|91 1|92 1|93 4|72 1|10 0|20 0|11 4|21 0|72 2|10 2|20 "
-     "0|40 2|50 10|51 170|73 1|72 2|10 2|20 0|40 1|50 10|51 80|73 0|72 3|10 1|20 1|11 3|21 1|40 0.5|50 10|51 200|73 0|97 "
+     "0|40 2|50 10|51 170|73 1|72 2|10 2|20 0|40 1|50 10|51 80|73 0|72 3|10 1|20 1|11 3|21 1|40 0.5|50 10|51 200|73 "
+     "0|97 "
      "0|75 0|76 1|52 0|41 1|77 0|78 1|53 45|43 7|44 7|45 -2|46 2|79 0|98 0"},
     {"hatch of a spline", "HATCH",
      "100 AcDbHatch|10 0|20 0|30 0|2 SOLID|70 1|71 0|91 1|92 1|93 1|72 4|94 2|73 0|74 0|95 6|96 3|40 0|40 0|40 0|40 "
@@ -138,9 +152,13 @@ std::vector<Map> similarities()
                                  OdGeMatrix3d::translation(OdGeVector3d(5, 6, 7))}};
 }
 
-void expectPoints(const std::vector<OdGePoint3d>& found, const std::vector<OdGePoint3d>& expected,
-                  const std::string& what)
+/// Which way round a circle is drawn, nobody sees, so the order of points does not count.
+void expectPoints(std::vector<OdGePoint3d> found, std::vector<OdGePoint3d> expected, const std::string& what)
 {
+    const auto before = [](const OdGePoint3d& a, const OdGePoint3d& b)
+    { return a.x + 3.1 * a.y + 7.7 * a.z < b.x + 3.1 * b.y + 7.7 * b.z; };
+    std::sort(found.begin(), found.end(), before);
+    std::sort(expected.begin(), expected.end(), before);
     ASSERT_EQ(found.size(), expected.size()) << what;
     for (std::size_t i = 0; i < found.size(); ++i)
         ASSERT_LT(found[i].distanceTo(expected[i]), 1e-8) << what << ", point " << i;
@@ -238,8 +256,7 @@ TEST_F(EntityTest, UnknownKindsMoveByTheirListedGroups)
     {
         const OdDbEntityPtr entity = entityFrom(row.dxfName, row.before);
         ASSERT_EQ(entity->transformBy(move), eOk) << row.what;
-        EXPECT_TRUE(oddb::ObjectCore::groups(*entity) ==
-                    groupsFrom("100 AcDbEntity|8 0|" + std::string(row.after)))
+        EXPECT_TRUE(oddb::ObjectCore::groups(*entity) == groupsFrom("100 AcDbEntity|8 0|" + std::string(row.after)))
             << row.what;
     }
     const OdDbEntityPtr solid = entityFrom("3DSOLID", "100 AcDbModelerGeometry|70 1|1 whatever");
@@ -248,8 +265,9 @@ TEST_F(EntityTest, UnknownKindsMoveByTheirListedGroups)
 
 TEST_F(EntityTest, DimensionsMoveWithTheirBlockButDoNotTurn)
 {
-    OdDbEntityPtr entity = entityFrom("DIMENSION", "100 AcDbDimension|2 *D1|10 1|20 2|30 0|11 5|21 5|31 0|70 33|42 "
-                                                   "7.5|3 Standard|100 AcDbAlignedDimension|13 0|23 0|33 0|14 9|24 0|34 0");
+    OdDbEntityPtr entity =
+        entityFrom("DIMENSION", "100 AcDbDimension|2 *D1|10 1|20 2|30 0|11 5|21 5|31 0|70 33|42 "
+                                "7.5|3 Standard|100 AcDbAlignedDimension|13 0|23 0|33 0|14 9|24 0|34 0");
     OdDbAlignedDimensionPtr dimension = OdDbAlignedDimension::cast(entity);
     ASSERT_FALSE(dimension.isNull());
     EXPECT_TRUE(dimension->isSingleDimBlockReference());
