@@ -1,6 +1,8 @@
 // A start always opens a transaction; an end or abort with nothing open is silently passed over.
 #include "framework/TransactionCommands.h"
 
+#include "DbDatabase.h"
+
 static constexpr FrameCheckRow kChecks[] = {{EFrameCheck::HasDatabase, eNoDatabase, L"pDb"}};
 
 static constexpr CommandRow kStart = {L"CCommandStartTransaction", CommandGroup::kTransaction, L"TRANSACTIONSTART",
