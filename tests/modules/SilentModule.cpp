@@ -1,0 +1,5 @@
+// A file that can be loaded but is no module.
+extern "C" int silentModuleNumber()
+{
+    return 1;
+}
