@@ -19,6 +19,7 @@ public:
     OdError(const OdChar* message) : OdError(OdString(message)) {}
     /** An error with a code and a text of its own. */
     OdError(OdResult code, const OdString& message);
+    OdError(OdResult code, const OdChar* message) : OdError(code, OdString(message)) {}
     /** An error that is the consequence of another. */
     OdError(OdResult code, const OdError& previous);
     OdError(const OdString& message, const OdError& previous);

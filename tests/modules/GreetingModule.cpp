@@ -3,9 +3,6 @@
 #include "RxModule.h"
 #include "RxObjectImpl.h"
 
-namespace
-{
-
 class Greeting : public OdRxObject
 {
 public:
@@ -20,7 +17,5 @@ public:
     void initApp() override { Greeting::rxInit(); }
     void uninitApp() override { Greeting::rxUninit(); }
 };
-
-} // namespace
 
 ODRX_DEFINE_DYNAMIC_MODULE(GreetingModule, L"GreetingModule.tx")
