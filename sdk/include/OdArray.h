@@ -415,8 +415,8 @@ private:
         const size_type needed = present + more;
         if (needed > capacity())
             reallocate(std::max(needed, present < UINT_MAX / 2 ? present + present / 2 + 4 : needed));
-        else
-            own();
+        else if (m_data && isShared())
+            reallocate(needed);
     }
     template<class Construct>
     void changeLength(size_type length, Construct construct)

@@ -274,6 +274,10 @@ OdChar odToLower(OdChar character);
 
 /** True when both texts are the same without regard to case. */
 bool odEqualsNoCase(std::wstring_view first, std::wstring_view second);
+inline bool odEqualsNoCase(const OdString& first, const OdString& second)
+{
+    return odEqualsNoCase(first.view(), second.view());
+}
 
 /** Compares as OdString::iCompare. */
 int odCompareNoCase(std::wstring_view first, std::wstring_view second);

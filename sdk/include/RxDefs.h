@@ -33,11 +33,11 @@ using OdPseudoConstructorType = OdSmartPtr<OdRxObject> (*)();
     {                                                                                                                  \
         return g_pDesc;                                                                                                \
     }                                                                                                                  \
-    static OdSmartPtr<ClassName> createObject();                                                                       \
-    static OdSmartPtr<OdRxObject> pseudoConstructor();                                                                 \
-    static void rxInit();                                                                                              \
-    static void rxInit(AppNameChangeFuncPtr changeAppName);                                                            \
-    static void rxUninit();                                                                                            \
+    [[maybe_unused]] static OdSmartPtr<ClassName> createObject();                                                      \
+    [[maybe_unused]] static OdSmartPtr<OdRxObject> pseudoConstructor();                                                \
+    [[maybe_unused]] static void rxInit();                                                                             \
+    [[maybe_unused]] static void rxInit(AppNameChangeFuncPtr changeAppName);                                           \
+    [[maybe_unused]] static void rxUninit();                                                                           \
     OdRxClass* isA() const override
 
 /** How a class makes its objects; the last argument of the defining macros. */
