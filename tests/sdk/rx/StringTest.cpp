@@ -146,9 +146,8 @@ TEST(String, FoldingIsStableAndKeepsOneCharacterOne)
     for (OdChar character = 0; character < 0x30000; ++character)
     {
         const OdChar folded = odCaseFold(character);
-        ASSERT_EQ(odCaseFold(folded), folded) << std::hex << character;
-        if (character < 0x80)
-            ASSERT_EQ(odToUpper(odToLower(character)), odToUpper(character)) << character;
+        ASSERT_EQ(odCaseFold(folded), folded) << std::hex << static_cast<int>(character);
+        ASSERT_TRUE(character >= 0x80 || odToUpper(odToLower(character)) == odToUpper(character));
     }
 }
 
