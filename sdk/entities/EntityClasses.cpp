@@ -318,6 +318,12 @@ const DxfClass* classOf(const OdRxClass* runtimeClass)
     return nullptr;
 }
 
+Groups initialGroupsOf(const OdRxClass* runtimeClass)
+{
+    const DxfClass* known = classOf(runtimeClass);
+    return known ? initialGroups(*known) : Groups();
+}
+
 Groups initialGroups(const DxfClass& dxfClass)
 {
     const EntityClass* row = rowOf(dxfClass);

@@ -23,5 +23,7 @@ const oddb::DxfClass* classOf(const OdRxClass* runtimeClass);
 
 /// What an object of the class begins with: all markers and the groups without which a file is not accepted.
 oddb::Groups initialGroups(const oddb::DxfClass& dxfClass);
+/// The same for a runtime class; empty for one without tables.
+oddb::Groups initialGroupsOf(const OdRxClass* runtimeClass);
 
 } // namespace entityclasses

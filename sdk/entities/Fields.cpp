@@ -88,10 +88,7 @@ const DxfClass& classOf(const OdDbObject& object)
 Groups groupsOf(const OdDbObject& object)
 {
     Groups groups = ObjectCore::groups(object);
-    if (groups)
-        return groups;
-    const DxfClass* dxfClass = entityclasses::classOf(object.isA());
-    return dxfClass ? entityclasses::initialGroups(*dxfClass) : groups;
+    return groups ? groups : entityclasses::initialGroupsOf(object.isA());
 }
 
 void setReal(OdDbObject& object, const DxfSubclass& table, int code, double value)
