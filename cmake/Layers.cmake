@@ -3,11 +3,11 @@
 # layer has an include root of its own in the build tree that holds nothing but links to its folders. An include that
 # reaches over a wall does not compile.
 
-# zol_layer(<target> FOLDERS <folder>... [KNOWS <layer>...] [LIBRARIES <library>...])
-# Makes the objects <target> and <target>_headers, which stands for the layer's include root and what it knows.
-# A layer that has no source yet is headers only.
+# zol_layer(<target> FOLDERS <folder>... [KNOWS <layer>...] [LIBRARIES <library>...] [HIDDEN])
+# Makes the objects <target> and <target>_headers, which stands for the layer's include root and what it knows. With
+# HIDDEN, a library made of the layer shows only what is marked for export. A layer that has no source yet is headers only.
 function(zol_layer target)
-    cmake_parse_arguments(PARSE_ARGV 1 LAYER "" "" "FOLDERS;KNOWS;LIBRARIES")
+    cmake_parse_arguments(PARSE_ARGV 1 LAYER "HIDDEN" "" "FOLDERS;KNOWS;LIBRARIES")
     set(root ${CMAKE_BINARY_DIR}/walls/${target})
     set(sources)
     foreach(folder IN LISTS LAYER_FOLDERS)
@@ -29,21 +29,16 @@ function(zol_layer target)
     if(sources)
         add_library(${target} OBJECT ${sources})
         target_link_libraries(${target} PUBLIC ${target}_headers)
+        if(LAYER_HIDDEN)
+            target_compile_options(${target} PRIVATE -fvisibility=hidden)
+            target_precompile_headers(${target} REUSE_FROM precompiled_hidden)
+        else()
+            target_precompile_headers(${target} REUSE_FROM precompiled)
+        endif()
     else()
         add_library(${target} INTERFACE)
         target_link_libraries(${target} INTERFACE ${target}_headers)
     endif()
-endfunction()
-
-# zol_layer_options(<option>... LAYERS <layer>...): compile options for every one of these layers that has sources.
-function(zol_layer_options)
-    cmake_parse_arguments(PARSE_ARGV 0 OPTIONS "" "" "LAYERS")
-    foreach(layer IN LISTS OPTIONS_LAYERS)
-        get_target_property(type ${layer} TYPE)
-        if(type STREQUAL "OBJECT_LIBRARY")
-            target_compile_options(${layer} PRIVATE ${OPTIONS_UNPARSED_ARGUMENTS})
-        endif()
-    endforeach()
 endfunction()
 
 # zol_objects(<variable> <layer>...): the objects of these layers, for the sources of a library or program.
