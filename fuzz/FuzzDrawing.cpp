@@ -8,7 +8,7 @@
 #include "OdError.h"
 #include "RxInit.h"
 #include "StaticRxObject.h"
-#include "fuzz/MemoryFile.h"
+#include "MemoryFile.h"
 
 #include <cstdio>
 #include <cstdlib>
