@@ -33,7 +33,6 @@ constexpr int kInvisible = 60;
 constexpr int kLineWeight = 370;
 constexpr int kPlotStyle = 390;
 constexpr int kPaperSpace = 67;
-constexpr int kNormal = 210;
 constexpr OdUInt16 kByLayerIndex = 256;
 
 /// Opens every vertex or attribute for write and hands it on.
