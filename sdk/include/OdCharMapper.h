@@ -11,12 +11,13 @@
 /** OdCharMapper converts between the character sets of drawings and Unicode. Threads may share it.
 
     Whatever cannot be converted is kept: a byte that is no character of its code page becomes U+DC00 plus the byte (see
-    OdString) and that byte again on the way back, a character that a code page does not have becomes \U+XXXX. */
+    OdString) and that byte again on the way back, a character that a code page does not have becomes \U+XXXX. As UTF-8,
+    several such bytes in a row that happen to make UTF-8 are the character that they make. */
 class OdCharMapper
 {
 public:
     /** The code page that a drawing's header names ("ANSI_1252"), without regard to case. Returns eInvalidInput, with
-       id unchanged, for a name that is not known. */
+        id unchanged, for a name that is not known. */
     static OdResult getCodepageByDesc(const OdString& description, OdCodePageId& id);
 
     /** The name for a drawing's header. Returns eInvalidInput, with description unchanged, for no code page. */
@@ -45,9 +46,10 @@ public:
         return utf8.find("+") != utf8.npos && findEscape(utf8) != utf8.npos;
     }
 
-    /** Replaces each \U+XXXX (from 0080 on) in UTF-8 text by its character, two surrogates that follow each other by the one character
-        they stand for, and each \M+nXXXX by the character of its double-byte code page. A lone surrogate and whatever
-        has not exactly this form stay as they are. Puts the result behind what the buffer holds. */
+    /** Replaces each \U+XXXX (from 0080 on) in UTF-8 text by its character, two surrogates that follow each other by
+       the one character they stand for, and each \M+nXXXX by the character of its double-byte code page. A lone
+       surrogate and whatever has not exactly this form stay as they are. Puts the result behind what the buffer holds.
+     */
     static void decodeEscapes(std::string_view utf8, std::string& decoded);
     static OdString decodeEscapes(const OdString& text);
 

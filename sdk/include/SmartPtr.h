@@ -41,6 +41,7 @@ protected:
     static void releaseObject(OdRxObject* object);
     /** The object as that class with a reference added; throws OdError_NotThatKindOfClass. */
     static OdRxObject* castObject(const OdRxObject* object, const OdRxClass* aClass);
+    static OdRxObject* take(OdBaseObjectPtr& source) noexcept { return std::exchange(source.m_object, nullptr); }
     void replace(OdRxObject* object)
     {
         if (OdRxObject* old = std::exchange(m_object, object))
@@ -85,6 +86,11 @@ public:
     OdSmartPtr(const OdSmartPtr<Other>& source) : OdBaseObjectPtr(castFrom(source), kOdRxObjAttach)
     {
     }
+    /** Takes over the reference when T is a base of the other class, else adds one. */
+    template<class Other>
+    OdSmartPtr(OdSmartPtr<Other>&& source) : OdBaseObjectPtr(takeFrom(source), kOdRxObjAttach)
+    {
+    }
     explicit OdSmartPtr(const OdBaseObjectPtr& source) : OdBaseObjectPtr(castTo(source.get()), kOdRxObjAttach) {}
 
     OdSmartPtr& operator=(const OdSmartPtr& source)
@@ -113,6 +119,11 @@ public:
     OdSmartPtr& operator=(const OdSmartPtr<Other>& source)
     {
         return *this = OdSmartPtr(source);
+    }
+    template<class Other>
+    OdSmartPtr& operator=(OdSmartPtr<Other>&& source)
+    {
+        return *this = OdSmartPtr(std::move(source));
     }
 
     /** Takes over a reference. */
@@ -146,6 +157,14 @@ private:
         }
         else
             return object ? castObject(object, T::desc()) : nullptr;
+    }
+    template<class Other>
+    static OdRxObject* takeFrom(OdSmartPtr<Other>& source)
+    {
+        if constexpr (std::is_convertible_v<Other*, const T*>)
+            return take(source);
+        else
+            return castTo(source.OdBaseObjectPtr::get());
     }
     template<class Other>
     static OdRxObject* castFrom(const OdSmartPtr<Other>& source)
