@@ -49,10 +49,12 @@ void registerCoreClasses()
 {
     for (const ClassFunctions& functions : kClasses)
         functions.init();
+    registerObjectClasses();
 }
 
 void unregisterCoreClasses()
 {
+    unregisterObjectClasses();
     for (auto functions = std::rbegin(kClasses); functions != std::rend(kClasses); ++functions)
         functions->uninit();
 }

@@ -10,4 +10,8 @@ void registerCoreClasses();
 /// Withdraws them, the last one first.
 void unregisterCoreClasses();
 
+/// As these, for dictionaries, tables, records and layouts; part of the above.
+void registerObjectClasses();
+void unregisterObjectClasses();
+
 } // namespace oddb

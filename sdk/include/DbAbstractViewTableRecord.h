@@ -40,6 +40,6 @@ protected:
     const Codes& codes() const { return m_codes; }
 
 private:
-    const Codes& m_codes;
+    Codes m_codes;
 };
 using OdDbAbstractViewTableRecordPtr = OdSmartPtr<OdDbAbstractViewTableRecord>;

@@ -81,8 +81,6 @@ protected:
     OdDbBlockTableRecord();
 
     OdResult subErase(bool erasing) override;
-    OdDbObjectPtr subDeepClone(OdDbIdMapping& mapping, OdDbObject* ownerObject, bool isPrimary) const override;
-    OdDbObjectPtr subWblockClone(OdDbIdMapping& mapping, OdDbObject* ownerObject, bool isPrimary) const override;
 
 private:
     friend class oddb::BlockCore;

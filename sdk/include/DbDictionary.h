@@ -126,8 +126,6 @@ public:
 
 protected:
     OdDbDictionary();
-    OdDbObjectPtr subDeepClone(OdDbIdMapping& mapping, OdDbObject* ownerObject, bool isPrimary) const override;
-    OdDbObjectPtr subWblockClone(OdDbIdMapping& mapping, OdDbObject* ownerObject, bool isPrimary) const override;
 
 private:
     friend class oddb::DictionaryCore;

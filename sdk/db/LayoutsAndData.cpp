@@ -1,0 +1,171 @@
+// Data of applications, plot settings and layouts.
+#include "DatabaseImpl.h"
+#include "DbDictionary.h"
+#include "DbLayout.h"
+#include "DbXrecord.h"
+#include "OdError.h"
+#include "RecordFields.h"
+#include "ResBufGroups.h"
+
+using oddb::GroupsBuilder;
+using oddb::ObjectCore;
+
+// ---- Data of applications ------------------------------------------------------------------------------------------
+
+namespace
+{
+
+constexpr int kXrecordMergeCode = 280;
+
+// The values stand behind the merge style, which comes first and may look like one of them.
+bool isHead(const oddb::GroupView& group, int place)
+{
+    return group.beginsSection() || (place == 1 && group.code() == kXrecordMergeCode);
+}
+
+} // namespace
+
+OdDbXrecord::OdDbXrecord()
+{
+    ObjectCore::putGroups(*this, oddb::initialGroups(oddb::recordtables::kXrecord, {kXrecordMergeCode}));
+}
+
+OdResBufPtr OdDbXrecord::rbChain() const
+{
+    GroupsBuilder values;
+    int place = 0;
+    for (const oddb::GroupView& group : oddb::readableGroups(*this))
+        if (!isHead(group, place++))
+            values.append(group);
+    return oddb::toChain(values.build());
+}
+
+OdResult OdDbXrecord::setFromRbChain(const OdResBuf* chain)
+{
+    assertWriteEnabled(false, false);
+    GroupsBuilder groups;
+    int place = 0;
+    for (const oddb::GroupView& group : oddb::readableGroups(*this))
+        if (isHead(group, place++))
+            groups.append(group);
+    for (OdResBufPtr element(chain); !element.isNull(); element = element->next())
+        oddb::appendElement(groups, *element, database());
+    ObjectCore::changeGroups(*this, groups.build());
+    return eOk;
+}
+
+// ---- Plot settings -------------------------------------------------------------------------------------------------
+
+namespace
+{
+
+constexpr int kModelFlag = 1024;
+
+const oddb::RecordFields kPlot(oddb::recordtables::kLayout, 0);
+const oddb::RecordFields kLayout(oddb::recordtables::kLayout);
+
+} // namespace
+
+OdDbPlotSettings::OdDbPlotSettings()
+{
+    ObjectCore::putGroups(*this,
+                          oddb::initialGroups(oddb::recordtables::kPlotSettings,
+                                              {1,   2,   4,   6,  40, 41, 42, 43, 44, 45, 46, 47, 48,  49,  140,
+                                               141, 142, 143, 70, 72, 73, 74, 7,  75, 76, 77, 78, 147, 148, 149}));
+}
+
+OdString OdDbPlotSettings::getPlotSettingsName() const
+{
+    return kPlot.text(*this, 1);
+}
+
+OdString OdDbPlotSettings::getPlotCfgName() const
+{
+    return kPlot.text(*this, 2);
+}
+
+OdString OdDbPlotSettings::getCanonicalMediaName() const
+{
+    return kPlot.text(*this, 4);
+}
+
+void OdDbPlotSettings::getPlotPaperSize(double& width, double& height) const
+{
+    width = kPlot.real(*this, 44);
+    height = kPlot.real(*this, 45);
+}
+
+bool OdDbPlotSettings::modelType() const
+{
+    return kPlot.flag(*this, 70, kModelFlag);
+}
+
+// ---- Layouts -------------------------------------------------------------------------------------------------------
+
+OdDbLayout::OdDbLayout()
+{
+    GroupsBuilder groups;
+    groups.append(ObjectCore::groups(*this));
+    const oddb::Groups own =
+        oddb::initialGroups(oddb::recordtables::kLayout, {1, 70, 71, 10, 11, 12, 14, 15, 146, 13, 16, 17, 76, 330});
+    bool isOwn = false;
+    for (const oddb::GroupView& group : own)
+    {
+        isOwn = isOwn || group.is(oddb::recordtables::kLayout.subclasses.back()->marker);
+        if (isOwn)
+            groups.append(group);
+    }
+    ObjectCore::putGroups(*this, groups.build());
+    kLayout.setPoint(*this, 16, {1.0, 0.0, 0.0});
+    kLayout.setPoint(*this, 17, {0.0, 1.0, 0.0});
+}
+
+OdString OdDbLayout::getLayoutName() const
+{
+    return kLayout.text(*this, 1);
+}
+
+void OdDbLayout::setLayoutName(const OdString& name)
+{
+    assertWriteEnabled(false, false);
+    if (name.isEmpty())
+        throw OdError(eInvalidKey);
+    const OdDbDictionaryPtr layouts =
+        isDBRO() ? OdDbDictionary::cast(ownerId().openObject(OdDb::kForWrite)) : OdDbDictionaryPtr();
+    const OdString present = layouts.isNull() ? OdString() : layouts->nameAt(objectId());
+    if (!present.isEmpty() && present != name && !layouts->setName(present, name))
+        throw OdError(eDuplicateKey);
+    kLayout.setText(*this, 1, name);
+}
+
+OdDbObjectId OdDbLayout::getBlockTableRecordId() const
+{
+    return kLayout.stub(*this, 330);
+}
+
+void OdDbLayout::setBlockTableRecordId(OdDbObjectId blockId)
+{
+    kLayout.setId(*this, 330, blockId);
+}
+
+int OdDbLayout::getTabOrder() const
+{
+    return kLayout.integer(*this, 71);
+}
+
+void OdDbLayout::setTabOrder(int order)
+{
+    kLayout.setInteger(*this, 71, order);
+}
+
+void OdDbLayout::getLimits(OdGePoint2d& minimum, OdGePoint2d& maximum) const
+{
+    minimum = kLayout.point2d(*this, 10);
+    maximum = kLayout.point2d(*this, 11);
+}
+
+void OdDbLayout::getExtents(OdGePoint3d& minimum, OdGePoint3d& maximum) const
+{
+    minimum = kLayout.point(*this, 14);
+    maximum = kLayout.point(*this, 15);
+}

@@ -1,0 +1,125 @@
+// The runtime classes of dictionaries, tables, records, layouts and their helpers, bases first.
+#include "DbClasses.h"
+
+#include <iterator>
+
+#include "DbBlockTable.h"
+#include "DbBlockTableRecord.h"
+#include "DbDictionary.h"
+#include "DbDimStyleTable.h"
+#include "DbDimStyleTableRecord.h"
+#include "DbLayerTable.h"
+#include "DbLayerTableRecord.h"
+#include "DbLayout.h"
+#include "DbLinetypeTable.h"
+#include "DbLinetypeTableRecord.h"
+#include "DbObjectIterator.h"
+#include "DbRegAppTable.h"
+#include "DbRegAppTableRecord.h"
+#include "DbTextStyleTable.h"
+#include "DbTextStyleTableRecord.h"
+#include "DbUCSTable.h"
+#include "DbUCSTableRecord.h"
+#include "DbViewTable.h"
+#include "DbViewTableRecord.h"
+#include "DbViewportTable.h"
+#include "DbViewportTableRecord.h"
+#include "DbXrecord.h"
+#include "RecordTables.h"
+
+ODRX_NO_CONS_DEFINE_MEMBERS(OdDbDictionaryIterator, OdRxDictionaryIterator);
+ODRX_NO_CONS_DEFINE_MEMBERS(OdDbSymbolTableIterator, OdRxObject);
+ODDB_DEFINE_MEMBERS(OdDbDictionary, OdDbObject, DBOBJECT_CONSTR, L"DICTIONARY");
+ODDB_DEFINE_MEMBERS(OdDbDictionaryWithDefault, OdDbDictionary, DBOBJECT_CONSTR, L"ACDBDICTIONARYWDFLT");
+ODDB_DEFINE_MEMBERS(OdDbXrecord, OdDbObject, DBOBJECT_CONSTR, L"XRECORD");
+ODDB_DEFINE_MEMBERS(OdDbPlotSettings, OdDbObject, DBOBJECT_CONSTR, L"PLOTSETTINGS");
+ODDB_DEFINE_MEMBERS(OdDbLayout, OdDbPlotSettings, DBOBJECT_CONSTR, L"LAYOUT");
+
+ODDB_DEFINE_MEMBERS(OdDbSymbolTable, OdDbObject, EMPTY_CONSTR, nullptr);
+ODDB_DEFINE_MEMBERS(OdDbBlockTable, OdDbSymbolTable, DBOBJECT_CONSTR, nullptr);
+ODDB_DEFINE_MEMBERS(OdDbLayerTable, OdDbSymbolTable, DBOBJECT_CONSTR, nullptr);
+ODDB_DEFINE_MEMBERS(OdDbLinetypeTable, OdDbSymbolTable, DBOBJECT_CONSTR, nullptr);
+ODDB_DEFINE_MEMBERS(OdDbTextStyleTable, OdDbSymbolTable, DBOBJECT_CONSTR, nullptr);
+ODDB_DEFINE_MEMBERS(OdDbDimStyleTable, OdDbSymbolTable, DBOBJECT_CONSTR, nullptr);
+ODDB_DEFINE_MEMBERS(OdDbRegAppTable, OdDbSymbolTable, DBOBJECT_CONSTR, nullptr);
+ODDB_DEFINE_MEMBERS(OdDbUCSTable, OdDbSymbolTable, DBOBJECT_CONSTR, nullptr);
+ODDB_DEFINE_MEMBERS(OdDbViewTable, OdDbSymbolTable, DBOBJECT_CONSTR, nullptr);
+ODDB_DEFINE_MEMBERS(OdDbViewportTable, OdDbSymbolTable, DBOBJECT_CONSTR, nullptr);
+
+ODDB_DEFINE_MEMBERS(OdDbSymbolTableRecord, OdDbObject, EMPTY_CONSTR, nullptr);
+ODDB_DEFINE_MEMBERS(OdDbBlockTableRecord, OdDbSymbolTableRecord, DBOBJECT_CONSTR, L"BLOCK_RECORD");
+ODDB_DEFINE_MEMBERS(OdDbLayerTableRecord, OdDbSymbolTableRecord, DBOBJECT_CONSTR, L"LAYER");
+ODDB_DEFINE_MEMBERS(OdDbLinetypeTableRecord, OdDbSymbolTableRecord, DBOBJECT_CONSTR, L"LTYPE");
+ODDB_DEFINE_MEMBERS(OdDbTextStyleTableRecord, OdDbSymbolTableRecord, DBOBJECT_CONSTR, L"STYLE");
+ODDB_DEFINE_MEMBERS(OdDbDimStyleTableRecord, OdDbSymbolTableRecord, DBOBJECT_CONSTR, L"DIMSTYLE");
+ODDB_DEFINE_MEMBERS(OdDbRegAppTableRecord, OdDbSymbolTableRecord, DBOBJECT_CONSTR, L"APPID");
+ODDB_DEFINE_MEMBERS(OdDbUCSTableRecord, OdDbSymbolTableRecord, DBOBJECT_CONSTR, L"UCS");
+ODDB_DEFINE_MEMBERS(OdDbAbstractViewTableRecord, OdDbSymbolTableRecord, EMPTY_CONSTR, nullptr);
+ODDB_DEFINE_MEMBERS(OdDbViewTableRecord, OdDbAbstractViewTableRecord, DBOBJECT_CONSTR, L"VIEW");
+ODDB_DEFINE_MEMBERS(OdDbViewportTableRecord, OdDbAbstractViewTableRecord, DBOBJECT_CONSTR, L"VPORT");
+
+namespace oddb
+{
+
+namespace
+{
+
+struct ClassFunctions
+{
+    void (*init)();
+    void (*uninit)();
+};
+
+template<class T>
+constexpr ClassFunctions functionsOf()
+{
+    return {&T::rxInit, &T::rxUninit};
+}
+
+constexpr ClassFunctions kClasses[] = {
+    functionsOf<OdDbDictionaryIterator>(),
+    functionsOf<OdDbSymbolTableIterator>(),
+    functionsOf<OdDbDictionary>(),
+    functionsOf<OdDbDictionaryWithDefault>(),
+    functionsOf<OdDbXrecord>(),
+    functionsOf<OdDbPlotSettings>(),
+    functionsOf<OdDbLayout>(),
+    functionsOf<OdDbSymbolTable>(),
+    functionsOf<OdDbBlockTable>(),
+    functionsOf<OdDbLayerTable>(),
+    functionsOf<OdDbLinetypeTable>(),
+    functionsOf<OdDbTextStyleTable>(),
+    functionsOf<OdDbDimStyleTable>(),
+    functionsOf<OdDbRegAppTable>(),
+    functionsOf<OdDbUCSTable>(),
+    functionsOf<OdDbViewTable>(),
+    functionsOf<OdDbViewportTable>(),
+    functionsOf<OdDbSymbolTableRecord>(),
+    functionsOf<OdDbBlockTableRecord>(),
+    functionsOf<OdDbLayerTableRecord>(),
+    functionsOf<OdDbLinetypeTableRecord>(),
+    functionsOf<OdDbTextStyleTableRecord>(),
+    functionsOf<OdDbDimStyleTableRecord>(),
+    functionsOf<OdDbRegAppTableRecord>(),
+    functionsOf<OdDbUCSTableRecord>(),
+    functionsOf<OdDbAbstractViewTableRecord>(),
+    functionsOf<OdDbViewTableRecord>(),
+    functionsOf<OdDbViewportTableRecord>(),
+};
+
+} // namespace
+
+void registerObjectClasses()
+{
+    for (const ClassFunctions& functions : kClasses)
+        functions.init();
+    registerRecordTables();
+}
+
+void unregisterObjectClasses()
+{
+    for (auto functions = std::rbegin(kClasses); functions != std::rend(kClasses); ++functions)
+        functions->uninit();
+}
+
+} // namespace oddb
