@@ -1,6 +1,9 @@
 // Writing and reading rows of groups through filers.
 #include "GroupsFiling.h"
 
+#include <algorithm>
+#include <string>
+
 #include "DbHandle.h"
 #include "Ge/GePoint2d.h"
 #include "Ge/GePoint3d.h"
@@ -17,7 +20,7 @@ namespace
 {
 
 constexpr OdInt16 kNoGroup = -32768;
-constexpr OdUInt32 kLongestChunk = 1u << 30;
+constexpr std::size_t kPiece = 4096;
 
 // ---- DWG-style -----------------------------------------------------------------------------------------------------
 
@@ -51,21 +54,27 @@ OdDbStub* readId(OdDbDwgFiler& filer, int code)
     }
 }
 
+// In pieces, so that a length that is a lie costs no more memory than there are bytes.
 void writeBytes(OdDbDwgFiler& filer, std::string_view bytes)
 {
     filer.wrInt32(static_cast<OdInt32>(bytes.size()));
-    filer.wrBytes(bytes.data(), static_cast<OdUInt32>(bytes.size()));
+    for (; !bytes.empty(); bytes.remove_prefix(std::min(bytes.size(), kPiece)))
+        filer.wrBytes(bytes.data(), static_cast<OdUInt32>(std::min(bytes.size(), kPiece)));
 }
 
 std::string readBytes(OdDbDwgFiler& filer)
 {
     const OdInt32 length = filer.rdInt32();
-    if (length < 0 || static_cast<OdUInt32>(length) > kLongestChunk)
+    if (length < 0)
         throw OdError(eDwgObjectImproperlyRead);
     std::string bytes;
-    // The length may be a lie; the filer refuses before memory is taken for it when it knows how much there is.
-    bytes.resize(static_cast<std::size_t>(length));
-    filer.rdBytes(bytes.data(), static_cast<OdUInt32>(length));
+    for (auto left = static_cast<std::size_t>(length); left > 0;)
+    {
+        const std::size_t piece = std::min(left, kPiece);
+        bytes.resize(bytes.size() + piece);
+        filer.rdBytes(bytes.data() + bytes.size() - piece, static_cast<OdUInt32>(piece));
+        left -= piece;
+    }
     return bytes;
 }
 

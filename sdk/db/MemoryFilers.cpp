@@ -82,14 +82,6 @@ void MemoryDwgFiler::put(const void* bytes, std::size_t size)
     m_position = m_source.size();
 }
 
-template<class T>
-void MemoryDwgFiler::write(Tag tag, const T& value)
-{
-    std::uint8_t bytes[1 + sizeof(T)] = {static_cast<std::uint8_t>(tag)};
-    std::memcpy(bytes + 1, &value, sizeof(T));
-    put(bytes, sizeof bytes);
-}
-
 // The payload of the value that comes next; the position stays.
 const std::uint8_t* MemoryDwgFiler::peek(Tag tag, std::size_t size) const
 {
@@ -100,15 +92,6 @@ const std::uint8_t* MemoryDwgFiler::peek(Tag tag, std::size_t size) const
     if (m_source.size() - m_position - 1 < size)
         throw OdError(eEndOfFile);
     return m_source.data() + m_position + 1;
-}
-
-template<class T>
-T MemoryDwgFiler::read(Tag tag)
-{
-    T value;
-    std::memcpy(&value, peek(tag, sizeof(T)), sizeof(T));
-    m_position += 1 + sizeof(T);
-    return value;
 }
 
 void MemoryDwgFiler::writeText(Tag tag, std::string_view text)

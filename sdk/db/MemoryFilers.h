@@ -10,6 +10,7 @@
 #pragma once
 
 #include <cstdint>
+#include <cstring>
 #include <functional>
 #include <span>
 #include <string_view>
@@ -131,5 +132,22 @@ private:
     std::vector<Groups> m_groups;
     Translate m_translate;
 };
+
+template<class T>
+void MemoryDwgFiler::write(Tag tag, const T& value)
+{
+    std::uint8_t bytes[1 + sizeof(T)] = {static_cast<std::uint8_t>(tag)};
+    std::memcpy(bytes + 1, &value, sizeof(T));
+    put(bytes, sizeof bytes);
+}
+
+template<class T>
+T MemoryDwgFiler::read(Tag tag)
+{
+    T value;
+    std::memcpy(&value, peek(tag, sizeof(T)), sizeof(T));
+    m_position += 1 + sizeof(T);
+    return value;
+}
 
 } // namespace oddb

@@ -56,6 +56,8 @@ OdResult open(OdDbStub* stub, OdDb::OpenMode mode, bool openErased)
         return eInvalidObjectId;
     if (stub->isErased() && !openErased)
         return eWasErased;
+    if (stub->has(OdDbStub::kUndone) && !stub->database->isUndoing())
+        return ePermanentlyErased;
     return oddb::ObjectCore::open(*stub->object, mode);
 }
 

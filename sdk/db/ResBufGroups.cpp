@@ -1,6 +1,8 @@
 // Chains of result buffers to groups and back.
 #include "ResBufGroups.h"
 
+#include <optional>
+
 #include "DatabaseImpl.h"
 #include "Ge/GePoint3d.h"
 #include "GroupCodes.h"
@@ -24,9 +26,42 @@ void appendBinary(GroupsBuilder& builder, const OdResBuf& element)
     builder.binary(element.restype(), {reinterpret_cast<const char*>(data.asArrayPtr()), data.size()});
 }
 
-void appendHandle(GroupsBuilder& builder, const OdResBuf& element, OdDbDatabase* database)
+// The value in the form that get asks for; none when the element holds another one.
+template<class Get>
+auto valueIn(Get get) -> std::optional<decltype(get())>
 {
-    builder.id(element.restype(), stubOf(element.getObjectId(database)));
+    try
+    {
+        return get();
+    }
+    catch (const OdError&)
+    {
+        return std::nullopt;
+    }
+}
+
+OdDbHandle handleOf(const OdResBuf& element)
+{
+    if (const auto handle = valueIn([&] { return element.getHandle(); }))
+        return *handle;
+    OdDbHandle handle;
+    if (!OdDbHandle::parse(element.getString().view(), handle))
+        throw OdError(eInvalidResBuf);
+    return handle;
+}
+
+// A reference is given as an id, as a handle or as the text of a handle.
+void appendReference(GroupsBuilder& builder, const OdResBuf& element, OdDbDatabase* database)
+{
+    if (const auto id = valueIn([&] { return element.getObjectId(); }))
+    {
+        builder.id(element.restype(), stubOf(*id));
+        return;
+    }
+    const OdDbHandle handle = handleOf(element);
+    if (!database)
+        throw OdError(eNoDatabase);
+    builder.id(element.restype(), stubOf(database->getOdDbObjectId(handle, true)));
 }
 
 void appendLayer(GroupsBuilder& builder, const OdResBuf& element, OdDbDatabase* database)
@@ -126,7 +161,7 @@ void appendElement(GroupsBuilder& builder, const OdResBuf& element, OdDbDatabase
         builder.boolean(code, element.getBool());
         return;
     case GroupValue::Handle:
-        return appendHandle(builder, element, database);
+        return appendReference(builder, element, database);
     case GroupValue::Binary:
         return appendBinary(builder, element);
     case GroupValue::None:

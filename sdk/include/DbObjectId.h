@@ -56,7 +56,8 @@ public:
     OdDbObjectPtr openObject(OdDb::OpenMode openMode = OdDb::kForRead, bool openErased = false) const;
 
     /** Opens the object. Throws OdError: eNullObjectId for the null id, eInvalidObjectId without object,
-        eWasErased for an erased object unless openErased, eWasOpenForWrite when the object is open for
+        eWasErased for an erased object unless openErased, ePermanentlyErased for one whose making was undone,
+        eWasOpenForWrite when the object is open for
         write already and is asked for once more. Nothing is changed on failure. */
     OdDbObjectPtr safeOpenObject(OdDb::OpenMode openMode = OdDb::kForRead, bool openErased = false) const;
 
