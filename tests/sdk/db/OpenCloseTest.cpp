@@ -1,0 +1,278 @@
+// The discipline of opening and closing, and what outlives what.
+#include <gtest/gtest.h>
+
+#include "CoreDrawing.h"
+#include "DbObjectReactor.h"
+#include "OdError.h"
+#include "RxObjectImpl.h"
+
+namespace
+{
+
+using namespace coretest;
+
+enum class Held
+{
+    Nothing,
+    Read,
+    Write,
+    Notify,
+    Upgraded,
+    Downgraded
+};
+
+OdDbObjectPtr hold(const OdDbObjectId& id, Held held)
+{
+    if (held == Held::Nothing)
+        return OdDbObjectPtr();
+    const bool writes = held == Held::Write || held == Held::Downgraded;
+    OdDbObjectPtr object = id.safeOpenObject(writes                 ? OdDb::kForWrite
+                                             : held == Held::Notify ? OdDb::kForNotify
+                                                                    : OdDb::kForRead);
+    if (held == Held::Upgraded)
+        object->upgradeOpen();
+    if (held == Held::Downgraded)
+        object->downgradeOpen();
+    return object;
+}
+
+struct OpenCase
+{
+    Held held;
+    OdDb::OpenMode mode;
+    OdResult result;
+};
+
+constexpr OpenCase kOpenCases[] = {
+    {Held::Nothing, OdDb::kForRead, eOk},
+    {Held::Nothing, OdDb::kForWrite, eOk},
+    {Held::Nothing, OdDb::kForNotify, eOk},
+    {Held::Nothing, OdDb::kNotOpen, eInvalidOpenMode},
+    {Held::Read, OdDb::kForRead, eOk},
+    {Held::Read, OdDb::kForWrite, eOk},
+    {Held::Read, OdDb::kForNotify, eOk},
+    {Held::Write, OdDb::kForRead, eOk},
+    {Held::Write, OdDb::kForWrite, eWasOpenForWrite},
+    {Held::Write, OdDb::kForNotify, eOk},
+    {Held::Notify, OdDb::kForRead, eOk},
+    {Held::Notify, OdDb::kForWrite, eOk},
+    {Held::Upgraded, OdDb::kForWrite, eWasOpenForWrite},
+    {Held::Downgraded, OdDb::kForWrite, eOk},
+};
+
+TEST(OpenClose, WhoMayOpenWhatIsHeld)
+{
+    CoreDrawing drawing;
+    const OdDbObjectId id = drawing.addLedger();
+    for (const OpenCase& test : kOpenCases)
+    {
+        const OdDbObjectPtr held = hold(id, test.held);
+        EXPECT_EQ(thrownBy([&] { id.safeOpenObject(test.mode); }), test.result)
+            << int(test.held) << " then " << test.mode;
+        EXPECT_EQ(id.openObject(test.mode).isNull(), test.result != eOk);
+    }
+    // Nothing is left open by any of these.
+    EXPECT_EQ(thrownBy([&] { id.safeOpenObject(OdDb::kForWrite); }), eOk);
+}
+
+struct AccessCase
+{
+    Held held;
+    OdResult reading, writing, notifying, upgrading;
+};
+
+constexpr AccessCase kAccessCases[] = {
+    {Held::Read, eOk, eNotOpenForWrite, eOk, eOk},
+    {Held::Write, eOk, eOk, eOk, eOk},
+    {Held::Notify, eNotOpenForRead, eNotOpenForWrite, eOk, eNotOpenForRead},
+    {Held::Upgraded, eOk, eOk, eOk, eOk},
+    {Held::Downgraded, eOk, eNotOpenForWrite, eOk, eOk},
+};
+
+TEST(OpenClose, WhatAnOpenObjectAllows)
+{
+    CoreDrawing drawing;
+    const OdDbObjectId id = drawing.addLedger();
+    for (const AccessCase& test : kAccessCases)
+    {
+        const OdDbObjectPtr object = hold(id, test.held);
+        EXPECT_EQ(thrownBy([&] { object->assertReadEnabled(); }), test.reading) << int(test.held);
+        EXPECT_EQ(thrownBy([&] { object->assertWriteEnabled(); }), test.writing) << int(test.held);
+        EXPECT_EQ(thrownBy([&] { object->assertNotifyEnabled(); }), test.notifying) << int(test.held);
+        EXPECT_EQ(object->isReadEnabled(), test.reading == eOk);
+        EXPECT_EQ(object->isWriteEnabled(), test.writing == eOk);
+        EXPECT_EQ(thrownBy([&] { object->upgradeOpen(); }), test.upgrading) << int(test.held);
+    }
+}
+
+TEST(OpenClose, AClosedObjectRefusesWhoeverKeptItsAddress)
+{
+    CoreDrawing drawing;
+    OdDbObject* object = drawing.addLedger().safeOpenObject().get();
+    EXPECT_EQ(thrownBy([&] { object->assertReadEnabled(); }), eNotOpenForRead);
+    EXPECT_EQ(thrownBy([&] { object->assertNotifyEnabled(); }), eNotOpenForRead);
+    EXPECT_EQ(thrownBy([&] { object->upgradeOpen(); }), eNotOpenForRead);
+    EXPECT_EQ(thrownBy([&] { object->downgradeOpen(); }), eNotOpenForWrite);
+    EXPECT_EQ(thrownBy([&] { object->erase(); }), eNotOpenForWrite);
+    EXPECT_EQ(thrownBy([&] { object->setXData(xdataChain(L"ONE", 1, L"")); }), eNotOpenForWrite);
+    EXPECT_EQ(thrownBy([&] { object->addPersistentReactor(object->objectId()); }), eNotOpenForWrite);
+    EXPECT_EQ(thrownBy([&] { object->setOwnerId(OdDbObjectId()); }), eNotOpenForWrite);
+}
+
+TEST(OpenClose, WritersInsideOfReaders)
+{
+    CoreDrawing drawing;
+    const OdDbObjectId id = drawing.addLedger();
+    const OdDbObjectPtr outer = id.safeOpenObject();
+    for (int i = 0; i < 3; ++i) // one after the other, while the reader stays
+    {
+        LedgerPtr writer = id.safeOpenObject(OdDb::kForWrite);
+        writer->put(L"line");
+        EXPECT_EQ(thrownBy([&] { id.safeOpenObject(OdDb::kForWrite); }), eWasOpenForWrite);
+    }
+    outer->upgradeOpen();
+    outer->upgradeOpen();
+    outer->downgradeOpen();
+    EXPECT_TRUE(outer->isWriteEnabled());
+    outer->downgradeOpen();
+    EXPECT_FALSE(outer->isWriteEnabled());
+    EXPECT_EQ(thrownBy([&] { outer->downgradeOpen(); }), eNotOpenForWrite);
+}
+
+TEST(OpenClose, TheSamePointerMayTakeTheWriterFromTheReader)
+{
+    CoreDrawing drawing;
+    const OdDbObjectId id = drawing.addLedger();
+    OdDbObjectPtr object = id.safeOpenObject(OdDb::kForRead);
+    object = id.safeOpenObject(OdDb::kForWrite);
+    EXPECT_EQ(thrownBy([&] { object->assertWriteEnabled(); }), eOk);
+    object.release();
+    EXPECT_EQ(thrownBy([&] { id.safeOpenObject(OdDb::kForWrite); }), eOk);
+}
+
+TEST(OpenClose, NewObjectsAreOpenForTheirMakerUntilReleased)
+{
+    CoreDrawing drawing;
+    LedgerPtr made = Ledger::createObject();
+    made->put(L"before it is resident");
+    made->upgradeOpen();
+    made->downgradeOpen();
+    EXPECT_TRUE(made->isWriteEnabled());
+    const OdDbObjectId id = drawing.db->addOdDbObject(made);
+    EXPECT_TRUE(made->isNewObject());
+    made->put(L"while it is new");
+    EXPECT_EQ(thrownBy([&] { drawing.db->addOdDbObject(made); }), eAlreadyInDb);
+    made.release();
+    EXPECT_FALSE(id.safeOpenObject()->isNewObject());
+    EXPECT_EQ(thrownBy([&] { drawing.db->addOdDbObject(nullptr); }), eNullObjectPointer);
+    EXPECT_EQ(thrownBy([&] { drawing.db->addOdDbObject(Ledger::createObject(), OdDbObjectId(), id.getHandle()); }),
+              eHandleExists);
+}
+
+TEST(OpenClose, IdsWithoutObject)
+{
+    CoreDrawing drawing;
+    const OdDbObjectId null, dangling = drawing.db->getOdDbObjectId(0x7777, true);
+    EXPECT_EQ(thrownBy([&] { null.safeOpenObject(); }), eNullObjectId);
+    EXPECT_EQ(thrownBy([&] { dangling.safeOpenObject(); }), eInvalidObjectId);
+    EXPECT_TRUE(null.openObject().isNull());
+    EXPECT_TRUE(dangling.openObject(OdDb::kForRead, true).isNull());
+    EXPECT_FALSE(dangling.isValid());
+    EXPECT_TRUE(dangling.isErased());
+    EXPECT_FALSE(dangling.isNull());
+    EXPECT_TRUE(drawing.db->getOdDbObjectId(0x7778, false).isNull());
+    EXPECT_TRUE(drawing.db->getOdDbObjectId(0, true).isNull());
+    // The object that comes for the handle later is found under the same id, and no new object gets its number.
+    drawing.db->setHandseed(0x7777);
+    EXPECT_NE(drawing.addLedger().getHandle(), dangling.getHandle());
+    EXPECT_EQ(drawing.db->addOdDbObject(Ledger::createObject(), OdDbObjectId(), 0x7777), dangling);
+    EXPECT_TRUE(dangling.isValid());
+}
+
+TEST(OpenClose, TheNextHandleStaysFreeAtTheEndOfAllNumbers)
+{
+    CoreDrawing drawing;
+    const OdDbObjectId last = drawing.db->addOdDbObject(Ledger::createObject(), OdDbObjectId(), 0xFFFFFFFFFFFFFFFFull);
+    drawing.db->setHandseed(0xFFFFFFFFFFFFFFFFull);
+    const OdDbObjectId next = drawing.addLedger();
+    EXPECT_NE(next, last);
+    EXPECT_FALSE(next.getHandle().isNull());
+}
+
+TEST(OpenClose, ErasingAsksTheClassAndIsSeenThroughTheId)
+{
+    CoreDrawing drawing;
+    const OdDbObjectId id = drawing.addLedger();
+    Ledger::whileErasing = [](Ledger&, bool) { return eDeletionNotAllowed; };
+    EXPECT_EQ(id.safeOpenObject(OdDb::kForWrite)->erase(), eDeletionNotAllowed);
+    EXPECT_FALSE(id.isErased());
+    Ledger::whileErasing = [](Ledger&, bool) -> OdResult { throw OdError(eInvalidInput); };
+    EXPECT_EQ(thrownBy([&] { id.safeOpenObject(OdDb::kForWrite)->erase(); }), eInvalidInput);
+    EXPECT_FALSE(id.isErased());
+    Ledger::whileErasing = nullptr;
+    EXPECT_EQ(id.safeOpenObject(OdDb::kForWrite)->erase(), eOk);
+    EXPECT_TRUE(id.isErased());
+    EXPECT_TRUE(id.isValid());
+    EXPECT_EQ(thrownBy([&] { id.safeOpenObject(); }), eWasErased);
+    EXPECT_TRUE(id.openObject(OdDb::kForRead).isNull());
+    const OdDbObjectPtr erased = id.safeOpenObject(OdDb::kForWrite, true);
+    EXPECT_EQ(erased->erase(true), eOk);
+    EXPECT_EQ(erased->erase(false), eOk);
+    EXPECT_FALSE(id.isErased());
+}
+
+TEST(OpenClose, ObjectsMayOutliveTheirDatabase)
+{
+    LedgerPtr ledger;
+    OdDbObjectPtr record;
+    {
+        CoreDrawing drawing;
+        ledger = drawing.addLedger().safeOpenObject(OdDb::kForWrite);
+        ledger->put(L"kept");
+        ledger->addPersistentReactor(ledger->objectId());
+        ledger->setXData(xdataChain(L"ONE", 1, L"x"));
+        const OdDbObjectId layer = drawing.layers.m_records["WALLS"];
+        oddb::GroupsBuilder named;
+        record = drawing.addRecord(1).safeOpenObject(OdDb::kForWrite);
+        oddb::ObjectCore::changeGroups(*record, named.name(8, layer).finish());
+        EXPECT_EQ(oddb::readableGroups(*record).findAny(8)->text(), "WALLS");
+    }
+    EXPECT_FALSE(ledger->isDBRO());
+    EXPECT_TRUE(ledger->objectId().isNull());
+    EXPECT_EQ(ledger->getPersistentReactors().size(), 0u);
+    EXPECT_TRUE(ledger->xData().isNull());
+    EXPECT_EQ(ledger->lines.size(), 1u);
+    EXPECT_EQ(oddb::readableGroups(*record).findAny(8)->text(), "");
+}
+
+class Listener : public OdDbObjectReactor
+{
+public:
+    void modified(const OdDbObject*) override { ++changes; }
+    void erased(const OdDbObject* object, bool erasing) override
+    {
+        ++erasures;
+        object->removeReactor(this);
+        EXPECT_TRUE(erasing);
+    }
+    int changes = 0;
+    int erasures = 0;
+};
+
+TEST(OpenClose, ListenersHearOfRealChangesAndMayLeaveMeanwhile)
+{
+    CoreDrawing drawing;
+    const OdDbObjectId id = drawing.addLedger();
+    OdSmartPtr<Listener> listener = OdRxObjectImpl<Listener>::createObject();
+    id.safeOpenObject()->addReactor(listener);
+    id.safeOpenObject(OdDb::kForWrite).release();
+    EXPECT_EQ(listener->changes, 0);
+    LedgerPtr(id.safeOpenObject(OdDb::kForWrite))->put(L"x");
+    EXPECT_EQ(listener->changes, 1);
+    id.safeOpenObject(OdDb::kForWrite)->erase();
+    EXPECT_EQ(listener->erasures, 1);
+    id.safeOpenObject(OdDb::kForWrite, true)->erase(false);
+    EXPECT_EQ(listener->erasures, 1);
+}
+
+} // namespace

@@ -1,0 +1,83 @@
+// The set of reactors against a list.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <random>
+#include <vector>
+
+#include "db/ReactorSet.h"
+#include "db/Stub.h"
+
+namespace
+{
+
+using oddb::ReactorSet;
+
+std::vector<OdDbStub*> membersOf(const ReactorSet& set)
+{
+    std::vector<OdDbStub*> members;
+    set.visit([&](OdDbStub* member) { members.push_back(member); });
+    return members;
+}
+
+TEST(ReactorSet, BehavesAsAListWithoutRepetitions)
+{
+    std::mt19937 random(3);
+    std::vector<OdDbStub> stubs(6);
+    ReactorSet set;
+    std::vector<OdDbStub*> list;
+    for (int i = 0; i < 20000; ++i)
+    {
+        OdDbStub* stub = &stubs[random() % stubs.size()];
+        OdDbStub* other = random() % 5 ? &stubs[random() % stubs.size()] : nullptr;
+        const auto place = std::find(list.begin(), list.end(), stub);
+        ASSERT_EQ(set.contains(stub), place != list.end());
+        ASSERT_EQ(set.before(stub), place == list.end() || place == list.begin() ? nullptr : *(place - 1));
+        switch (random() % 3)
+        {
+        case 0:
+            ASSERT_EQ(set.add(stub), place == list.end());
+            if (place == list.end())
+                list.push_back(stub);
+            break;
+        case 1:
+            ASSERT_EQ(set.remove(stub), place != list.end());
+            if (place != list.end())
+                list.erase(place);
+            break;
+        default:
+            ASSERT_EQ(set.addBehind(stub, other), place == list.end());
+            if (place == list.end())
+            {
+                const auto behind = std::find(list.begin(), list.end(), other);
+                list.insert(behind == list.end() ? list.begin() : behind + 1, stub);
+            }
+        }
+        ASSERT_EQ(membersOf(set), list);
+        ASSERT_EQ(set.size(), list.size());
+        ASSERT_EQ(set.last(), list.empty() ? nullptr : list.back());
+    }
+}
+
+// Quadratic work on 100,000 members would take minutes.
+TEST(ReactorSet, ManyMembersCostTheSameEach)
+{
+    constexpr std::size_t kCount = 100000;
+    std::vector<OdDbStub> stubs(kCount);
+    ReactorSet set;
+    const auto start = std::chrono::steady_clock::now();
+    for (OdDbStub& stub : stubs)
+        ASSERT_TRUE(set.add(&stub));
+    for (OdDbStub& stub : stubs)
+        ASSERT_TRUE(set.contains(&stub));
+    for (OdDbStub& stub : stubs)
+        ASSERT_FALSE(set.add(&stub));
+    for (std::size_t i = 0; i < kCount; i += 2)
+        ASSERT_TRUE(set.remove(&stubs[i]));
+    EXPECT_EQ(set.first(), &stubs[1]);
+    EXPECT_EQ(set.size(), kCount / 2);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+}
+
+} // namespace
