@@ -1,0 +1,61 @@
+// The table of the label commands and their frame.
+#include "labels/LabelCommands.h"
+
+#include <iterator>
+
+#include "labels/LabelCreation.h"
+#include "labels/LabelQueries.h"
+
+namespace
+{
+
+constexpr FrameCheckRow kChecks[] = {
+    {EFrameCheck::HasFunctionIO, eNullPtr, L"pIO"},
+    {EFrameCheck::IsOurFunctionIO, eNullPtr, L"pFunctionIO"},
+    {EFrameCheck::HasDatabase, eNoDatabase, L"pDb"},
+};
+
+constexpr OdUInt32 kQuery = eCommandFlagResult | eCommandFlagNoUndo;
+constexpr OdUInt32 kCreation = eCommandFlagResult | eCommandFlagTransaction;
+
+constexpr CommandRow Row(const OdChar* pszClass, const OdChar* pszName, OdUInt32 uiFlags)
+{
+    return {pszClass, CommandGroup::kLabel, pszName, uiFlags};
+}
+
+constexpr LabelCommandRow kCommands[] = {
+    {Row(L"CCommandBSystemLabelCreate", L"BSYSTEMLABELCREATE", kCreation), eParameterObjectIdArray | eParameterObjectId,
+     &CreateLabel},
+    {Row(L"CCommandBSystemLabelCreateFromSelection", L"BSYSTEMLABELCREATEFROMSELECTION", kCreation | eCommandFlagHost1),
+     eParameterSelectionSetName, &CreateLabelFromSelection},
+    {Row(L"CCommandBSystemLabelGetAllIds", L"BSYSTEMLABELGETALLIDS", kQuery), eParameterAllowDeleted, &GetAllIds},
+    {Row(L"CCommandBSystemLabelGetAllNames", L"BSYSTEMLABELGETALLNAMES", kQuery),
+     eParameterObjectIdArray | eParameterAllowDeleted, &GetAllNames},
+    {Row(L"CCommandBSystemLabelGetDictionaryId", L"BSYSTEMLABELGETDICTIONARYID", kQuery), eParameterNone,
+     &GetDictionaryId},
+    {Row(L"CCommandBSystemLabelGetIdFromGuid", L"BSYSTEMLABELGETIDFROMGUID", kQuery),
+     eParameterGuid | eParameterAllowDeleted, &GetIdFromGuid},
+    {Row(L"CCommandBSystemLabelGetIdFromHandle", L"BSYSTEMLABELGETIDFROMHANDLE", kQuery),
+     eParameterHandle | eParameterAllowDeleted, &GetIdFromHandle},
+    {Row(L"CCommandBSystemLabelGetIdFromName", L"BSYSTEMLABELGETIDFROMNAME", kQuery),
+     eParameterName | eParameterAllowDeleted, &GetIdFromName},
+    {Row(L"CCommandBSystemLabelGetSelectedIds", L"BSYSTEMLABELGETSELECTEDIDS", eCommandFlagResult),
+     eParameterSelectionSetName | eParameterAllowDeleted, &GetSelectedIds},
+    {Row(L"CCommandBSystemLabelToJson", L"BSYSTEMLABELTOJSON", kQuery),
+     eParameterObjectIdArray | eParameterAllowDeleted, &ToJson},
+};
+static_assert(std::size(kCommands) == eLabelCommandCount);
+
+} // namespace
+
+const LabelCommandRow& LabelCommand(ELabelCommand eCommand)
+{
+    return kCommands[eCommand];
+}
+
+CLabelCommand::CLabelCommand(const LabelCommandRow& row) : CCommand(row.command, kChecks), m_row(row) {}
+
+void CLabelCommand::Work(CCommandCall& call)
+{
+    m_row.work(call, ReadLabelParameters(call, m_row.uiParameters));
+}
