@@ -17,10 +17,10 @@ namespace
 
 constexpr int kXrecordMergeCode = 280;
 
-// The values stand behind the merge style, which comes first and may look like one of them.
+// The values stand behind the marker and the merge style, and may look like them.
 bool isHead(const oddb::GroupView& group, int place)
 {
-    return group.beginsSection() || (place == 1 && group.code() == kXrecordMergeCode);
+    return place == 0 ? group.beginsSection() : place == 1 && group.code() == kXrecordMergeCode;
 }
 
 } // namespace
@@ -125,13 +125,21 @@ OdString OdDbLayout::getLayoutName() const
     return kLayout.text(*this, 1);
 }
 
+// Whoever names a layout may have the dictionary open for write already.
+static OdDbDictionaryPtr openForWrite(const OdDbObjectId& dictionaryId)
+{
+    OdDbDictionaryPtr dictionary = OdDbDictionary::cast(dictionaryId.openObject(OdDb::kForRead));
+    if (!dictionary.isNull() && !dictionary->isWriteEnabled())
+        dictionary = OdDbDictionary::cast(dictionaryId.safeOpenObject(OdDb::kForWrite));
+    return dictionary;
+}
+
 void OdDbLayout::setLayoutName(const OdString& name)
 {
     assertWriteEnabled(false, false);
     if (name.isEmpty())
         throw OdError(eInvalidKey);
-    const OdDbDictionaryPtr layouts =
-        isDBRO() ? OdDbDictionary::cast(ownerId().openObject(OdDb::kForWrite)) : OdDbDictionaryPtr();
+    const OdDbDictionaryPtr layouts = isDBRO() ? openForWrite(ownerId()) : OdDbDictionaryPtr();
     const OdString present = layouts.isNull() ? OdString() : layouts->nameAt(objectId());
     if (!present.isEmpty() && present != name && !layouts->setName(present, name))
         throw OdError(eDuplicateKey);

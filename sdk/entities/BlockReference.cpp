@@ -5,6 +5,7 @@
 #include "DbBlockReference.h"
 #include "Gi/GiWorldDraw.h"
 #include "OdError.h"
+#include "db/BlockReferences.h"
 #include "entities/BlockContents.h"
 #include "entities/Drawing.h"
 #include "entities/Fields.h"
@@ -92,6 +93,10 @@ OdDbObjectId OdDbBlockReference::blockTableRecord() const
 void OdDbBlockReference::setBlockTableRecord(OdDbObjectId blockId)
 {
     requireRecord(blockId, oddb::SymbolTable::Block);
+    assertWriteEnabled(false, false);
+    if (blockTableRecord() == blockId)
+        return;
+    oddb::recordBlockChange(*this);
     setName(*this, tableOf(*this), 2, blockId);
 }
 
