@@ -161,39 +161,69 @@ Groups DictionaryCore::savedGroups(const OdDbDictionary& dictionary)
     return groups.build();
 }
 
+namespace
+{
+
+// Takes the entries of a file's groups out. Names without an object are put behind everything else of their part, so
+// that they do not come to stand in front of some other reference.
+class EntriesReader
+{
+public:
+    explicit EntriesReader(DictionaryEntries& entries) : m_entries(entries) {}
+
+    Groups read(const Groups& groups)
+    {
+        int parts = 0;
+        for (const GroupView& group : groups)
+        {
+            if (group.beginsSection() && ++parts == 2)
+                endPart();
+            if (parts < 2)
+                readGroup(group);
+            else
+                m_own.append(group);
+        }
+        if (parts < 2)
+            endPart();
+        return m_own.build();
+    }
+
+private:
+    void readGroup(const GroupView& group)
+    {
+        const bool isObject = group.code() == kSoftCode || group.code() == kHardCode;
+        if (m_name && isObject && group.stub())
+            m_entries.append({std::string(m_name->text()), group.stub(), group.code() == kHardCode});
+        else if (m_name)
+            m_namesOnly.append(*m_name);
+        const bool isTaken = m_name && isObject && group.stub();
+        m_name.reset();
+        if (group.code() == kNameCode && group.type() == GroupType::Text)
+            m_name = group;
+        else if (!isTaken)
+            m_own.append(group);
+    }
+    void endPart()
+    {
+        if (m_name)
+            m_namesOnly.append(*m_name);
+        m_name.reset();
+        m_own.appendItems(m_namesOnly.begin(), m_namesOnly.end());
+        m_namesOnly.clear();
+    }
+
+    DictionaryEntries& m_entries;
+    GroupsBuilder m_own;
+    GroupsBuilder m_namesOnly;
+    std::optional<GroupView> m_name; // waits for its object
+};
+
+} // namespace
+
 void DictionaryCore::loadGroups(OdDbDictionary& dictionary, const Groups& groups)
 {
-    DictionaryEntries& entries = *dictionary.m_entries;
-    entries.clear();
-    GroupsBuilder own;
-    std::optional<GroupView> name;
-    int parts = 0;
-    for (const GroupView& group : groups)
-    {
-        parts += group.beginsSection();
-        const bool holdsEntries = parts < 2;
-        if (holdsEntries && group.code() == kNameCode && group.type() == GroupType::Text)
-        {
-            if (name)
-                own.append(*name);
-            name = group;
-            continue;
-        }
-        const bool isObject = group.code() == kSoftCode || group.code() == kHardCode;
-        if (name && isObject && group.stub())
-        {
-            entries.append({std::string(name->text()), group.stub(), group.code() == kHardCode});
-            name.reset();
-            continue;
-        }
-        if (name)
-            own.append(*name);
-        name.reset();
-        own.append(group);
-    }
-    if (name)
-        own.append(*name);
-    ObjectCore::putGroups(dictionary, own.build());
+    dictionary.m_entries->clear();
+    ObjectCore::putGroups(dictionary, EntriesReader(*dictionary.m_entries).read(groups));
 }
 
 } // namespace oddb

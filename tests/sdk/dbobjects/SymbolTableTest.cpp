@@ -87,7 +87,7 @@ TEST_F(SymbolTableTest, FollowsNamesThroughErasingAndUndo)
     EXPECT_TRUE(first.isErased());
 
     recorded([&] { layer(second)->setName(L"Else"); });
-    EXPECT_EQ(layer(first)->erase(false), eOk);
+    recorded([&] { EXPECT_EQ(layer(first)->erase(false), eOk); });
     database->undo();
     database->undo();
     EXPECT_EQ(layers()->getAt(L"name"), second);
@@ -136,7 +136,7 @@ TEST_F(SymbolTableTest, KeepsWhatEveryDrawingNeeds)
     for (const Needed& needed : kNeeded)
     {
         const OdDbObjectId id = open<OdDbSymbolTable>(needed.table)->getAt(needed.name);
-        ASSERT_FALSE(id.isNull()) << OdAnsiString(needed.name).c_str();
+        ASSERT_FALSE(id.isNull()) << odStringToUtf8(needed.name);
         EXPECT_EQ(open(id, OdDb::kForWrite)->erase(), eCannotBeErasedByCaller);
         EXPECT_EQ(open(needed.table, OdDb::kForWrite)->erase(), eCannotBeErasedByCaller);
         EXPECT_FALSE(id.isErased());
