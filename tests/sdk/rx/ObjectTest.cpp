@@ -172,7 +172,8 @@ TEST_F(RuntimeClasses, SmartPointersRefuseWhatTheyAreNotFor)
     EXPECT_THROW(OdSmartPtr<Square>(raw, kOdRxObjAttach), OdError_NotThatKindOfClass) << "gives the reference back";
     circle = any.get();
     EXPECT_EQ(circle->numRefs(), 2);
-    circle = circle;
+    const OdSmartPtr<Circle>& same = circle;
+    circle = same;
     EXPECT_EQ(circle->numRefs(), 2);
     const OdSmartPtr<Shape> shape = std::move(circle);
     EXPECT_TRUE(circle.isNull());
