@@ -1,0 +1,93 @@
+// CLASSES as they are written: those that the file had, and those of applications whose objects are in the drawing.
+// ClassesSection.cpp draws them.
+#include "Writing.h"
+
+#include "DbEntity.h"
+
+#include <algorithm>
+#include <map>
+
+namespace dxf
+{
+namespace
+{
+
+// How many objects of one name the drawing has, and their class when it is no proxy.
+struct Use
+{
+    std::int64_t count = 0;
+    const OdRxClass* runtimeClass = nullptr;
+};
+using Uses = std::map<std::string, Use, std::less<>>;
+
+// Most objects follow another of their name.
+Uses countUses(Writing& writing)
+{
+    Uses uses;
+    std::string_view lastName;
+    Use* last = nullptr;
+    writing.database.stubs.visit(
+        [&](const OdDbStub& stub)
+        {
+            if (stub.isErased())
+                return;
+            const std::string_view name = writing.objects.nameOf(*stub.object);
+            if (last == nullptr || name != lastName)
+            {
+                const auto place = uses.try_emplace(std::string(name)).first;
+                last = &place->second;
+                lastName = place->first;
+                last->runtimeClass = stub.object->isA();
+            }
+            ++last->count;
+        });
+    return uses;
+}
+
+void writeClass(Writing& writing, const oddb::FileClass& fileClass, std::int64_t count)
+{
+    GroupPrinter& groups = writing.groups;
+    groups.text(0, "CLASS");
+    groups.text(1, fileClass.dxfName);
+    groups.text(2, fileClass.className);
+    groups.text(3, fileClass.application);
+    groups.integer(90, fileClass.proxyFlags);
+    if (writing.version >= OdDb::vAC18)
+        groups.integer(91, count);
+    groups.integer(280, fileClass.wasProxy);
+    groups.integer(281, fileClass.isEntity);
+}
+
+// The classes of applications file themselves; those of the SDK's own are known to every reader.
+bool isOfApplication(const Use& use)
+{
+    return !use.runtimeClass->appName().isEmpty();
+}
+
+oddb::FileClass describe(const std::string& name, const OdRxClass& runtimeClass)
+{
+    oddb::FileClass fileClass;
+    fileClass.dxfName = name;
+    fileClass.className = odStringToUtf8(runtimeClass.name());
+    fileClass.application = odStringToUtf8(runtimeClass.appName());
+    fileClass.proxyFlags = static_cast<int>(runtimeClass.proxyFlags());
+    fileClass.isEntity = runtimeClass.isDerivedFrom(OdDbEntity::desc());
+    return fileClass;
+}
+
+} // namespace
+
+void writeClassesSection(Writing& writing)
+{
+    const Uses uses = countUses(writing);
+    for (const auto& fileClass : writing.database.fileClasses)
+    {
+        const auto use = uses.find(fileClass->dxfName);
+        writeClass(writing, *fileClass, use != uses.end() ? use->second.count : 0);
+    }
+    for (const auto& [name, use] : uses)
+        if (isOfApplication(use) && writing.database.fileClass(name) == nullptr)
+            writeClass(writing, describe(name, *use.runtimeClass), use.count);
+}
+
+} // namespace dxf

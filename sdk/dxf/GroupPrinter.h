@@ -1,0 +1,49 @@
+// Prints the groups that objects keep into a drawing file.
+#pragma once
+
+#include "TagPrinter.h"
+#include "TextCoding.h"
+#include "db/DxfClassTable.h"
+#include "db/Groups.h"
+
+namespace dxf
+{
+
+/// Puts groups into the coding, form and version of one file.
+class GroupPrinter
+{
+public:
+    GroupPrinter(TagPrinter& tags, TextEncoder encoder) : m_tags(tags), m_encoder(std::move(encoder)) {}
+
+    /// Leaves out from now on what the class tables know to be newer than the version.
+    void dropNewerThan(OdDb::DwgVersion version)
+    {
+        m_drops = true;
+        m_version = version;
+    }
+
+    void text(int code, std::string_view utf8) { m_tags.text(code, m_encoder.encode(utf8)); }
+    void handle(int code, std::uint64_t value) { m_tags.handle(code, value); }
+    void integer(int code, std::int64_t value) { m_tags.integer(code, value); }
+    void real(int code, double value) { m_tags.real(code, value); }
+
+    /// Prints one group in the kind of value that its code announces.
+    void group(const oddb::GroupView& group);
+
+    /// Prints groups as they stand.
+    void groups(oddb::GroupIterator begin, oddb::GroupIterator end);
+    void groups(const oddb::Groups& groups) { this->groups(groups.begin(), groups.end()); }
+
+    /// Prints the data of an object of the class, which may be null.
+    void groupsOf(const oddb::DxfClass* cls, oddb::GroupIterator begin, oddb::GroupIterator end);
+
+private:
+    void referenceOrText(const oddb::GroupView& group);
+
+    TagPrinter& m_tags;
+    TextEncoder m_encoder;
+    bool m_drops = false;
+    OdDb::DwgVersion m_version = OdDb::kDHL_CURRENT;
+};
+
+} // namespace dxf

@@ -1,0 +1,152 @@
+// Prints a record; RecordReader.cpp draws it.
+#include "ObjectPrinter.h"
+
+#include "DbDatabase.h"
+#include "DbDictionary.h"
+#include "db/GroupsDxfFiler.h"
+#include "db/ObjectCore.h"
+#include "db/Proxies.h"
+#include "db/SymbolNames.h"
+
+namespace dxf
+{
+namespace
+{
+
+using oddb::ObjectCore;
+
+constexpr int kNameCode = 0;
+constexpr int kTableNameCode = 2;
+constexpr int kHandleCode = 5;
+constexpr int kDimStyleHandleCode = 105;
+constexpr int kApplicationGroupCode = 102;
+constexpr int kOwnerCode = 330;
+constexpr int kDictionaryCode = 360;
+constexpr int kXDataApplicationCode = 1001;
+
+} // namespace
+
+// ---- Classes
+// ---------------------------------------------------------------------------------------------------------
+
+const ObjectPrinter::Kind& ObjectPrinter::kindOf(const OdDbObject& object)
+{
+    const OdRxClass* const runtimeClass = object.isA();
+    if (m_lastKind != nullptr && m_lastKind->runtimeClass == runtimeClass)
+        return *m_lastKind;
+    const auto [place, isNew] = m_kinds.try_emplace(runtimeClass);
+    Kind& kind = place->second;
+    m_lastKind = &kind;
+    if (!isNew)
+        return kind;
+    kind.runtimeClass = runtimeClass;
+    kind.cls = oddb::findDxfClassOfRuntimeClass(odStringToUtf8(runtimeClass->name()));
+    kind.isProxy = !oddb::proxyDxfName(object).empty();
+    kind.name = kind.cls != nullptr ? kind.cls->dxfName : odStringToUtf8(runtimeClass->dxfName());
+    return kind;
+}
+
+std::string_view ObjectPrinter::nameOf(const OdDbObject& object)
+{
+    const Kind& kind = kindOf(object);
+    return kind.isProxy ? oddb::proxyDxfName(object) : std::string_view(kind.name);
+}
+
+// ---- Records
+// ---------------------------------------------------------------------------------------------------------
+
+void ObjectPrinter::print(const OdDbStub& stub)
+{
+    printAs(stub, nameOf(*stub.object));
+}
+
+void ObjectPrinter::printAs(const OdDbStub& stub, std::string_view name)
+{
+    printHead(stub, name);
+    printData(*stub.object);
+    printXData(*stub.object);
+}
+
+void ObjectPrinter::printHead(const OdDbStub& stub, std::string_view name)
+{
+    m_groups.text(kNameCode, name);
+    printCommon(stub, name == "DIMSTYLE" ? kDimStyleHandleCode : kHandleCode);
+}
+
+void ObjectPrinter::printCommon(const OdDbStub& stub, int handleCode)
+{
+    const OdDbObject& object = *stub.object;
+    m_groups.handle(handleCode, stub.handle);
+    if (ObjectCore::extras(object) != nullptr)
+    {
+        printReactors(object);
+        printExtensionDictionary(object);
+    }
+    const OdDbStub* const owner = ObjectCore::owner(object);
+    m_groups.handle(kOwnerCode, owner != nullptr ? owner->handle : 0);
+}
+
+// In front of the handle of a table stands what the records of it are.
+void ObjectPrinter::printTableHead(const OdDbStub& table, std::string_view recordName)
+{
+    m_groups.text(kNameCode, "TABLE");
+    m_groups.text(kTableNameCode, recordName);
+    printCommon(table, kHandleCode);
+}
+
+void ObjectPrinter::printReactors(const OdDbObject& object)
+{
+    bool isOpen = false;
+    ObjectCore::extras(object)->reactors.visit(
+        [&](const OdDbStub* reactor)
+        {
+            // a reference to nothing is what the file had; an erased object is gone
+            if (reactor->object != nullptr && reactor->isErased())
+                return;
+            if (!isOpen)
+                m_groups.text(kApplicationGroupCode, "{ACAD_REACTORS");
+            isOpen = true;
+            m_groups.handle(kOwnerCode, reactor->handle);
+        });
+    if (isOpen)
+        m_groups.text(kApplicationGroupCode, "}");
+}
+
+void ObjectPrinter::printExtensionDictionary(const OdDbObject& object)
+{
+    const OdDbStub* const dictionary = ObjectCore::extensionDictionary(object);
+    if (dictionary == nullptr || (dictionary->object != nullptr && dictionary->isErased()))
+        return;
+    m_groups.text(kApplicationGroupCode, "{ACAD_XDICTIONARY");
+    m_groups.handle(kDictionaryCode, dictionary->handle);
+    m_groups.text(kApplicationGroupCode, "}");
+}
+
+void ObjectPrinter::printData(const OdDbObject& object)
+{
+    if (!object.keepsGroups() || object.isKindOf(OdDbDictionary::desc()))
+        return printFiled(object);
+    const oddb::Groups groups = ObjectCore::groups(object);
+    m_groups.groupsOf(kindOf(object).cls, groups.begin(), groups.end());
+}
+
+void ObjectPrinter::printFiled(const OdDbObject& object)
+{
+    const OdDbObjectPtr open = object.objectId().safeOpenObject(OdDb::kForRead);
+    const auto filer = oddb::GroupsDxfFiler::create(&m_database, OdDbFiler::kFileFiler, m_version);
+    open->dxfOutFields(filer);
+    m_groups.groups(filer->finish());
+}
+
+void ObjectPrinter::printXData(const OdDbObject& object)
+{
+    const oddb::ObjectExtras* const extras = ObjectCore::extras(object);
+    for (std::size_t i = 0; extras != nullptr && i < extras->xdata.size(); ++i)
+    {
+        const oddb::XDataEntry& entry = extras->xdata[i];
+        m_groups.text(kXDataApplicationCode, oddb::symbolName(entry.application));
+        m_groups.groups(entry.values);
+    }
+}
+
+} // namespace dxf

@@ -1,0 +1,24 @@
+// A small cache of names, one slot for each hash.
+#include "SymbolFinder.h"
+
+#include <functional>
+
+namespace dxf
+{
+
+OdDbStub* SymbolFinder::find(oddb::SymbolTable table, std::string_view name)
+{
+    const std::size_t hash = std::hash<std::string_view>()(name) + static_cast<std::size_t>(table);
+    Known& known = m_known[hash % kSlots];
+    if (known.record != nullptr && known.table == table && known.name == name)
+        return known.record;
+    OdDbStub* const record = oddb::findSymbol(m_database, table, name);
+    if (record == nullptr || oddb::symbolName(record) != name)
+        return nullptr;
+    known.table = table;
+    known.name = name;
+    known.record = record;
+    return record;
+}
+
+} // namespace dxf

@@ -1,0 +1,45 @@
+// Prints groups into a drawing file, in the ASCII or the binary form.
+#pragma once
+
+#include "OutputFile.h"
+#include "ValueKind.h"
+
+#include <cstdint>
+#include <string_view>
+
+namespace dxf
+{
+
+enum class FileForm
+{
+    Ascii,
+    Binary,
+};
+
+/// Writes one group after the other. The caller gives each value in the kind that the code announces; texts are written
+/// as they are and so have to be encoded before. Every operation throws OdError (eFileWriteError) when the file takes
+/// no more.
+class TagPrinter
+{
+public:
+    TagPrinter(OutputFile& file, FileForm form);
+
+    void text(int code, std::string_view value);
+    void real(int code, double value);
+    void integer(int code, std::int64_t value);
+    void handle(int code, std::uint64_t value);
+    /// Writes bytes, cut into groups of the size that readers expect.
+    void bytes(int code, std::string_view value);
+
+private:
+    char* putCode(char* at, int code) const;
+    char* putLineEnd(char* at) const;
+    void binaryInteger(int code, std::int64_t value);
+    void asciiInteger(int code, std::int64_t value);
+    void chunk(int code, std::string_view value);
+
+    OutputFile& m_file;
+    bool m_ascii;
+};
+
+} // namespace dxf

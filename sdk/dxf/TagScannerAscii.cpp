@@ -1,0 +1,166 @@
+// The ASCII form: two lines for each group.
+//
+//   "  0"  "  10"    the code, with or without blanks around it
+//   "LINE" "12.5"    the value; a text is everything up to the end of the line, blanks included
+//
+// Lines end in LF, CR LF or CR.
+#include "TagScanner.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstring>
+
+namespace dxf
+{
+namespace
+{
+
+// The bytes of the word that equal the byte, each marked by its highest bit; right for the first of them.
+std::uint64_t markEqual(std::uint64_t word, char byte)
+{
+    constexpr std::uint64_t kOnes = 0x0101010101010101u;
+    const std::uint64_t zeroWhereEqual = word ^ kOnes * static_cast<unsigned char>(byte);
+    return (zeroWhereEqual - kOnes) & ~zeroWhereEqual & kOnes << 7;
+}
+
+// Where the line ends: eight bytes at a time, for most lines are not longer.
+const char* findLineEnd(const char* at, const char* end)
+{
+    if constexpr (std::endian::native == std::endian::little)
+        for (std::uint64_t word = 0; end - at >= 8; at += 8)
+        {
+            std::memcpy(&word, at, sizeof word);
+            if (const std::uint64_t marks = markEqual(word, '\n') | markEqual(word, '\r'))
+                return at + std::countr_zero(marks) / 8;
+        }
+    while (at != end && *at != '\n' && *at != '\r')
+        ++at;
+    return at;
+}
+
+// Reads a group code; most are three characters long.
+bool parseCode(std::string_view line, int& code)
+{
+    while (!line.empty() && line.front() == ' ')
+        line.remove_prefix(1);
+    if (!line.empty() && (line.back() < '0' || line.front() < '0'))
+        line = trimmed(line);
+    const bool negative = !line.empty() && line.front() == '-';
+    line.remove_prefix(negative);
+    if (line.empty() || line.size() > 4)
+        return false;
+    int value = 0;
+    for (const char character : line)
+    {
+        if (character < '0' || character > '9')
+            return false;
+        value = value * 10 + (character - '0');
+    }
+    code = negative ? -value : value;
+    return isGroupCode(code);
+}
+
+// A line that can be the value of a group 0: the reader finds its way again by it.
+bool looksLikeRecordName(std::string_view line)
+{
+    line = trimmed(line);
+    if (line.empty() || line.size() > 64 || line.front() < 'A' || line.front() > 'Z')
+        return false;
+    return std::all_of(line.begin(), line.end(),
+                       [](char c) {
+                           return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' || c == '-' ||
+                                  c == '.' || c == '$';
+                       });
+}
+
+std::string quoted(std::string_view line)
+{
+    constexpr std::size_t kMostShown = 24;
+    std::string text = "'";
+    for (const char character : trimmed(line).substr(0, kMostShown))
+        text += character >= ' ' && character < 0x7F ? character : '?';
+    return text + (line.size() > kMostShown ? "...'" : "'");
+}
+
+} // namespace
+
+bool TagScanner::readLine(std::string_view& line)
+{
+    const char* const begin = m_file.data() + m_at;
+    const char* const end = m_file.data() + m_file.size();
+    if (begin == end)
+        return false;
+    const char* at = findLineEnd(begin, end);
+    line = {begin, static_cast<std::size_t>(at - begin)};
+    if (at != end)
+        at += *at == '\r' && at + 1 != end && at[1] == '\n' ? 2 : 1;
+    m_at = static_cast<std::size_t>(at - m_file.data());
+    ++m_line;
+    return true;
+}
+
+bool TagScanner::nextAscii(Tag& tag)
+{
+    std::string_view codeLine;
+    std::string_view valueLine;
+    for (;;)
+    {
+        m_tagAt = m_at;
+        m_tagLine = m_line;
+        if (!readLine(codeLine))
+            return false;
+        if (parseCode(codeLine, tag.code))
+            break;
+        if (!trimmed(codeLine).empty())
+            return resumeAscii(tag, codeLine);
+    }
+    if (!readLine(valueLine))
+    {
+        m_faults.add(place(), "the file ends after a group code");
+        return false;
+    }
+    return readAsciiValue(tag, valueLine);
+}
+
+bool TagScanner::readAsciiValue(Tag& tag, std::string_view line)
+{
+    tag.kind = valueKind(tag.code);
+    tag.text = line;
+    if (tag.kind == ValueKind::Real)
+        noteNumber(parseReal(line, tag.real), tag);
+    else if (isInteger(tag.kind))
+        noteNumber(parseInteger(line, tag.integer), tag);
+    return true;
+}
+
+void TagScanner::noteNumber(NumberText outcome, const Tag& tag)
+{
+    if (outcome == NumberText::Exact)
+        return;
+    char digits[kLongestNumber];
+    char* const end = tag.kind == ValueKind::Real ? printReal(tag.real, digits) : printInteger(tag.integer, digits);
+    m_faults.add(place(), "group " + std::to_string(tag.code) + ": " + quoted(tag.text) +
+                              " is no number of its kind, " + std::string(digits, end) + " is taken");
+}
+
+// Goes on at the next group (0, NAME) after a line that should be a code and is none.
+bool TagScanner::resumeAscii(Tag& tag, std::string_view wrongLine)
+{
+    const Place wrong = place();
+    std::string_view before;
+    std::string_view line;
+    for (ScanPosition at = position(), atBefore = at; readLine(line); before = line, atBefore = at, at = position())
+    {
+        if (trimmed(before) != "0" || !looksLikeRecordName(line))
+            continue;
+        m_tagAt = static_cast<std::size_t>(atBefore.offset);
+        m_tagLine = atBefore.line;
+        tag.code = 0;
+        m_faults.add(wrong, quoted(wrongLine) + " is no group code; reading goes on at " + placeName(place()));
+        return readAsciiValue(tag, line);
+    }
+    m_faults.add(wrong, quoted(wrongLine) + " is no group code, and no record follows");
+    return false;
+}
+
+} // namespace dxf

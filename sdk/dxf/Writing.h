@@ -1,0 +1,34 @@
+// What the parts of the writer share while one drawing file is written.
+#pragma once
+
+#include "GroupPrinter.h"
+#include "ObjectPrinter.h"
+#include "db/DatabaseImpl.h"
+
+namespace dxf
+{
+
+/// The state of writing one database into one file.
+struct Writing
+{
+    Writing(OdDbDatabase& drawing, OutputFile& file, FileForm form, OdDb::DwgVersion fileVersion);
+
+    oddb::DatabaseImpl& database;
+    OdDb::DwgVersion version;
+    TagPrinter tags;
+    GroupPrinter groups;
+    ObjectPrinter objects;
+};
+
+// One function for each section; each writes what stands between the section's name and its ENDSEC.
+void writeHeaderSection(Writing& writing);
+void writeClassesSection(Writing& writing);
+void writeTablesSection(Writing& writing);
+void writeBlocksSection(Writing& writing);
+void writeEntitiesSection(Writing& writing);
+void writeObjectsSection(Writing& writing);
+
+/// Writes the sections that were kept as they were and stood behind the one of this name.
+void writeKeptSections(Writing& writing, std::string_view behind);
+
+} // namespace dxf

@@ -1,0 +1,59 @@
+// Opening and saving drawings for the tests of this folder.
+#pragma once
+
+#include "DbDatabase.h"
+#include "OdError.h"
+#include "RxInit.h"
+#include "dxf/DrawingReader.h"
+#include "dxf/DrawingWriter.h"
+#include "support/DxfRecords.h"
+#include "support/TemporaryFolder.h"
+
+#include <string>
+
+/// Starts the SDK for the time of a test.
+class SdkSession
+{
+public:
+    SdkSession() { odInitialize(); }
+    ~SdkSession() { odUninitialize(); }
+};
+
+inline OdDbDatabasePtr openText(std::string_view file)
+{
+    const OdDbDatabasePtr database = OdDbDatabase::createObject();
+    dxf::readDrawing(*database, "test.dxf", file);
+    return database;
+}
+
+inline std::string savedText(OdDbDatabase& database, OdDb::DwgVersion version,
+                             dxf::FileForm form = dxf::FileForm::Ascii)
+{
+    const support::TemporaryFolder folder;
+    dxf::writeDrawing(database, folder.path("saved.dxf"), form, version);
+    return support::readWholeFile(folder.path("saved.dxf"));
+}
+
+/// The lines of the recovery report, each ended by a line feed.
+inline std::string reportOf(const OdDbDatabase& database)
+{
+    std::string report;
+    for (const OdString& line : database.recoveryReport())
+        report += odStringToUtf8(line) + '\n';
+    return report;
+}
+
+/// What an operation throws in words, empty when it throws nothing.
+template<class Operation>
+std::string errorOf(Operation operation)
+{
+    try
+    {
+        operation();
+    }
+    catch (const OdError& error)
+    {
+        return odStringToUtf8(error.description());
+    }
+    return {};
+}
