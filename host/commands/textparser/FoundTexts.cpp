@@ -58,26 +58,52 @@ double Frame::halfHeight() const
     return outline == kStadium ? std::abs(along.y) + std::abs(across.y) : reachOf(along.y, across.y, outline);
 }
 
-bool Frame::holds(const OdGePoint2d& point) const
+bool Frame::isFlat() const
 {
-    // The point in the frame's own axes: the outline passes through ±1 on each.
+    return crossProduct(along, across) == 0.0;
+}
+
+Frame::Distances Frame::measure(const OdGeVector2d& offset) const
+{
     const double area = crossProduct(along, across);
-    if (area == 0.0)
-        return false;
-    const OdGeVector2d offset(point.x - center.x, point.y - center.y);
-    const double a = crossProduct(offset, across) / area;
-    const double b = crossProduct(along, offset) / area;
+    return {std::abs(crossProduct(offset, across) / area), std::abs(crossProduct(along, offset) / area)};
+}
+
+bool Frame::encloses(const Distances& distances) const
+{
+    const double a = distances.along;
+    const double b = distances.across;
     if (outline == kParallelogram)
-        return std::abs(a) <= 1.0 && std::abs(b) <= 1.0;
+        return a <= 1.0 && b <= 1.0;
     if (outline == kEllipse)
         return a * a + b * b <= 1.0;
     const double radius = std::hypot(across.x, across.y) / std::hypot(along.x, along.y); // in units of along
-    const double beyondLine = std::max(0.0, std::abs(a) - (1.0 - radius)) / radius;
+    const double beyondLine = std::max(0.0, a - (1.0 - radius)) / radius;
     return beyondLine * beyondLine + b * b <= 1.0;
+}
+
+bool Frame::holds(const OdGePoint2d& point) const
+{
+    return encloses(measure(OdGeVector2d(point.x - center.x, point.y - center.y)));
+}
+
+bool Frame::mayHoldCentersIn(const Box& centers) const
+{
+    if (isFlat())
+        return false;
+    // Outlines are convex and hold the center of every box that they hold. The nearest point to the frame's center, in
+    // its own axes, is at least as near as that of the given box.
+    const Distances middle = measure(OdGeVector2d(centers.center.x - center.x, centers.center.y - center.y));
+    const Distances u = measure(centers.along);
+    const Distances v = measure(centers.across);
+    return encloses(
+        {std::max(0.0, middle.along - u.along - v.along), std::max(0.0, middle.across - u.across - v.across)});
 }
 
 bool Frame::holds(const Box& box) const
 {
+    if (isFlat())
+        return false;
     const OdGePoint2d& c = box.center;
     const OdGeVector2d u(box.along.x * kMargin, box.along.y * kMargin);
     const OdGeVector2d v(box.across.x * kMargin, box.across.y * kMargin);

@@ -64,8 +64,19 @@ struct Frame
     double halfHeight() const;
     // True when the box, without a small margin, lies within the outline.
     bool holds(const Box& box) const;
+    // False when no box whose center lies in the given one can be held.
+    bool mayHoldCentersIn(const Box& centers) const;
 
 private:
+    // Distances from the center along the frame's own axes, where the outline passes through 1 on each.
+    struct Distances
+    {
+        double along = 0.0;
+        double across = 0.0;
+    };
+    Distances measure(const OdGeVector2d& offset) const;
+    bool isFlat() const;
+    bool encloses(const Distances& distances) const;
     bool holds(const OdGePoint2d& point) const;
 };
 

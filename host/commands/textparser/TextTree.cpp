@@ -22,9 +22,17 @@ TextTree::TextTree(const std::vector<FoundText>& texts, std::size_t first, std::
 {
     std::iota(m_order.begin(), m_order.end(), first);
     m_nodes.reserve(2 * (m_order.size() / kLeafSize + 1));
-    m_nodes.push_back(Node{0, m_order.size()});
+    addNode(0, m_order.size());
     for (std::size_t node = 0; node < m_nodes.size(); ++node)
         split(node);
+}
+
+void TextTree::addNode(std::size_t begin, std::size_t end)
+{
+    Node node;
+    node.begin = begin;
+    node.end = end;
+    m_nodes.push_back(node);
 }
 
 void TextTree::split(std::size_t index)
@@ -34,7 +42,7 @@ void TextTree::split(std::size_t index)
     if (node.remaining <= kLeafSize)
         return;
     const std::size_t middle = node.begin + node.remaining / 2;
-    const bool isWide = node.right - node.left > node.top - node.bottom;
+    const bool isWide = node.centers.halfWidth() > node.centers.halfHeight();
     const auto comesBefore = [this, isWide](std::size_t first, std::size_t second)
     {
         const OdGePoint2d& a = m_texts[first].box.center;
@@ -45,27 +53,29 @@ void TextTree::split(std::size_t index)
     std::nth_element(begin + std::ptrdiff_t(node.begin), begin + std::ptrdiff_t(middle),
                      begin + std::ptrdiff_t(node.end), comesBefore);
     m_nodes[index].firstChild = m_nodes.size();
-    m_nodes.push_back(Node{node.begin, middle});
-    m_nodes.push_back(Node{middle, node.end});
+    addNode(node.begin, middle);
+    addNode(middle, node.end);
 }
 
 void TextTree::measure(Node& node) const
 {
     constexpr double infinity = std::numeric_limits<double>::infinity();
     node.remaining = node.end - node.begin;
-    node.left = node.bottom = node.leastHalfWidth = node.leastHalfHeight = infinity;
-    node.right = node.top = -infinity;
+    node.leastHalfWidth = node.leastHalfHeight = infinity;
+    double left = infinity, right = -infinity, bottom = infinity, top = -infinity;
     for (std::size_t i = node.begin; i < node.end; ++i)
     {
         const Box& box = m_texts[m_order[i]].box;
-        node.left = std::min(node.left, box.center.x);
-        node.right = std::max(node.right, box.center.x);
-        node.bottom = std::min(node.bottom, box.center.y);
-        node.top = std::max(node.top, box.center.y);
+        left = std::min(left, box.center.x);
+        right = std::max(right, box.center.x);
+        bottom = std::min(bottom, box.center.y);
+        top = std::max(top, box.center.y);
         // The middles of its sides are what a frame looks at.
         node.leastHalfWidth = std::min(node.leastHalfWidth, std::max(std::abs(box.along.x), std::abs(box.across.x)));
         node.leastHalfHeight = std::min(node.leastHalfHeight, std::max(std::abs(box.along.y), std::abs(box.across.y)));
     }
+    node.centers = Box{OdGePoint2d((left + right) / 2.0, (bottom + top) / 2.0), OdGeVector2d((right - left) / 2.0, 0.0),
+                       OdGeVector2d(0.0, (top - bottom) / 2.0)};
 }
 
 void TextTree::take(const Frame& frame, std::vector<std::size_t>& taken)
@@ -75,11 +85,8 @@ void TextTree::take(const Frame& frame, std::vector<std::size_t>& taken)
 
 bool TextTree::mayHold(const Frame& frame, const Node& node) const
 {
-    const double halfWidth = frame.halfWidth();
-    const double halfHeight = frame.halfHeight();
-    return node.remaining != 0 && node.left <= frame.center.x + halfWidth && node.right >= frame.center.x - halfWidth &&
-           node.bottom <= frame.center.y + halfHeight && node.top >= frame.center.y - halfHeight &&
-           node.leastHalfWidth * kMargin <= halfWidth && node.leastHalfHeight * kMargin <= halfHeight;
+    return node.remaining != 0 && node.leastHalfWidth * kMargin <= frame.halfWidth() &&
+           node.leastHalfHeight * kMargin <= frame.halfHeight() && frame.mayHoldCentersIn(node.centers);
 }
 
 void TextTree::takeFrom(std::size_t index, const Frame& frame, std::vector<std::size_t>& taken)

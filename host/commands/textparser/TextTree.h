@@ -24,13 +24,14 @@ private:
     {
         std::size_t begin = 0; // its part of m_order
         std::size_t end = 0;   // behind the last text that has not been taken
-        double left = 0.0, right = 0.0, bottom = 0.0, top = 0.0;
+        Box centers;
         double leastHalfWidth = 0.0; // of its texts: none fits in a frame that is smaller
         double leastHalfHeight = 0.0;
         std::size_t remaining = 0;
         std::size_t firstChild = 0; // the second one follows it; 0 for a leaf
     };
 
+    void addNode(std::size_t begin, std::size_t end);
     void split(std::size_t node);
     void measure(Node& node) const;
     bool mayHold(const Frame& frame, const Node& node) const;

@@ -1,0 +1,179 @@
+// Requests as they should be, and all the ways in which a line can be none.
+#include "session/RequestReader.h"
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "session/WideText.h"
+
+namespace
+{
+
+using session::Request;
+using session::RequestError;
+using session::RequestReader;
+
+std::string repeat(std::string_view piece, std::size_t count)
+{
+    std::string text;
+    for (std::size_t i = 0; i < count; ++i)
+        text += piece;
+    return text;
+}
+
+struct IdCase
+{
+    const char* given;
+    const char* kept; // null: as it was given
+};
+
+class RequestId : public testing::TestWithParam<IdCase>
+{
+};
+
+TEST_P(RequestId, IsKeptToTheDigit)
+{
+    RequestReader reader;
+    const std::string line = std::string(R"({"id": )") + GetParam().given + R"(, "command": "X", "parameters": {}})";
+    const Request& request = reader.read(line);
+    EXPECT_TRUE(request.hasId);
+    EXPECT_EQ(request.id, GetParam().kept == nullptr ? GetParam().given : GetParam().kept);
+    EXPECT_EQ(request.command, L"X");
+    ASSERT_NE(request.parameters, nullptr);
+    EXPECT_EQ(request.parameters->MemberCount(), 0u);
+}
+
+INSTANTIATE_TEST_SUITE_P(Values, RequestId,
+                         testing::Values(IdCase{"7", nullptr}, IdCase{"-0", nullptr},
+                                         IdCase{"9007199254740993", nullptr},
+                                         IdCase{"123456789012345678901234567890", nullptr}, IdCase{"1e400", nullptr},
+                                         IdCase{"-1E-999", nullptr}, IdCase{"0.10", nullptr}, IdCase{"null", nullptr},
+                                         IdCase{"true", nullptr}, IdCase{"\"a\\\"b\"", nullptr},
+                                         IdCase{"\"\\u0000\"", nullptr}, IdCase{"\"\xF0\x9F\x98\x80\"", nullptr},
+                                         IdCase{"\"\\ud83d\\ude00\"", "\"\xF0\x9F\x98\x80\""},
+                                         IdCase{"[1, {\"id\": [2.50]}, \"x\"]", "[1,{\"id\":[2.50]},\"x\"]"},
+                                         IdCase{"{\"command\": 1, \"command\": 2}", "{\"command\":1,\"command\":2}"}));
+
+TEST(RequestReader, ReadsMembersInAnyOrder)
+{
+    RequestReader reader;
+    const Request& request = reader.read(R"( {"input":["a",[1,2]],"parameters":{"A":1,"A":2},"command":"SAVE x"} )");
+    EXPECT_FALSE(request.hasId);
+    EXPECT_EQ(request.command, L"SAVE x");
+    ASSERT_NE(request.parameters, nullptr);
+    EXPECT_EQ(request.parameters->MemberCount(), 2u); // both, in order
+    ASSERT_NE(request.input, nullptr);
+    EXPECT_EQ(request.input->Size(), 2u);
+}
+
+TEST(RequestReader, GivesTheSameCharacterForAnEscapedPairAndTheCharacterItself)
+{
+    RequestReader reader;
+    const OdString escaped = reader.read(R"({"command":"a\ud83d\ude00b"})").command;
+    const OdString literal = reader
+                                 .read("{\"command\":\"a\xF0\x9F\x98\x80"
+                                       "b\"}")
+                                 .command;
+    EXPECT_EQ(escaped, literal);
+    EXPECT_EQ(escaped.getLength(), 3);
+    EXPECT_EQ(static_cast<unsigned>(escaped[1]), 0x1F600u);
+}
+
+struct HostileLine
+{
+    const char* what;
+    std::string line;
+    const char* fault; // part of the text
+};
+
+class HostileRequest : public testing::TestWithParam<HostileLine>
+{
+};
+
+TEST_P(HostileRequest, IsRefusedAndTheNextIsRead)
+{
+    RequestReader reader;
+    try
+    {
+        reader.read(GetParam().line);
+        FAIL() << GetParam().what << " was taken for a request";
+    }
+    catch (const RequestError& error)
+    {
+        EXPECT_NE(std::string(error.what()).find(GetParam().fault), std::string::npos)
+            << GetParam().what << ": " << error.what();
+    }
+    EXPECT_EQ(reader.read(R"({"command":"NEXT"})").command, L"NEXT");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Lines, HostileRequest,
+    testing::Values(HostileLine{"nothing", "", "not JSON"}, HostileLine{"blanks", "   ", "not JSON"},
+                    HostileLine{"a word", "BSYSTEMLABELGETALLIDS", "not JSON"},
+                    HostileLine{"half an object", "{\"command\":\"X\"", "not JSON"},
+                    HostileLine{"two objects", R"({"command":"X"}{"command":"Y"})", "not JSON"},
+                    HostileLine{"a trailing comma", R"({"command":"X",})", "not JSON"},
+                    HostileLine{"a comment", R"({"command":"X"/**/})", "not JSON"},
+                    HostileLine{"a number with a leading zero", R"({"command":"X","parameters":{"A":012}})",
+                                "not JSON"},
+                    HostileLine{"not a number", R"({"command":"X","parameters":{"A":NaN}})", "not JSON"},
+                    HostileLine{"a number beyond all", R"({"command":"X","parameters":{"A":1e999}})", "out of range"},
+                    HostileLine{"an array", "[]", "JSON object"}, HostileLine{"a string", "\"command\"", "JSON object"},
+                    HostileLine{"null", "null", "JSON object"}, HostileLine{"no command", R"({"id":1})", "\"command\""},
+                    HostileLine{"a command that is a number", R"({"command":12})", "\"command\""},
+                    HostileLine{"a command that is an object", R"({"command":{"command":"X"}})", "\"command\""},
+                    HostileLine{"parameters that are an array", R"({"command":"X","parameters":[]})", "\"parameters\""},
+                    HostileLine{"parameters that are null", R"({"command":"X","parameters":null})", "\"parameters\""},
+                    HostileLine{"input that is a string", R"({"command":"X","input":"a"})", "\"input\""},
+                    HostileLine{"a command given twice", R"({"command":"X","command":"Y"})", "two members \"command\""},
+                    HostileLine{"an id given twice", R"({"id":1,"command":"X","id":2})", "two members \"id\""},
+                    HostileLine{"a misspelt member", R"({"command":"X","paramters":{}})", "\"paramters\""},
+                    HostileLine{"half a pair", R"({"command":"\ud83d"})", "surrogate"},
+                    HostileLine{"the other half", R"({"command":"\ude00"})", "surrogate"},
+                    HostileLine{"halves the wrong way round", R"({"command":"\ude00\ud83d"})", "surrogate"},
+                    HostileLine{"a half in the id", R"({"id":"\udc80","command":"X"})", "surrogate"},
+                    HostileLine{"a half behind a backslash", R"({"command":"\\\udc80"})", "surrogate"},
+                    HostileLine{"a cut escape", "{\"command\":\"\\u12", "not JSON"},
+                    HostileLine{"a null byte", std::string("{\"command\":\"X\"}\0more", 19), "null byte"},
+                    HostileLine{"a byte that is no text", "{\"command\":\"\xFF\"}", "not UTF-8"},
+                    HostileLine{"a character written too long", "{\"command\":\"\xC0\xAF\"}", "not UTF-8"},
+                    HostileLine{"a surrogate in UTF-8", "{\"command\":\"\xED\xA0\x80\"}", "not UTF-8"},
+                    HostileLine{"a character beyond the last", "{\"command\":\"\xF4\x90\x80\x80\"}", "not UTF-8"},
+                    HostileLine{"a cut character", "{\"command\":\"\xE2\x82", "not UTF-8"},
+                    HostileLine{"a control character", "{\"command\":\"\x01\"}", "not JSON"},
+                    HostileLine{"deep arrays", repeat("[", 5'000'000), "nested too deeply"},
+                    HostileLine{"deep objects", repeat("{\"a\":", 1'000'000), "no member \"a\""},
+                    HostileLine{"deep parameters", "{\"command\":\"X\",\"parameters\":" + repeat("{\"a\":", 1'000'000),
+                                "nested too deeply"},
+                    HostileLine{"a deep id", "{\"id\":" + repeat("[", 1'000'000), "nested too deeply"},
+                    HostileLine{"a huge word", repeat("x", 10'000'000), "not JSON"}));
+
+TEST(RequestReader, NamesTheRefusedRequestAsFarAsItWasRead)
+{
+    RequestReader reader;
+    EXPECT_THROW(reader.read(R"({"id": 12.50, "command": "X", "parameters": [})"), RequestError);
+    EXPECT_EQ(reader.request().id, "12.50");
+    EXPECT_EQ(reader.request().command, L"X");
+    EXPECT_THROW(reader.read("garbage"), RequestError);
+    EXPECT_FALSE(reader.request().hasId);
+}
+
+TEST(RequestReader, ReadsALineOfTenMegabytes)
+{
+    RequestReader reader;
+    const std::string text = repeat("\\u00e9", 10'000'000 / 6);
+    const Request& request = reader.read("{\"command\":\"X\",\"parameters\":{\"A\":\"" + text + "\"}}");
+    EXPECT_EQ(request.parameters->MemberBegin()->value.GetStringLength(), 10'000'000u / 6);
+    EXPECT_EQ(reader.read(R"({"command":"Y"})").command, L"Y");
+}
+
+TEST(WideText, JoinsHalvesAndLeavesLoneOnesAlone)
+{
+    const wchar_t units[] = {L'a', 0xD83D, 0xDE00, 0xDE00, 0xD83D, L'b', 0xD83D};
+    const OdString text = session::joinSurrogates(units, std::size(units));
+    const std::wstring expected = {L'a', wchar_t(0x1F600), wchar_t(0xDE00), wchar_t(0xD83D), L'b', wchar_t(0xD83D)};
+    EXPECT_EQ(text, OdString(expected));
+}
+
+} // namespace
