@@ -26,6 +26,8 @@ const CommandRow kCommands[] = {
      "Erase the objects of OBJECTIDARRAY"},
     {HOST_GROUP, L"COPY", kGivesResult | kInTransaction, copy,
      "Copy the objects of OBJECTIDARRAY and move the copies by VECTOR"},
+    {HOST_GROUP, L"WBLOCK", kLeavesNoUndoRecord, writeBlock,
+     "Write the objects of OBJECTIDARRAY into a new drawing, FILE"},
     {SELECTION_SET_GROUP, L"SELECTIONSETGET", kGivesResult, getSelectionSet,
      "Give the selection set that is stored under SELECTIONSETNAME"},
     {SELECTION_SET_GROUP, L"SELECTIONSETUPDATE", kGivesResult, updateSelectionSet,

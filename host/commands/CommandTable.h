@@ -20,6 +20,7 @@ void redo(CommandRun& run);
 void findEntities(CommandRun& run);
 void erase(CommandRun& run);
 void copy(CommandRun& run);
+void writeBlock(CommandRun& run);
 void getSelectionSet(CommandRun& run);
 void updateSelectionSet(CommandRun& run);
 void clearSelectionSet(CommandRun& run);

@@ -1,4 +1,4 @@
-// The commands that find, erase and copy entities: ENTITIES, ERASE and COPY.
+// The commands that find, erase and copy entities: ENTITIES, ERASE, COPY and WBLOCK.
 #include "DbBlockTableRecord.h"
 #include "DbDictionary.h"
 #include "DbEntity.h"
@@ -9,6 +9,7 @@
 #include "RxObjectImpl.h"
 #include "commands/CommandTable.h"
 #include "commands/EntityFilter.h"
+#include "commands/FileVersions.h"
 
 namespace hostcommands
 {
@@ -44,6 +45,23 @@ OdDbObjectPtr openOrdinary(const OdDbObjectId& id, OdDb::OpenMode mode)
     return object;
 }
 
+OdDbObjectId copyOf(const OdDbObjectId& original, const OdDbIdMapping& mapping)
+{
+    OdDbIdPair pair(original);
+    if (!mapping.compute(pair) || !pair.value().isValid())
+        refuse(eNotApplicable, original, L"cannot be copied");
+    return pair.value();
+}
+
+void moveEntity(const OdDbObjectId& id, const OdGeMatrix3d& move)
+{
+    const OdDbEntityPtr entity = OdDbEntity::cast(id.safeOpenObject(OdDb::kForWrite));
+    if (entity.isNull())
+        return;
+    if (const OdResult outcome = entity->transformBy(move); outcome != eOk)
+        refuse(outcome, id, L"cannot be moved");
+}
+
 } // namespace
 
 void findEntities(CommandRun& run)
@@ -70,21 +88,28 @@ void erase(CommandRun& run)
 void copy(CommandRun& run)
 {
     const OdGeMatrix3d move = OdGeMatrix3d::translation(run.parameters.vector(L"VECTOR"));
+    const OdDbObjectIdArray originals = run.parameters.objectIds(L"OBJECTIDARRAY");
+    for (const OdDbObjectId& id : originals)
+        openOrdinary(id, OdDb::kForRead);
     const OdDbIdMappingPtr mapping = OdRxObjectImpl<OdDbIdMapping>::createObject();
+    run.database.deepCloneObjects(originals, OdDbObjectId::kNull, *mapping);
     OdDbObjectIdArray copies;
-    for (const OdDbObjectId& id : run.parameters.objectIds(L"OBJECTIDARRAY"))
+    for (const OdDbObjectId& id : originals)
     {
-        const OdDbObjectPtr source = openOrdinary(id, OdDb::kForRead);
-        const OdDbObjectPtr owner = source->ownerId().safeOpenObject(OdDb::kForWrite);
-        const OdDbObjectPtr made = source->deepClone(*mapping, owner);
-        if (made.isNull())
-            refuse(eNotApplicable, id, L"cannot be copied");
-        if (const OdDbEntityPtr entity = OdDbEntity::cast(made); !entity.isNull())
-            if (const OdResult outcome = entity->transformBy(move); outcome != eOk)
-                refuse(outcome, id, L"cannot be moved");
-        copies.append(made->objectId());
+        const OdDbObjectId made = copyOf(id, *mapping);
+        moveEntity(made, move);
+        copies.append(made);
     }
     run.results.add(L"OBJECTIDARRAY", copies);
+}
+
+void writeBlock(CommandRun& run)
+{
+    const OdString file = run.parameters.string(L"FILE").value_or(OdString());
+    if (file.isEmpty())
+        throw OdError(eInvalidInput, OdString(L"FILE is missing"));
+    const OdDbDatabasePtr block = run.database.wblock(run.parameters.objectIds(L"OBJECTIDARRAY"));
+    block->writeFile(file, OdDb::kDxf, versionToWrite(run.database.originalFileVersion()));
 }
 
 } // namespace hostcommands
