@@ -1,4 +1,6 @@
 // The commands that find, erase and copy entities: ENTITIES, ERASE, COPY and WBLOCK.
+#include <unordered_set>
+
 #include "DbBlockTableRecord.h"
 #include "DbDictionary.h"
 #include "DbEntity.h"
@@ -45,6 +47,17 @@ OdDbObjectPtr openOrdinary(const OdDbObjectId& id, OdDb::OpenMode mode)
     return object;
 }
 
+// The objects of the parameter OBJECTIDARRAY, each once.
+OdDbObjectIdArray givenObjects(const CommandRun& run)
+{
+    std::unordered_set<OdDbStub*> seen;
+    OdDbObjectIdArray distinct;
+    for (const OdDbObjectId& id : run.parameters.objectIds(L"OBJECTIDARRAY"))
+        if (seen.insert(static_cast<OdDbStub*>(id)).second)
+            distinct.append(id);
+    return distinct;
+}
+
 OdDbObjectId copyOf(const OdDbObjectId& original, const OdDbIdMapping& mapping)
 {
     OdDbIdPair pair(original);
@@ -77,7 +90,7 @@ void findEntities(CommandRun& run)
 
 void erase(CommandRun& run)
 {
-    for (const OdDbObjectId& id : run.parameters.objectIds(L"OBJECTIDARRAY"))
+    for (const OdDbObjectId& id : givenObjects(run))
     {
         const OdResult outcome = openOrdinary(id, OdDb::kForWrite)->erase();
         if (outcome != eOk)
@@ -88,7 +101,7 @@ void erase(CommandRun& run)
 void copy(CommandRun& run)
 {
     const OdGeMatrix3d move = OdGeMatrix3d::translation(run.parameters.vector(L"VECTOR"));
-    const OdDbObjectIdArray originals = run.parameters.objectIds(L"OBJECTIDARRAY");
+    const OdDbObjectIdArray originals = givenObjects(run);
     for (const OdDbObjectId& id : originals)
         openOrdinary(id, OdDb::kForRead);
     const OdDbIdMappingPtr mapping = OdRxObjectImpl<OdDbIdMapping>::createObject();
@@ -108,7 +121,7 @@ void writeBlock(CommandRun& run)
     const OdString file = run.parameters.string(L"FILE").value_or(OdString());
     if (file.isEmpty())
         throw OdError(eInvalidInput, OdString(L"FILE is missing"));
-    const OdDbDatabasePtr block = run.database.wblock(run.parameters.objectIds(L"OBJECTIDARRAY"));
+    const OdDbDatabasePtr block = run.database.wblock(givenObjects(run));
     block->writeFile(file, OdDb::kDxf, versionToWrite(run.database.originalFileVersion()));
 }
 
