@@ -9,6 +9,7 @@
 
 #include "OdError.h"
 #include "cli/Doors.h"
+#include "cli/Drawings.h"
 
 namespace cli
 {
@@ -86,10 +87,10 @@ void addSave(CLI::App& app, Arguments& arguments, Door& door)
     subcommand->callback([&] { door = [&] { return saveDrawing(order, pluginFor(arguments.withoutPlugin)); }; });
 }
 
-int reportFailure(const std::string& text)
+ExitCode reportFailure(const std::string& text, ExitCode code)
 {
     std::cerr << "zolcad: " << text << '\n';
-    return kUnreadableDrawing;
+    return code;
 }
 
 } // namespace
@@ -119,13 +120,17 @@ int runCommandLine(int argc, char** argv)
         app.exit(wrongUsage);
         return kWrongUsage;
     }
+    catch (const UnreadableDrawing& error)
+    {
+        return reportFailure(error.what(), kUnreadableDrawing);
+    }
     catch (const OdError& error)
     {
-        return reportFailure(odStringToUtf8(error.description()));
+        return reportFailure(odStringToUtf8(error.description()), kFailure);
     }
     catch (const std::exception& error)
     {
-        return reportFailure(error.what());
+        return reportFailure(error.what(), kFailure);
     }
 }
 

@@ -7,7 +7,7 @@ namespace cli
 enum ExitCode
 {
     kSuccess = 0,
-    kSomeRequestFailed = 1,
+    kFailure = 1, // a request was answered with an error, or something could not be done
     kWrongUsage = 2,
     kUnreadableDrawing = 3
 };

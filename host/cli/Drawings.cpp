@@ -1,10 +1,25 @@
 // Opening the drawings that are named on the command line.
 #include "cli/Drawings.h"
 
+#include <algorithm>
 #include <iostream>
+
+#include "OdError.h"
 
 namespace cli
 {
+
+namespace
+{
+
+std::string describeFailure(const std::string& file, const OdString& fault)
+{
+    std::string line = odStringToUtf8(fault);
+    std::replace(line.begin(), line.end(), '\n', ' ');
+    return line.find(file) == std::string::npos ? file + ": " + line : line;
+}
+
+} // namespace
 
 void openDrawing(std::optional<session::OpenDrawing>& drawing, const std::string& file)
 {
@@ -13,8 +28,23 @@ void openDrawing(std::optional<session::OpenDrawing>& drawing, const std::string
         drawing.emplace();
         return;
     }
-    drawing.emplace(odUtf8ToString(file));
-    for (const OdString& line : drawing->database().recoveryReport())
+    try
+    {
+        drawing.emplace(odUtf8ToString(file));
+    }
+    catch (const OdError& error)
+    {
+        throw UnreadableDrawing(describeFailure(file, error.description()));
+    }
+    catch (const std::exception& error)
+    {
+        throw UnreadableDrawing(describeFailure(file, odUtf8ToString(error.what())));
+    }
+}
+
+void reportMended(const session::OpenDrawing& drawing, const std::string& file)
+{
+    for (const OdString& line : drawing.database().recoveryReport())
         std::cerr << "zolcad: " << file << ": " << odStringToUtf8(line) << '\n';
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <stdexcept>
 #include <string>
 
 #include "session/OpenDrawing.h"
@@ -9,8 +10,17 @@
 namespace cli
 {
 
-// Opens the file, or a new drawing when the name is empty, and tells on standard error what was mended. Throws OdError
-// with file, place and fault.
+// A drawing that cannot be read. what() is one line with the file, the place and the fault.
+class UnreadableDrawing : public std::runtime_error
+{
+public:
+    using std::runtime_error::runtime_error;
+};
+
+// Opens the file, or a new drawing when the name is empty. Throws UnreadableDrawing.
 void openDrawing(std::optional<session::OpenDrawing>& drawing, const std::string& file);
+
+// Says on standard error what was mended while the drawing was read, a line for each fault.
+void reportMended(const session::OpenDrawing& drawing, const std::string& file);
 
 } // namespace cli

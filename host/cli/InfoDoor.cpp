@@ -149,13 +149,14 @@ void printRecovery(OdDbDatabase& database)
 int describeDrawing(const std::string& drawingFile, session::Plugin plugin)
 {
     const session::HostServices services(plugin);
-    session::OpenDrawing drawing(odUtf8ToString(drawingFile));
-    OdDbDatabase& database = drawing.database();
+    std::optional<session::OpenDrawing> drawing;
+    openDrawing(drawing, drawingFile);
+    OdDbDatabase& database = drawing->database();
     printVersion(database, drawingFile);
     printCounts("Entities", countEntities(database));
     printLayers(database);
     if (plugin == session::Plugin::kLoaded)
-        printLabels(drawing);
+        printLabels(*drawing);
     else
         std::printf("Labels: not looked for without the plug-in\n");
     printProxies(database);

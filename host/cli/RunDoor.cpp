@@ -90,10 +90,11 @@ int runCommand(const RunOrder& order)
     const session::HostServices services(session::Plugin::kLoaded);
     std::optional<session::OpenDrawing> drawing;
     openDrawing(drawing, order.drawingFile);
+    reportMended(*drawing, order.drawingFile);
     session::Session session(*drawing);
     printResponse(session.answer(line));
     if (session.hadError())
-        return kSomeRequestFailed;
+        return kFailure;
     if (!order.saveFile.empty())
         hostcommands::writeDrawing(drawing->database(), {odUtf8ToString(order.saveFile), {}, {}});
     return kSuccess;

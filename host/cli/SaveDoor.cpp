@@ -14,6 +14,7 @@ int saveDrawing(const SaveOrder& order, session::Plugin plugin)
     const session::HostServices services(plugin);
     std::optional<session::OpenDrawing> drawing;
     openDrawing(drawing, order.drawingFile);
+    reportMended(*drawing, order.drawingFile);
     hostcommands::WriteOrder write;
     write.file = odUtf8ToString(order.targetFile);
     write.version = odUtf8ToString(order.version);

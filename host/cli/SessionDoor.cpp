@@ -38,12 +38,13 @@ int serveSession(const std::string& drawingFile, session::Plugin plugin)
     const session::HostServices services(plugin);
     std::optional<session::OpenDrawing> drawing;
     openDrawing(drawing, drawingFile);
+    reportMended(*drawing, drawingFile);
     session::Session session(*drawing);
     session::LineReader lines(STDIN_FILENO);
     for (std::string_view line; lines.read(line);)
         if (!writeAll(lines.wasTooLong() ? session.refuseTooLong() : session.answer(line)))
             break;
-    return session.hadError() ? kSomeRequestFailed : kSuccess;
+    return session.hadError() ? kFailure : kSuccess;
 }
 
 } // namespace cli

@@ -48,7 +48,8 @@ public:
     std::string text(const char* pointer) const
     {
         const rapidjson::Value* const value = find(pointer);
-        return value != nullptr && value->IsString() ? std::string(value->GetString(), value->GetStringLength()) : "(none)";
+        return value != nullptr && value->IsString() ? std::string(value->GetString(), value->GetStringLength())
+                                                     : "(none)";
     }
 
     int number(const char* pointer) const
@@ -64,7 +65,8 @@ public:
     {
         std::vector<std::string> found;
         const rapidjson::Value* const value = find(pointer);
-        if (value == nullptr || !value->IsObject() || value->MemberCount() != 1 || !value->MemberBegin()->value.IsArray())
+        if (value == nullptr || !value->IsObject() || value->MemberCount() != 1 ||
+            !value->MemberBegin()->value.IsArray())
             return found;
         for (const rapidjson::Value& handle : value->MemberBegin()->value.GetArray())
             found.emplace_back(handle.GetString());
