@@ -8,6 +8,7 @@
 #include "DbDictionary.h"
 #include "DbDimStyleTable.h"
 #include "DbDimStyleTableRecord.h"
+#include "DbIdMapping.h"
 #include "DbLayerTable.h"
 #include "DbLayerTableRecord.h"
 #include "DbLayout.h"
@@ -16,6 +17,7 @@
 #include "DbObjectIterator.h"
 #include "DbRegAppTable.h"
 #include "DbRegAppTableRecord.h"
+#include "DbSSet.h"
 #include "DbTextStyleTable.h"
 #include "DbTextStyleTableRecord.h"
 #include "DbUCSTable.h"
@@ -105,6 +107,10 @@ constexpr ClassFunctions kClasses[] = {
     functionsOf<OdDbAbstractViewTableRecord>(),
     functionsOf<OdDbViewTableRecord>(),
     functionsOf<OdDbViewportTableRecord>(),
+    functionsOf<OdDbSelectionSetIterator>(),
+    functionsOf<OdDbSelectionSet>(),
+    functionsOf<OdDbIdMappingIter>(),
+    functionsOf<OdDbIdMapping>(),
 };
 
 } // namespace
