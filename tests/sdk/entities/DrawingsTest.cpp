@@ -1,0 +1,149 @@
+// Real drawings, found through the environment variable ZOLCAD_DRAWINGS: their entities lie where their headers say.
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+
+#include "DbBlockReference.h"
+#include "DbBlockTable.h"
+#include "DbBlockTableRecord.h"
+#include "DbDatabase.h"
+#include "DbDimension.h"
+#include "DbMText.h"
+#include "DbText.h"
+#include "EntityTest.h"
+
+namespace
+{
+
+using namespace entitytest;
+
+class RealDrawings : public EntityTest
+{
+protected:
+    void SetUp() override
+    {
+        const char* folder = std::getenv("ZOLCAD_DRAWINGS");
+        if (!folder)
+            GTEST_SKIP() << "ZOLCAD_DRAWINGS names no folder of drawings";
+        for (const auto& entry : std::filesystem::directory_iterator(folder))
+        {
+            if (entry.path().extension() == ".dxf")
+                files.push_back(entry.path());
+        }
+        std::sort(files.begin(), files.end());
+    }
+
+    OdDbDatabasePtr open(const std::filesystem::path& file)
+    {
+        OdDbDatabasePtr database = OdDbDatabase::createObject();
+        database->readFile(odUtf8ToString(file.string()));
+        return database;
+    }
+
+    std::vector<std::filesystem::path> files;
+};
+
+template<class Visit>
+void visitAllEntities(OdDbDatabase& database, Visit visit)
+{
+    const OdDbBlockTablePtr table = database.getBlockTableId().safeOpenObject();
+    for (OdDbSymbolTableIteratorPtr at = table->newIterator(); !at->done(); at->step())
+    {
+        const OdDbBlockTableRecordPtr block = at->getRecordId().safeOpenObject();
+        for (OdDbObjectIteratorPtr entity = block->newIterator(); !entity->done(); entity->step())
+            visit(entity->objectId());
+    }
+}
+
+TEST_F(RealDrawings, EveryEntityIsMeasuredAndMovesByTheVectorItIsGiven)
+{
+    const OdGeVector3d vector(1000, -2000, 0);
+    for (const std::filesystem::path& file : files)
+    {
+        OdDbDatabasePtr database = open(file);
+        std::size_t measured = 0;
+        std::size_t moved = 0;
+        std::vector<OdDbObjectId> ids;
+        visitAllEntities(*database, [&](OdDbObjectId id) { ids.push_back(id); });
+        for (const OdDbObjectId& id : ids)
+        {
+            OdDbEntityPtr entity = id.safeOpenObject(OdDb::kForWrite);
+            OdGeExtents3d before;
+            const bool shown = entity->getGeomExtents(before) == eOk;
+            measured += shown ? 1 : 0;
+            const OdResult result = entity->transformBy(OdGeMatrix3d::translation(vector));
+            EXPECT_TRUE(result == eOk || result == eNotImplementedYet)
+                << file << " " << odStringToUtf8(id.getHandle().ascii());
+            if (result != eOk || !shown)
+                continue;
+            ++moved;
+            OdGeExtents3d after;
+            ASSERT_EQ(entity->getGeomExtents(after), eOk);
+            const double tolerance = 1e-6 * (1 + before.diagonal().length() + before.minPoint().asVector().length());
+            const OdGePoint3d low = before.minPoint() + vector;
+            const OdGePoint3d high = before.maxPoint() + vector;
+            expectBox(after, {low.x, low.y, low.z, high.x, high.y, high.z}, tolerance,
+                      (file.string() + " " + odStringToUtf8(entity->isA()->name())).c_str());
+        }
+        EXPECT_GT(measured, 0u) << file;
+        RecordProperty(file.stem().string() + "_entities", static_cast<int>(ids.size()));
+        RecordProperty(file.stem().string() + "_measured", static_cast<int>(measured));
+        RecordProperty(file.stem().string() + "_moved", static_cast<int>(moved));
+    }
+}
+
+/// Drawings whose headers tell their extents; those that are left out hold no or outdated ones.
+constexpr const char* kHeadersThatTell[] = {"acad_table_with_blk_ref",
+                                            "bin_dxf_r13",
+                                            "bin_dxf_r14",
+                                            "dimension_in_block",
+                                            "dimension_in_nested_blocks",
+                                            "example_2000",
+                                            "example_2004",
+                                            "example_2007",
+                                            "example_2010",
+                                            "example_2013",
+                                            "example_2018",
+                                            "example_r12",
+                                            "example_r14",
+                                            "hatches_2",
+                                            "leader_image_2007",
+                                            "mtext_complex_inline_codes",
+                                            "proxies_2013",
+                                            "text",
+                                            "ts1_2018",
+                                            "uncommon"};
+
+TEST_F(RealDrawings, EntitiesLieWithinTheExtentsOfTheHeader)
+{
+    // The widths of characters come from a table, not from the drawing's fonts.
+    constexpr double kExact = 1e-6;
+    constexpr double kWithText = 0.02;
+    for (const std::filesystem::path& file : files)
+    {
+        const auto tells = [&file](const char* name) { return file.stem() == name; };
+        if (std::none_of(std::begin(kHeadersThatTell), std::end(kHeadersThatTell), tells))
+            continue;
+        OdDbDatabasePtr database = open(file);
+        const OdGePoint3d low = database->getEXTMIN();
+        const OdGePoint3d high = database->getEXTMAX();
+        const double size = (high - low).length();
+        const OdDbBlockTableRecordPtr model = database->getModelSpaceId().safeOpenObject();
+        for (OdDbObjectIteratorPtr at = model->newIterator(); !at->done(); at->step())
+        {
+            const OdDbEntityPtr entity = at->entity();
+            OdGeExtents3d box;
+            if (entity->getGeomExtents(box) != eOk)
+                continue;
+            const bool text = entity->isKindOf(OdDbText::desc()) || entity->isKindOf(OdDbMText::desc()) ||
+                              entity->isKindOf(OdDbDimension::desc()) || entity->isKindOf(OdDbBlockReference::desc());
+            const double over = std::max({low.x - box.minPoint().x, low.y - box.minPoint().y, box.maxPoint().x - high.x,
+                                          box.maxPoint().y - high.y});
+            EXPECT_LE(over / size, text ? kWithText : kExact)
+                << file << " " << odStringToUtf8(entity->isA()->name()) << " "
+                << odStringToUtf8(at->objectId().getHandle().ascii());
+        }
+    }
+}
+
+} // namespace
