@@ -139,7 +139,9 @@ OdDbObjectId OdDbDatabase::getPaperSpaceId() const
 
 OdDbObjectId OdDbDatabase::getActiveLayoutBTRId() const
 {
-    return m_impl->activeLayout ? m_impl->activeLayout : m_impl->modelSpace;
+    if (m_impl->activeLayout)
+        return m_impl->activeLayout;
+    return getTILEMODE() || !m_impl->paperSpace ? m_impl->modelSpace : m_impl->paperSpace;
 }
 
 // ---- Files ---------------------------------------------------------------------------------------------------------

@@ -50,7 +50,7 @@ public:
     OdDbStub* namedObjects = nullptr;
     OdDbStub* modelSpace = nullptr;
     OdDbStub* paperSpace = nullptr;
-    OdDbStub* activeLayout = nullptr; ///< the block of the current layout, the model space when null
+    OdDbStub* activeLayout = nullptr; ///< the block of the current layout; when null, that of TILEMODE
 
     std::vector<std::unique_ptr<FileClass>> fileClasses;
     /// The file class with this DXF name, null when there is none.

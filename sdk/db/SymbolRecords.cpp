@@ -1,5 +1,6 @@
 // Records of symbol tables: finding them by name, going over them, giving them other names.
 #include "DatabaseImpl.h"
+#include "HeaderNames.h"
 #include "ObjectCore.h"
 #include "RecordTables.h"
 #include "SymbolTableCore.h"
@@ -104,6 +105,7 @@ void SymbolTableCore::changeName(OdDbSymbolTableRecord& record, std::string_view
     if (table)
     {
         databaseImpl(record)->journal.record(std::make_unique<NameChange>(records(*table)));
+        renameInHeader(*databaseImpl(record), records(*table).kind, symbolName(ObjectCore::stub(record)), utf8Name);
         records(*table).rename(ObjectCore::stub(record), utf8Name);
     }
     ObjectCore::changeGroups(record, withText(ObjectCore::groups(record), cls, *cls.subclasses.back(), 2, utf8Name));

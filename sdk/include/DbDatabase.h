@@ -85,6 +85,23 @@ public:
     /** The block of the current layout. */
     OdDbObjectId getActiveLayoutBTRId() const;
 
+    /** The current layout; null in a drawing without layouts. */
+    OdDbObjectId currentLayoutId() const;
+
+    /** Records that every drawing has; null in a damaged one that has not. */
+    OdDbObjectId getLayerZeroId() const;
+    OdDbObjectId getLinetypeByLayerId() const;
+    OdDbObjectId getLinetypeByBlockId() const;
+    OdDbObjectId getLinetypeContinuousId() const;
+    OdDbObjectId getTextStyleStandardId() const;
+    OdDbObjectId getDimStyleStandardId() const;
+    OdDbObjectId getRegAppAcadId() const;
+
+    /** Makes an application known, so that objects take its extended data. Returns false when it was known before.
+        Throws OdError eInvalidSymbolTableName for an empty name, eWasOpenForWrite while the table is open for
+        write. */
+    bool newRegApp(const OdString& name);
+
     // ---- Undo and transactions ---------------------------------------------------------------------------------
 
     /** Announces an undo record: it opens with the next change, so that a run without changes leaves none. */
@@ -110,8 +127,8 @@ public:
     /** A number that names the newest undo record, 0 when there is none. Later records have higher numbers. */
     OdUInt64 undoMark() const;
 
-    /** Takes back the changes of all undo records later than the one that undoMark() named, and drops these records: they
-        cannot be redone, and what could be redone before them can be redone again. Throws OdError
+    /** Takes back the changes of all undo records later than the one that undoMark() named, and drops these records:
+       they cannot be redone, and what could be redone before them can be redone again. Throws OdError
         eUndoOperationNotAvailable while a transaction is open; nothing is changed then. */
     void dropUndoRecordsAfter(OdUInt64 mark);
 
