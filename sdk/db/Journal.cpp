@@ -185,15 +185,21 @@ void Journal::setRedoAside()
     aside.records.assign(firstRecord, m_records.end());
     m_steps.erase(firstStep, m_steps.end());
     m_records.erase(firstRecord, m_records.end());
+    dropSetAside();
     m_setAside = std::move(aside);
+}
+
+void Journal::dropSetAside()
+{
+    if (m_setAside)
+        release(m_setAside->steps);
+    m_setAside.reset();
 }
 
 void Journal::dropRedo()
 {
     setRedoAside();
-    if (m_setAside)
-        release(m_setAside->steps);
-    m_setAside.reset();
+    dropSetAside();
 }
 
 // Decides what became of the last run: a record whose states are all as they were is none, and when nothing at all came
@@ -207,10 +213,8 @@ void Journal::settle()
         truncate(m_records.back().begin);
         newMark();
     }
-    if (!m_setAside)
+    if (!m_setAside || m_setAside->begin != m_steps.size())
         return;
-    if (m_setAside->begin != m_steps.size())
-        return dropRedo();
     m_steps.insert(m_steps.end(), m_setAside->steps.begin(), m_setAside->steps.end());
     m_records.insert(m_records.end(), m_setAside->records.begin(), m_setAside->records.end());
     m_setAside.reset();
@@ -267,6 +271,7 @@ bool Journal::undo()
     if (!hasUndo())
         return false;
     m_recordOpen = false;
+    dropSetAside();
     replayBackward(m_records[m_cursor - 1].begin, recordEnd(m_cursor - 1));
     --m_cursor;
     newMark();
@@ -291,15 +296,17 @@ void Journal::clear()
     newMark();
 }
 
+// What was set aside is looked at only when the records are gone: then nothing may have come behind it.
 void Journal::dropRecordsAfter(OdUInt64 number)
 {
-    while (newestRecord() > number && m_cursor == m_records.size())
+    while (m_cursor > 0 && m_cursor == m_records.size() && m_records.back().number > number)
     {
         const std::size_t begin = m_records.back().begin;
         replayBackward(begin, m_steps.size());
         truncate(begin);
         newMark();
     }
+    settle();
 }
 
 void Journal::disable(bool disable)

@@ -10,8 +10,8 @@
 // A step holds the state on the other side of its change: replaying it puts that state into the object and keeps the
 // present one, so that the same step serves for undo and for redo. An object's state as a whole is held once per mark.
 //
-// What was undone is set aside when the next change comes, and dropped once that change turns out to be one: a run
-// that only announced changes, or whose transaction was aborted, leaves no record and costs no redo.
+// What was undone is set aside when the next change comes, and is there again as soon as nothing is left behind it: a
+// run that only announced changes, or whose changes were taken back, leaves no record and costs no redo.
 #pragma once
 
 #include <cstdint>
@@ -129,7 +129,7 @@ private:
         OdUInt64 number;
     };
 
-    // What was undone, set aside until it is known whether something has changed since.
+    // What was undone, set aside because something has changed since.
     struct SetAside
     {
         std::size_t begin = 0; ///< the number of steps in front of it
@@ -146,6 +146,7 @@ private:
     void push(Kind kind, OdDbStub* stub, void* payload = nullptr, std::uint32_t number = 0, bool flag = false);
     void openRecordIfDue();
     void setRedoAside();
+    void dropSetAside();
     void dropRedo();
     void settle();
     bool changesNothing(std::size_t begin, std::size_t end);

@@ -135,6 +135,31 @@ TEST_F(JournalRecords, OnlyRealChangesEndRedo)
     EXPECT_FALSE(db().hasRedo()); // a change that is not recorded is one too
 }
 
+TEST_F(JournalRecords, AFailedRunIsDroppedAndCostsNoRedo)
+{
+    run(L"1");
+    run(L"2");
+    db().undo();
+    const OdUInt64 mark = db().undoMark();
+    const std::string before = drawing.snapshot();
+    run(L"fails");
+    run(L"and a run inside of it");
+    db().dropUndoRecordsAfter(mark);
+    EXPECT_EQ(drawing.snapshot(), before);
+    EXPECT_EQ(db().undoMark(), mark);
+    EXPECT_TRUE(db().hasRedo());
+    db().dropUndoRecordsAfter(mark); // nothing is later
+    db().redo();
+    EXPECT_EQ(lineCount(), 2u);
+    db().dropUndoRecordsAfter(0);
+    EXPECT_EQ(lineCount(), 0u);
+    EXPECT_FALSE(db().hasUndo());
+    EXPECT_FALSE(db().hasRedo());
+    db().startTransaction();
+    EXPECT_EQ(thrownBy([&] { db().dropUndoRecordsAfter(0); }), eUndoOperationNotAvailable);
+    db().abortTransaction();
+}
+
 TEST_F(JournalRecords, RecordingSwitchedOffLeavesTransactionsWhole)
 {
     run(L"1");
