@@ -60,7 +60,10 @@ class CommandStack : public OdEdCommandStack
 {
 public:
     void addReactor(OdEdCommandStackReactor* reactor) override;
-    void removeReactor(OdEdCommandStackReactor* reactor) override { std::erase(m_reactors, reactor); }
+    void removeReactor(OdEdCommandStackReactor* reactor) override
+    {
+        std::erase_if(m_reactors, [reactor](const Attached& attached) { return attached.reactor == reactor; });
+    }
 
     void addCommand(OdEdCommand* command) override { m_commands.add(command); }
     OdEdCommandPtr addCommand(const OdString& groupName, const OdString& globalName, const OdString& localName,
@@ -94,16 +97,27 @@ private:
     void runCommand(OdEdCommand* command, OdEdCommandContext* context) const;
     OdEdCommandPtr askForUnknown(const OdString& commandName, OdEdCommandContext* context) const;
 
+    /** A listener, numbered so that it is not mistaken for a later one at the same address. */
+    struct Attached
+    {
+        OdEdCommandStackReactor* reactor;
+        OdUInt64 number;
+
+        bool operator==(const Attached&) const = default;
+    };
+
     oded::CommandTable m_commands;
-    std::vector<OdEdCommandStackReactor*> m_reactors;
+    std::vector<Attached> m_reactors;
+    OdUInt64 m_nextNumber = 0;
 };
 
 void CommandStack::addReactor(OdEdCommandStackReactor* reactor)
 {
     if (!reactor)
         throw OdError(eNullPtr);
-    if (std::find(m_reactors.begin(), m_reactors.end(), reactor) == m_reactors.end())
-        m_reactors.push_back(reactor);
+    if (std::none_of(m_reactors.begin(), m_reactors.end(),
+                     [reactor](const Attached& attached) { return attached.reactor == reactor; }))
+        m_reactors.push_back({reactor, m_nextNumber++});
 }
 
 OdEdCommandPtr CommandStack::addCommand(const OdString& groupName, const OdString& globalName,
@@ -121,10 +135,10 @@ OdEdCommandPtr CommandStack::addCommand(const OdString& groupName, const OdStrin
 template<class Tell>
 void CommandStack::forEachReactor(Tell tell) const
 {
-    const std::vector<OdEdCommandStackReactor*> attached = m_reactors;
-    for (OdEdCommandStackReactor* reactor : attached)
-        if (std::find(m_reactors.begin(), m_reactors.end(), reactor) != m_reactors.end())
-            tell(OdEdCommandStackReactorPtr(reactor));
+    const std::vector<Attached> all = m_reactors;
+    for (const Attached& attached : all)
+        if (std::find(m_reactors.begin(), m_reactors.end(), attached) != m_reactors.end())
+            tell(OdEdCommandStackReactorPtr(attached.reactor));
 }
 
 void CommandStack::tell(Event event, OdEdCommand* command, OdEdCommandContext* context) const

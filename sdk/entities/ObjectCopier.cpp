@@ -318,7 +318,7 @@ void ObjectCopier::translateCommon(OdDbObject& copy, const OdDbObject& source) c
     {
         OdDbStub* const application = extras->xdata[i].application;
         const OdDbObjectId value = valueOf(application);
-        ObjectCore::putXData(copy, application, Groups());
+        ObjectCore::takeXData(copy, application);
         if (!value.isNull())
             ObjectCore::putXData(copy, value,
                                  extras->xdata[i].values.translated([this](int, OdDbStub* stub, GroupType)

@@ -1,0 +1,259 @@
+// Attacks the persistent forms of labels: groups in wrong order, later versions, copies, files, JSON of every wrong
+// kind.
+#include "support/PluginTest.h"
+
+#include <filesystem>
+
+#include "DbIdMapping.h"
+#include "ItemsDxfFiler.h"
+#include "framework/Json.h"
+
+using namespace plugintest;
+
+namespace
+{
+
+constexpr const OdChar* kGuid = L"11111111-2222-4333-8444-555555555555";
+
+class LabelFilingTest : public PluginTest
+{
+protected:
+    DxfItems write(OdDbObjectId label)
+    {
+        const auto filer = OdRxObjectImpl<ItemsDxfFiler>::createObject(db.get());
+        openLabel(label)->dxfOutFields(filer);
+        return filer->items;
+    }
+    OdResult read(OdDbObjectId label, const DxfItems& items)
+    {
+        const auto filer = OdRxObjectImpl<ItemsDxfFiler>::createObject(db.get(), items);
+        return openLabel(label, OdDb::kForWrite)->dxfInFields(filer);
+    }
+    std::string stateOf(OdDbObjectId label)
+    {
+        JsonDocument document;
+        openLabel(label)->JsonOutFields(document, document.GetAllocator());
+        return odStringToUtf8(WriteJson(document));
+    }
+    Fault readJson(OdDbObjectId label, const std::wstring& json)
+    {
+        std::wstring text = json;
+        JsonDocument document;
+        document.ParseInsitu(text.data());
+        EXPECT_FALSE(document.HasParseError()) << odStringToUtf8(json.c_str());
+        return thrownBy([&] { openLabel(label, OdDb::kForWrite)->JsonInFields(document); });
+    }
+    static std::wstring handleOf(OdDbObjectId id) { return std::wstring(id.getHandle().ascii().view()); }
+};
+
+// ---- DXF
+// -------------------------------------------------------------------------------------------------------------
+
+TEST_F(LabelFilingTest, DxfGroupsAreWrittenInOrderWithoutErasedReferences)
+{
+    const std::vector<OdDbObjectId> lines = addLines(3);
+    const OdDbObjectId id = addLabel(lines, L" E12 ", kGuid);
+    const OdString handles[] = {lines[0].getHandle().ascii(), lines[1].getHandle().ascii(),
+                                lines[2].getHandle().ascii()};
+    EXPECT_EQ(write(id), (DxfItems{{100, L"CBSystemLabel"},
+                                   {70, L"1"},
+                                   {1, kGuid},
+                                   {2, L" E12 "},
+                                   {90, L"3"},
+                                   {340, handles[0]},
+                                   {340, handles[1]},
+                                   {340, handles[2]}}));
+    erase(lines[1]);
+    EXPECT_EQ(write(id), (DxfItems{{100, L"CBSystemLabel"},
+                                   {70, L"1"},
+                                   {1, kGuid},
+                                   {2, L" E12 "},
+                                   {90, L"2"},
+                                   {340, handles[0]},
+                                   {340, handles[2]}}));
+    EXPECT_EQ(referencesOf(id), lines);
+}
+
+TEST_F(LabelFilingTest, DxfGroupsInAnyOtherOrderAreRefused)
+{
+    const OdDbObjectId line = addLine();
+    const OdDbObjectId id = addLabel({}, L"old", L"old");
+    const OdString handle = line.getHandle().ascii();
+    const DxfItems good = {{100, L"CBSystemLabel"}, {70, L"1"},    {1, kGuid}, {2, L" 'new' "}, {90, L"2"},
+                           {340, handle},           {340, L"FFFF"}};
+    for (std::size_t i = 0; i + 1 < good.size(); ++i)
+    {
+        DxfItems swapped = good;
+        std::swap(swapped[i], swapped[i + 1]);
+        const bool same = swapped[i].first == swapped[i + 1].first;
+        EXPECT_EQ(read(id, swapped), i == 0 ? 69 : same ? 0 : 1) << i;
+        EXPECT_EQ(read(id, DxfItems(good.begin(), good.begin() + static_cast<std::ptrdiff_t>(i))), i == 0 ? 69 : 1)
+            << i;
+    }
+    EXPECT_EQ(read(id, {{100, L"Other"}, {70, L"1"}}), 69);
+    EXPECT_EQ(read(id, {{100, L"CBSystemLabel"}, {70, L"2"}, {1, kGuid}}), 1);
+    EXPECT_EQ(thrownBy(
+                  [&] {
+                      read(id, {{100, L"CBSystemLabel"}, {70, L"1"}, {1, L" "}});
+                  }),
+              valueFault(4, "strGuid", "CBSystemLabel::SetGuid"));
+    EXPECT_EQ(read(id, good), 0);
+    EXPECT_EQ(openLabel(id)->GetLabel(), L"new");
+    EXPECT_EQ(CBSystemLabel::GetDictionary(db)->nameAt(id), kGuid);
+    EXPECT_EQ(referencesOf(id), (std::vector{line, db->getOdDbObjectId(OdDbHandle(0xFFFF))}));
+    EXPECT_EQ(markOf(line), "") << "reading makes no marks";
+    EXPECT_EQ(write(id).back(), std::make_pair(340, OdString(L"FFFF"))) << "what names nothing is written back";
+}
+
+// ---- Copies
+// ----------------------------------------------------------------------------------------------------------
+
+TEST_F(LabelFilingTest, ACopyInMemoryHasAGuidOfItsOwn)
+{
+    const OdDbObjectId line = addLine();
+    const OdDbObjectId id = addLabel({line}, L"E", kGuid);
+    const CBSystemLabelPtr copy = openLabel(id)->clone();
+    EXPECT_EQ(copy->GetLabel(), L"E");
+    EXPECT_EQ(copy->GetGuid().getLength(), 36);
+    EXPECT_NE(copy->GetGuid(), kGuid);
+    OdDbObjectIdArray ids;
+    copy->GetReferencedObjectIds(ids);
+    EXPECT_EQ(ids, idArray({line}));
+    EXPECT_EQ(CBSystemLabel::GetDictionary(db)->numEntries(), 1u);
+}
+
+TEST_F(LabelFilingTest, ACopyWithinTheDrawingHasAGuidOfItsOwn)
+{
+    const OdDbObjectId id = addLabel({addLine()}, L"E", kGuid);
+    const OdDbIdMappingPtr mapping = OdDbIdMapping::createObject();
+    const OdDbDictionaryPtr dictionary = CBSystemLabel::GetDictionary(db);
+    db->deepCloneObjects(idArray({id}), dictionary->objectId(), *mapping);
+    EXPECT_EQ(dictionary->numEntries(), 2u);
+    EXPECT_EQ(dictionary->getAt(kGuid), id);
+    for (OdDbDictionaryIteratorPtr entry = dictionary->newIterator(); !entry->done(); entry->next())
+        EXPECT_EQ(entry->name(), openLabel(entry->objectId())->GetGuid());
+}
+
+TEST_F(LabelFilingTest, ACopyInAnotherDrawingKeepsItsGuid)
+{
+    const std::vector<OdDbObjectId> lines = addLines(2);
+    const OdDbObjectId id = addLabel(lines, L"E", kGuid);
+    erase(lines[0]);
+    const OdDbDatabasePtr other = db->wblock(idArray({id}), OdGePoint3d());
+    const OdDbDictionaryPtr dictionary = CBSystemLabel::GetDictionary(other);
+    const OdDbObjectId copy = dictionary->getAt(kGuid);
+    ASSERT_FALSE(copy.isNull());
+    EXPECT_EQ(dictionary->numEntries(), 1u);
+    const std::vector<OdDbObjectId> references = referencesOf(copy);
+    ASSERT_EQ(references.size(), 1u) << "the erased line is left behind";
+    EXPECT_EQ(references[0].database(), other.get());
+    EXPECT_EQ(markOf(references[0]), "E, " + odStringToUtf8(kGuid));
+    EXPECT_TRUE(references[0].safeOpenObject()->hasPersistentReactor(copy));
+    EXPECT_EQ(referencesOf(id), lines);
+}
+
+// ---- Files
+// -----------------------------------------------------------------------------------------------------------
+
+TEST_F(LabelFilingTest, FilesBringLabelsBackAsTheyWere)
+{
+    for (const OdDb::SaveType type : {OdDb::kDxf, OdDb::kDxb})
+    {
+        const std::vector<OdDbObjectId> lines = addLines(3);
+        const OdDbObjectId id = addLabel({lines[2], lines[0]}, L"E\U0001F600\"é");
+        const std::string before = stateOf(id);
+        const std::string path = (std::filesystem::temp_directory_path() / "zolcad-labels.dxf").string();
+        db->writeFile(OdString(path.c_str()), type);
+        const OdDbDatabasePtr reread = OdDbDatabase::createObject();
+        reread->readFile(OdString(path.c_str()));
+        std::filesystem::remove(path);
+        const OdDbObjectId again = reread->getOdDbObjectId(id.getHandle());
+        EXPECT_EQ(stateOf(again), before);
+        EXPECT_EQ(reread->recoveryReport().size(), 0u);
+        EXPECT_EQ(CBSystemLabel::GetDictionary(reread)->getAt(openLabel(id)->GetGuid()), again);
+        const OdDbObjectId line = reread->getOdDbObjectId(lines[2].getHandle());
+        EXPECT_EQ(markOf(line), markOf(lines[2]));
+        EXPECT_TRUE(line.safeOpenObject()->hasPersistentReactor(again));
+    }
+}
+
+// ---- JSON
+// ------------------------------------------------------------------------------------------------------------
+
+TEST_F(LabelFilingTest, JsonHoldsTheWholeLabel)
+{
+    const OdDbObjectId line = addLine();
+    const OdDbObjectId id = addLabel({line}, L"E \"12\"\n", kGuid);
+    EXPECT_EQ(stateOf(id), "{\"Handle\":\"" + odStringToUtf8(id.getHandle().ascii()) + "\",\"Version\":1,\"Guid\":\"" +
+                               odStringToUtf8(kGuid) + "\",\"Label\":\"E \\\"12\\\"\\n\",\"ReferencedElements\":[\"" +
+                               odStringToUtf8(line.getHandle().ascii()) + "\"]}");
+    const CBSystemLabelPtr loose = CBSystemLabel::createObject();
+    JsonDocument document;
+    loose->JsonOutFields(document, document.GetAllocator());
+    EXPECT_EQ(WriteJson(document), L"{\"Version\":1,\"Guid\":\"\",\"Label\":\"\",\"ReferencedElements\":[]}");
+}
+
+TEST_F(LabelFilingTest, JsonIsTakenOverOrRefused)
+{
+    const std::vector<OdDbObjectId> lines = addLines(2);
+    const OdDbObjectId id = addLabel({lines[0]}, L"E", kGuid);
+    const std::string start = stateOf(id);
+    const auto wrongType = [](const char* name) { return valueFault(5, name, "CBSystemLabel::JsonInFields"); };
+    const Fault noId = argumentFault(21, "id", "CBSystemLabel::AddReferencedObjectId");
+    const struct
+    {
+        std::wstring json;
+        Fault fault;
+        bool changes = false;
+    } rows[] = {
+        {L"{}", {}},
+        {L"[]", wrongType("value")},
+        {L"null", wrongType("value")},
+        {L"{\"Handle\": null, \"Version\": null, \"Guid\": null, \"Label\": null, \"ReferencedElements\": null}", {}},
+        {L"{\"Handle\": \"\"}", {}},
+        {L"{\"Handle\": \"FFFF\", \"Label\": \"x\"}", {398, "OdError", "", ""}},
+        {L"{\"Handle\": 1}", wrongType("Handle")},
+        {L"{\"Version\": 0}", {}},
+        {L"{\"Version\": 2, \"Label\": \"x\"}", {250, "OdError", "", ""}},
+        {L"{\"Version\": 1e300}", {250, "OdError", "", ""}},
+        {L"{\"Version\": \"1\"}", wrongType("Version")},
+        {L"{\"Guid\": \"00000000-0000-0000-0000-000000000000\"}", {}},
+        {L"{\"Guid\": \"\"}", valueFault(4, "strGuid", "CBSystemLabel::SetGuid")},
+        {L"{\"Guid\": []}", wrongType("Guid")},
+        {L"{\"Label\": false}", wrongType("Label")},
+        {L"{\"Label\": \" E \"}", {}},
+        {L"{\"ReferencedElements\": {}}", wrongType("ReferencedElements")},
+        {L"{\"ReferencedElements\": [1]}", wrongType("ReferencedElements")},
+        {L"{\"ReferencedElements\": [\"" + handleOf(lines[0]) + L"\", \"" + handleOf(lines[0]) + L"\"]}", {}},
+        {L"{\"ReferencedElements\": [\"nOnE\"]}", noId, true},
+        {L"{\"ReferencedElements\": [\"FFFFFF\", \"\"]}", noId, true},
+        {L"{\"ReferencedElements\": [\"xyz\"]}", noId, true},
+        {L"{\"ReferencedElements\": []}", {}, true},
+        {L"{\"Handle\": \"" + handleOf(id) + L"\", \"Label\": \"\\uD83D\\uDE00\"}", {}, true},
+        {L"{\"Guid\": \" 'b' \"}", {}, true},
+    };
+    for (const auto& row : rows)
+    {
+        db->startTransaction();
+        EXPECT_EQ(readJson(id, row.json), row.fault) << odStringToUtf8(row.json.c_str());
+        EXPECT_EQ(stateOf(id) != start, row.changes) << odStringToUtf8(row.json.c_str()) << stateOf(id);
+        db->abortTransaction();
+        ASSERT_EQ(stateOf(id), start) << odStringToUtf8(row.json.c_str());
+    }
+}
+
+TEST_F(LabelFilingTest, JsonReferencesMoveTheMarks)
+{
+    const std::vector<OdDbObjectId> lines = addLines(3);
+    const OdDbObjectId id = addLabel({lines[0], lines[1]}, L"E", kGuid);
+    EXPECT_EQ(readJson(id, L"{\"Label\": \"F\", \"ReferencedElements\": [\"" + handleOf(lines[2]) + L"\", \"" +
+                               handleOf(lines[0]) + L"\"]}"),
+              Fault());
+    EXPECT_EQ(referencesOf(id), (std::vector{lines[2], lines[0]}));
+    EXPECT_EQ(markOf(lines[2]), "F, " + odStringToUtf8(kGuid));
+    EXPECT_EQ(markOf(lines[0]), "F, " + odStringToUtf8(kGuid));
+    EXPECT_EQ(markOf(lines[1]), "-E, ") << "its name is no longer that of the label";
+    EXPECT_FALSE(lines[1].safeOpenObject()->hasPersistentReactor(id));
+}
+
+} // namespace
