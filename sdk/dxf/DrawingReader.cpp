@@ -146,10 +146,13 @@ int readSections(Reading& reading)
     return count;
 }
 
+// The first fault that has a place in the file.
 std::string firstFault(const Reading& reading)
 {
-    const std::vector<std::string> lines = reading.faults.lines();
-    return lines.empty() ? std::string("it has no sections") : lines.front();
+    for (const std::string& line : reading.faults.lines())
+        if (line.substr(0, 5) == "line " || line.substr(0, 5) == "byte ")
+            return line;
+    return "it has no sections";
 }
 
 void report(const Reading& reading)

@@ -6,6 +6,9 @@
 #include "DbSymbolTable.h"
 #include "db/ObjectCore.h"
 
+#include <algorithm>
+#include <vector>
+
 namespace dxf
 {
 namespace
@@ -33,17 +36,23 @@ bool ownerIsErased(const OdDbStub& stub)
 
 } // namespace
 
+// In the order of handles, so that a drawing that nobody changed is written as it was the last time.
 void writeObjectsSection(Writing& writing)
 {
     const OdDbStub* const root = writing.database.namedObjects;
     if (root != nullptr && !root->isErased())
         writing.objects.print(*root);
+    std::vector<const OdDbStub*> objects;
     writing.database.stubs.visit(
         [&](const OdDbStub& stub)
         {
             if (&stub != root && !stub.isErased() && isObjectsRecord(*stub.object) && !ownerIsErased(stub))
-                writing.objects.print(stub);
+                objects.push_back(&stub);
         });
+    std::sort(objects.begin(), objects.end(),
+              [](const OdDbStub* a, const OdDbStub* b) { return a->handle < b->handle; });
+    for (const OdDbStub* const object : objects)
+        writing.objects.print(*object);
 }
 
 } // namespace dxf

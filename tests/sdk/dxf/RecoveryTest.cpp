@@ -33,8 +33,9 @@ struct FaultCase
 {
     const char* what;
     std::string file;
-    const char* report; ///< a part of the line in the report
-    const char* kept;   ///< the kind of a record that has to be there all the same
+    const char* report;   ///< a part of the line in the report
+    const char* kept;     ///< the kind of a record that has to be there all the same
+    bool isMended = true; ///< false when the record stays as it is, which is said each time
 };
 
 std::vector<FaultCase> faultCases()
@@ -71,7 +72,8 @@ std::vector<FaultCase> faultCases()
          "a SEQEND is missing", "ATTRIB"},
         {"a SEQEND too many", replaced(good, handle50, group(0, "SEQEND") + group(5, "77") + handle50), "ends nothing",
          "LINE"},
-        {"a vertex alone", replaced(good, group(0, "POLYLINE"), group(0, "POINT")), "a VERTEX without", "VERTEX"},
+        {"a vertex alone", replaced(good, group(0, "POLYLINE"), group(0, "POINT")), "a VERTEX without", "VERTEX",
+         false},
         {"a block without name",
          replaced(replaced(support::oldDrawing(), group(2, "PART"), group(2, "")), group(3, "PART"), group(3, "")),
          "the block has no name", "BLOCK"},
@@ -110,7 +112,7 @@ TEST_F(Recovery, MendsEachFaultWithOneLine)
                                                                              << reportOf(*database);
         const std::string saved = savedText(*database, database->originalFileVersion());
         EXPECT_NE(saved.find(std::string("\n") + fault.kept + '\n'), std::string::npos) << fault.what;
-        EXPECT_EQ(reportOf(*openText(saved)), "") << fault.what;
+        EXPECT_EQ(reportOf(*openText(saved)).empty(), fault.isMended) << fault.what << reportOf(*openText(saved));
     }
 }
 
@@ -172,7 +174,7 @@ TEST_F(Recovery, SurvivesTruncation)
     const std::string binary = savedText(*openText(ascii), OdDb::vAC32, dxf::FileForm::Binary);
     const std::string old = support::oldDrawing();
     for (const std::string& file : {ascii, binary, old})
-        for (std::size_t length = 0; length < file.size(); length += 1 + length % 23)
+        for (std::size_t length = 0; length < file.size(); length += 1 + length % 61)
             expectHarmless(file.substr(0, length));
 }
 
@@ -182,7 +184,7 @@ TEST_F(Recovery, SurvivesFlippedBits)
     const std::string binary = savedText(*openText(ascii), OdDb::vAC32, dxf::FileForm::Binary);
     std::mt19937 random(17);
     for (const std::string& file : {ascii, binary, support::oldDrawing()})
-        for (int attempt = 0; attempt < 300; ++attempt)
+        for (int attempt = 0; attempt < 200; ++attempt)
         {
             std::string damaged = file;
             for (unsigned flips = 1 + random() % 8; flips > 0; --flips)

@@ -81,7 +81,9 @@ TEST(TextCoding, LosesNothing)
             EXPECT_EQ(decoded(raw, page), decoded(text, page)) << testing::PrintToString(text);
             EXPECT_EQ(raw.find_first_of("\n\r"), std::string::npos);
             if (text.find_first_of("\n\r") == std::string::npos)
+            {
                 EXPECT_EQ(raw, text) << testing::PrintToString(text);
+            }
         }
 }
 
