@@ -2,6 +2,8 @@
 #include "session/RequestReader.h"
 
 #include <charconv>
+#include <cmath>
+#include <cstdlib>
 #include <optional>
 
 #include <rapidjson/error/en.h>
@@ -17,6 +19,7 @@ namespace
 
 constexpr std::size_t kReusedMemory = 64 * 1024;
 constexpr int kDeepestNesting = 512;
+constexpr std::size_t kShownDigits = 40;
 
 // Numbers come as text, so that the id's are kept to the digit and none is beyond a number type.
 constexpr unsigned kParseFlags =
@@ -52,7 +55,10 @@ class RequestHandler
 public:
     using Ch = wchar_t;
 
-    RequestHandler(WideDocument& document, Request& request) : m_document(document), m_request(request) {}
+    RequestHandler(WideDocument& document, Request& request, LargeNumbers& largeNumbers)
+        : m_document(document), m_request(request), m_largeNumbers(largeNumbers)
+    {
+    }
 
     const std::string& fault() const { return m_fault; }
 
@@ -75,12 +81,18 @@ public:
     }
     bool RawNumber(const Ch* digits, rapidjson::SizeType length, bool)
     {
+        // Nothing but ASCII in a number.
+        if (const std::string* const large = m_largeNumbers.next())
+            m_digits = *large;
+        else
+            m_digits.assign(digits, digits + length);
         if (m_idWriter)
         {
-            m_idWriter->RawValue(digits, length, rapidjson::kNumberType);
+            const std::wstring wide(m_digits.begin(), m_digits.end());
+            m_idWriter->RawValue(wide.data(), wide.size(), rapidjson::kNumberType);
             return endValue();
         }
-        return number(digits, length) && endValue();
+        return number() && endValue();
     }
 
     bool StartObject()
@@ -187,23 +199,23 @@ private:
         return m_document.Null(); // the document keeps a place for the member
     }
 
-    bool number(const Ch* digits, rapidjson::SizeType length)
+    bool number()
     {
-        m_digits.assign(digits, digits + length); // nothing but ASCII in a number
         const char* const first = m_digits.data();
         const char* const last = first + m_digits.size();
         int integer = 0;
         const std::from_chars_result asInteger = std::from_chars(first, last, integer);
         if (asInteger.ec == std::errc() && asInteger.ptr == last)
             return m_document.Int(integer);
-        double real = 0.0;
-        if (std::from_chars(first, last, real).ec != std::errc())
-            return refuse("the number " + m_digits + " is out of range");
+        const double real = std::strtod(first, nullptr);
+        if (std::isinf(real))
+            return refuse("the number " + m_digits.substr(0, kShownDigits) + " is out of range");
         return m_document.Double(real);
     }
 
     WideDocument& m_document;
     Request& m_request;
+    LargeNumbers& m_largeNumbers;
     rapidjson::StringBuffer m_idText;
     std::optional<IdWriter> m_idWriter; // while the id's value is read
     std::string m_digits;
@@ -247,7 +259,8 @@ void RequestReader::parse()
     m_document.reset();
     m_allocator->Clear();
     m_document = std::make_unique<WideDocument>(m_allocator.get());
-    RequestHandler handler(*m_document, m_request);
+    m_largeNumbers.takeOut(m_units);
+    RequestHandler handler(*m_document, m_request, m_largeNumbers);
     rapidjson::ParseResult outcome;
     auto generate = [&](WideDocument&)
     {

@@ -18,6 +18,7 @@
 
 #include "OdString.h"
 #include "session/Json.h"
+#include "session/LargeNumbers.h"
 
 namespace session
 {
@@ -59,6 +60,7 @@ private:
 
     Request m_request;
     std::vector<wchar_t> m_units;
+    LargeNumbers m_largeNumbers;
     std::vector<char> m_memory;
     std::unique_ptr<rapidjson::MemoryPoolAllocator<>> m_allocator;
     std::unique_ptr<WideDocument> m_document;

@@ -8,7 +8,8 @@
 #include "module/ground/Messages.h"
 
 // What the text parser puts around texts in frames. The closing forms are not uniform, and these are their spellings.
-static constexpr const OdChar* kMarkers[] = {L"<inRect>", L"</inRect>", L"<inCir>", L"/<inCir>", L"<inOv>", L"/<inOv>"};
+// Those that hold the opening form come before it, or their slash would stay behind.
+static constexpr const OdChar* kMarkers[] = {L"<inRect>", L"</inRect>", L"/<inCir>", L"<inCir>", L"/<inOv>", L"<inOv>"};
 
 static bool IsEligible(const OdDbObjectId& id)
 {

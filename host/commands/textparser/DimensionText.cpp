@@ -28,7 +28,7 @@ const Notation kNotations[] = {
     {&OdDb3PointAngularDimension::desc, L"", 180.0 / OdaPI, L"\u00B0"},
     {&OdDbRadialDimension::desc, L"R", 1.0, L""},
     {&OdDbRadialDimensionLarge::desc, L"R", 1.0, L""},
-    {&OdDbDiametricDimension::desc, L"\u00D8", 1.0, L""},
+    {&OdDbDiametricDimension::desc, L"\u2205", 1.0, L""},
     {&OdDbDimension::desc, L"", 1.0, L""},
 };
 

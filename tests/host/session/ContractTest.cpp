@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "support/DrawingText.h"
+#include "support/DxfRecords.h"
 #include "support/SessionClient.h"
 #include "support/TemporaryFolder.h"
 
@@ -20,7 +21,7 @@ std::string smallDrawing()
 {
     using support::group;
     const auto entity = [](const char* type, const char* handle, const char* layer, const std::string& groups)
-    { return group(0, type) + group(5, handle) + group(8, layer) + groups; };
+    { return group(0, type) + group(5, handle) + group(100, "AcDbEntity") + group(8, layer) + groups; };
     const auto point = [](int code, double x, double y)
     { return group(code, std::to_string(x)) + group(code + 10, std::to_string(y)) + group(code + 20, "0.0"); };
     const auto text = [&](const char* handle, const char* layer, double x, double y, const char* characters)
@@ -312,10 +313,10 @@ TEST_F(Session, SaysWhatWentWrongInACommand)
         EXPECT_EQ(failed.number("/error/code"), each.code) << failed.line();
         EXPECT_EQ(failed.json("/result"), "null") << failed.line();
         EXPECT_NE(failed.text("/error/text"), "(none)") << failed.line();
-        if (each.type[0] != '(')
-            EXPECT_EQ(failed.text("/error/type"), each.type) << failed.line();
-        if (each.name[0] != '(')
-            EXPECT_EQ(failed.text("/error/name"), each.name) << failed.line();
+        const bool isAnyType = each.type[0] == '(';
+        const bool isAnyName = each.name[0] == '(';
+        EXPECT_EQ(failed.text("/error/type"), isAnyType ? failed.text("/error/type") : each.type) << failed.line();
+        EXPECT_EQ(failed.text("/error/name"), isAnyName ? failed.text("/error/name") : each.name) << failed.line();
     }
     EXPECT_EQ(session().finish(), 1);
 }
@@ -348,10 +349,11 @@ TEST_F(Session, AnswersEveryLineOfRubbishAndGoesOn)
 
 TEST_F(Session, AnswersALastLineWithoutALineFeed)
 {
-    session().program().write(R"({"id": 1, "command": "ENTITIES"})");
-    EXPECT_EQ(session().finish(), 0);
-    EXPECT_NE(session().program().output().find("\"id\":1,"), std::string::npos);
-    EXPECT_EQ(session().program().errors(), "");
+    SessionClient fresh;
+    fresh.program().write(R"({"id": 1, "command": "ENTITIES"})");
+    EXPECT_EQ(fresh.finish(), 0);
+    EXPECT_NE(fresh.program().output().find("\"id\":1,"), std::string::npos);
+    EXPECT_EQ(fresh.program().errors(), "");
 }
 
 // ---- Transactions that last longer than a request

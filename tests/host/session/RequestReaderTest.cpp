@@ -48,9 +48,12 @@ INSTANTIATE_TEST_SUITE_P(Values, RequestId,
                          testing::Values(IdCase{"7", nullptr}, IdCase{"-0", nullptr},
                                          IdCase{"9007199254740993", nullptr},
                                          IdCase{"123456789012345678901234567890", nullptr}, IdCase{"1e400", nullptr},
-                                         IdCase{"-1E-999", nullptr}, IdCase{"0.10", nullptr}, IdCase{"null", nullptr},
-                                         IdCase{"true", nullptr}, IdCase{"\"a\\\"b\"", nullptr},
-                                         IdCase{"\"\\u0000\"", nullptr}, IdCase{"\"\xF0\x9F\x98\x80\"", nullptr},
+                                         IdCase{"-1E-999", nullptr}, IdCase{"-12.5e+0123456789", nullptr},
+                                         IdCase{"[1e400,2,\"1e400\",-3e500]", nullptr}, IdCase{"1e5", nullptr},
+                                         IdCase{"1e99999999999999999999999999999999999999", nullptr},
+                                         IdCase{"0.10", nullptr}, IdCase{"null", nullptr}, IdCase{"true", nullptr},
+                                         IdCase{"\"a\\\"b\"", nullptr}, IdCase{"\"\\u0000\"", nullptr},
+                                         IdCase{"\"\xF0\x9F\x98\x80\"", nullptr},
                                          IdCase{"\"\\ud83d\\ude00\"", "\"\xF0\x9F\x98\x80\""},
                                          IdCase{"[1, {\"id\": [2.50]}, \"x\"]", "[1,{\"id\":[2.50]},\"x\"]"},
                                          IdCase{"{\"command\": 1, \"command\": 2}", "{\"command\":1,\"command\":2}"}));
@@ -109,45 +112,48 @@ TEST_P(HostileRequest, IsRefusedAndTheNextIsRead)
 
 INSTANTIATE_TEST_SUITE_P(
     Lines, HostileRequest,
-    testing::Values(HostileLine{"nothing", "", "not JSON"}, HostileLine{"blanks", "   ", "not JSON"},
-                    HostileLine{"a word", "BSYSTEMLABELGETALLIDS", "not JSON"},
-                    HostileLine{"half an object", "{\"command\":\"X\"", "not JSON"},
-                    HostileLine{"two objects", R"({"command":"X"}{"command":"Y"})", "not JSON"},
-                    HostileLine{"a trailing comma", R"({"command":"X",})", "not JSON"},
-                    HostileLine{"a comment", R"({"command":"X"/**/})", "not JSON"},
-                    HostileLine{"a number with a leading zero", R"({"command":"X","parameters":{"A":012}})",
-                                "not JSON"},
-                    HostileLine{"not a number", R"({"command":"X","parameters":{"A":NaN}})", "not JSON"},
-                    HostileLine{"a number beyond all", R"({"command":"X","parameters":{"A":1e999}})", "out of range"},
-                    HostileLine{"an array", "[]", "JSON object"}, HostileLine{"a string", "\"command\"", "JSON object"},
-                    HostileLine{"null", "null", "JSON object"}, HostileLine{"no command", R"({"id":1})", "\"command\""},
-                    HostileLine{"a command that is a number", R"({"command":12})", "\"command\""},
-                    HostileLine{"a command that is an object", R"({"command":{"command":"X"}})", "\"command\""},
-                    HostileLine{"parameters that are an array", R"({"command":"X","parameters":[]})", "\"parameters\""},
-                    HostileLine{"parameters that are null", R"({"command":"X","parameters":null})", "\"parameters\""},
-                    HostileLine{"input that is a string", R"({"command":"X","input":"a"})", "\"input\""},
-                    HostileLine{"a command given twice", R"({"command":"X","command":"Y"})", "two members \"command\""},
-                    HostileLine{"an id given twice", R"({"id":1,"command":"X","id":2})", "two members \"id\""},
-                    HostileLine{"a misspelt member", R"({"command":"X","paramters":{}})", "\"paramters\""},
-                    HostileLine{"half a pair", R"({"command":"\ud83d"})", "surrogate"},
-                    HostileLine{"the other half", R"({"command":"\ude00"})", "surrogate"},
-                    HostileLine{"halves the wrong way round", R"({"command":"\ude00\ud83d"})", "surrogate"},
-                    HostileLine{"a half in the id", R"({"id":"\udc80","command":"X"})", "surrogate"},
-                    HostileLine{"a half behind a backslash", R"({"command":"\\\udc80"})", "surrogate"},
-                    HostileLine{"a cut escape", "{\"command\":\"\\u12", "not JSON"},
-                    HostileLine{"a null byte", std::string("{\"command\":\"X\"}\0more", 19), "null byte"},
-                    HostileLine{"a byte that is no text", "{\"command\":\"\xFF\"}", "not UTF-8"},
-                    HostileLine{"a character written too long", "{\"command\":\"\xC0\xAF\"}", "not UTF-8"},
-                    HostileLine{"a surrogate in UTF-8", "{\"command\":\"\xED\xA0\x80\"}", "not UTF-8"},
-                    HostileLine{"a character beyond the last", "{\"command\":\"\xF4\x90\x80\x80\"}", "not UTF-8"},
-                    HostileLine{"a cut character", "{\"command\":\"\xE2\x82", "not UTF-8"},
-                    HostileLine{"a control character", "{\"command\":\"\x01\"}", "not JSON"},
-                    HostileLine{"deep arrays", repeat("[", 5'000'000), "nested too deeply"},
-                    HostileLine{"deep objects", repeat("{\"a\":", 1'000'000), "no member \"a\""},
-                    HostileLine{"deep parameters", "{\"command\":\"X\",\"parameters\":" + repeat("{\"a\":", 1'000'000),
-                                "nested too deeply"},
-                    HostileLine{"a deep id", "{\"id\":" + repeat("[", 1'000'000), "nested too deeply"},
-                    HostileLine{"a huge word", repeat("x", 10'000'000), "not JSON"}));
+    testing::Values(
+        HostileLine{"nothing", "", "not JSON"}, HostileLine{"blanks", "   ", "not JSON"},
+        HostileLine{"a word", "BSYSTEMLABELGETALLIDS", "not JSON"},
+        HostileLine{"half an object", "{\"command\":\"X\"", "not JSON"},
+        HostileLine{"two objects", R"({"command":"X"}{"command":"Y"})", "not JSON"},
+        HostileLine{"a trailing comma", R"({"command":"X",})", "not JSON"},
+        HostileLine{"a comment", R"({"command":"X"/**/})", "not JSON"},
+        HostileLine{"a number with a leading zero", R"({"command":"X","parameters":{"A":012}})", "not JSON"},
+        HostileLine{"not a number", R"({"command":"X","parameters":{"A":NaN}})", "not JSON"},
+        HostileLine{"a number beyond all", R"({"command":"X","parameters":{"A":1e999}})", "out of range"},
+        HostileLine{"a large number that is none", R"({"command":"X","parameters":{"A":1e999e9}})", "not JSON"},
+        HostileLine{"digits without end", "{\"command\":\"X\",\"parameters\":{\"A\":" + repeat("9", 5000) + "}}",
+                    "out of range"},
+        HostileLine{"an array", "[]", "JSON object"}, HostileLine{"a string", "\"command\"", "JSON object"},
+        HostileLine{"null", "null", "JSON object"}, HostileLine{"no command", R"({"id":1})", "\"command\""},
+        HostileLine{"a command that is a number", R"({"command":12})", "\"command\""},
+        HostileLine{"a command that is an object", R"({"command":{"command":"X"}})", "\"command\""},
+        HostileLine{"parameters that are an array", R"({"command":"X","parameters":[]})", "\"parameters\""},
+        HostileLine{"parameters that are null", R"({"command":"X","parameters":null})", "\"parameters\""},
+        HostileLine{"input that is a string", R"({"command":"X","input":"a"})", "\"input\""},
+        HostileLine{"a command given twice", R"({"command":"X","command":"Y"})", "two members \"command\""},
+        HostileLine{"an id given twice", R"({"id":1,"command":"X","id":2})", "two members \"id\""},
+        HostileLine{"a misspelt member", R"({"command":"X","paramters":{}})", "\"paramters\""},
+        HostileLine{"half a pair", R"({"command":"\ud83d"})", "surrogate"},
+        HostileLine{"the other half", R"({"command":"\ude00"})", "surrogate"},
+        HostileLine{"halves the wrong way round", R"({"command":"\ude00\ud83d"})", "surrogate"},
+        HostileLine{"a half in the id", R"({"id":"\udc80","command":"X"})", "surrogate"},
+        HostileLine{"a half behind a backslash", R"({"command":"\\\udc80"})", "surrogate"},
+        HostileLine{"a cut escape", "{\"command\":\"\\u12", "not JSON"},
+        HostileLine{"a null byte", std::string("{\"command\":\"X\"}\0more", 19), "null byte"},
+        HostileLine{"a byte that is no text", "{\"command\":\"\xFF\"}", "not UTF-8"},
+        HostileLine{"a character written too long", "{\"command\":\"\xC0\xAF\"}", "not UTF-8"},
+        HostileLine{"a surrogate in UTF-8", "{\"command\":\"\xED\xA0\x80\"}", "not UTF-8"},
+        HostileLine{"a character beyond the last", "{\"command\":\"\xF4\x90\x80\x80\"}", "not UTF-8"},
+        HostileLine{"a cut character", "{\"command\":\"\xE2\x82", "not UTF-8"},
+        HostileLine{"a control character", "{\"command\":\"\x01\"}", "not JSON"},
+        HostileLine{"deep arrays", repeat("[", 5'000'000), "nested too deeply"},
+        HostileLine{"deep objects", repeat("{\"a\":", 1'000'000), "no member \"a\""},
+        HostileLine{"deep parameters", "{\"command\":\"X\",\"parameters\":" + repeat("{\"a\":", 1'000'000),
+                    "nested too deeply"},
+        HostileLine{"a deep id", "{\"id\":" + repeat("[", 1'000'000), "nested too deeply"},
+        HostileLine{"a huge word", repeat("x", 10'000'000), "not JSON"}));
 
 TEST(RequestReader, NamesTheRefusedRequestAsFarAsItWasRead)
 {
@@ -157,6 +163,15 @@ TEST(RequestReader, NamesTheRefusedRequestAsFarAsItWasRead)
     EXPECT_EQ(reader.request().command, L"X");
     EXPECT_THROW(reader.read("garbage"), RequestError);
     EXPECT_FALSE(reader.request().hasId);
+}
+
+TEST(RequestReader, KeepsAnIdOfTenThousandDigits)
+{
+    RequestReader reader;
+    const std::string digits = repeat("1234567890", 1000);
+    const Request& request = reader.read("{\"id\":" + digits + R"(,"command":"X","parameters":{"A":7,"B":1e-999}})");
+    EXPECT_EQ(request.id, digits);
+    EXPECT_EQ(request.parameters->MemberBegin()->value.GetInt(), 7);
 }
 
 TEST(RequestReader, ReadsALineOfTenMegabytes)

@@ -1,0 +1,118 @@
+// Numbers that are beyond what the JSON parser reads.
+#include "session/LargeNumbers.h"
+
+#include <algorithm>
+
+namespace session
+{
+
+namespace
+{
+
+constexpr std::ptrdiff_t kMostCharacters = 200;
+constexpr std::ptrdiff_t kMostExponentDigits = 2;
+
+bool isDigit(wchar_t unit)
+{
+    return unit >= L'0' && unit <= L'9';
+}
+
+bool mayBePartOfNumber(wchar_t unit)
+{
+    return isDigit(unit) || unit == L'+' || unit == L'-' || unit == L'.' || unit == L'e' || unit == L'E';
+}
+
+const wchar_t* skipString(const wchar_t* at, const wchar_t* end)
+{
+    for (++at; at < end && *at != L'"'; ++at)
+        if (*at == L'\\')
+            ++at;
+    return std::min(at + 1, end);
+}
+
+const wchar_t* skipDigits(const wchar_t* at, const wchar_t* end)
+{
+    return std::find_if_not(at, end, isDigit);
+}
+
+struct Shape
+{
+    bool isNumber = false;
+    std::ptrdiff_t exponentDigits = 0;
+};
+
+// [-] (0 | digits without a leading 0) [. digits] [(e | E) [+ | -] digits]
+Shape shapeOf(const wchar_t* at, const wchar_t* end)
+{
+    Shape shape;
+    if (at != end && *at == L'-')
+        ++at;
+    const wchar_t* const integer = at;
+    at = skipDigits(at, end);
+    if (at == integer || (*integer == L'0' && at - integer > 1))
+        return shape;
+    if (at != end && *at == L'.')
+    {
+        const wchar_t* const fraction = ++at;
+        at = skipDigits(at, end);
+        if (at == fraction)
+            return shape;
+    }
+    if (at != end && (*at == L'e' || *at == L'E'))
+    {
+        ++at;
+        if (at != end && (*at == L'+' || *at == L'-'))
+            ++at;
+        const wchar_t* const exponent = at;
+        at = skipDigits(at, end);
+        shape.exponentDigits = at - exponent;
+        if (shape.exponentDigits == 0)
+            return shape;
+    }
+    shape.isNumber = at == end;
+    return shape;
+}
+
+} // namespace
+
+void LargeNumbers::takeOut(std::vector<wchar_t>& units)
+{
+    m_taken.clear();
+    m_nextTaken = 0;
+    m_nextNumber = 0;
+    std::size_t position = 0;
+    wchar_t* const end = units.data() + units.size();
+    for (wchar_t* at = units.data(); at < end;)
+    {
+        if (*at == L'"')
+        {
+            at = units.data() + (skipString(at, end) - units.data());
+            continue;
+        }
+        if (!isDigit(*at) && *at != L'-')
+        {
+            ++at;
+            continue;
+        }
+        wchar_t* const behind = std::find_if_not(at, end, mayBePartOfNumber);
+        const Shape shape = shapeOf(at, behind);
+        if (shape.isNumber && (behind - at > kMostCharacters || shape.exponentDigits > kMostExponentDigits))
+        {
+            m_taken.push_back({position, std::string(at, behind)});
+            *at = L'0';
+            std::fill(at + 1, behind, L' ');
+        }
+        ++position;
+        at = behind;
+    }
+}
+
+const std::string* LargeNumbers::next()
+{
+    const std::size_t position = m_nextNumber++;
+    if (m_nextTaken == m_taken.size() || m_taken[m_nextTaken].position != position)
+        return nullptr;
+    return &m_taken[m_nextTaken++].digits;
+}
+
+} // namespace session
