@@ -5,10 +5,10 @@
 #include "DbEntity.h"
 #include "DbObjectIterator.h"
 #include "Ge/GeExtents3d.h"
+#include "MemoryFile.h"
 #include "OdError.h"
 #include "RxInit.h"
 #include "StaticRxObject.h"
-#include "MemoryFile.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -1,6 +1,7 @@
 // Reads a drawing and writes it again: for measuring, and for looking at what a file becomes.
 //
-//   dxf_roundtrip IN OUT [ascii|binary] [VERSION]       VERSION as files name it: AC1015 ... AC1032, by default IN's own
+//   dxf_roundtrip IN OUT [ascii|binary] [VERSION]       VERSION as files name it: AC1015 ... AC1032, by default IN's
+//   own
 #include "DbDatabase.h"
 #include "OdError.h"
 #include "RxInit.h"
