@@ -1,0 +1,344 @@
+// Attacks the module: what it registers and takes away, its store, the overrule, and what happens when it is not there.
+#include "support/PluginTest.h"
+
+#include "DbEntity.h"
+#include "Gi/GiSubEntityTraits.h"
+#include "RxSysRegistry.h"
+#include "RxSystemServices.h"
+#include "RxVariant.h"
+#include "framework/FunctionIO.h"
+#include "module/registration/ClassTable.h"
+#include "module/registration/DebugEntityDrawableOverrule.h"
+
+using namespace plugintest;
+
+extern "C" void odrxGetAPIVersion(int& majorVersion, int& minorVersion, int& majorBuild, int& minorBuild);
+
+namespace
+{
+
+class ModuleTest : public PluginTest
+{
+protected:
+    CModuleServices& services() { return *CModuleServices::Find(); }
+    static OdRxObjectPtr someObject() { return OdRxVariant::createObject(OdVariant(1.0)); }
+};
+
+// ---- Registration
+// ----------------------------------------------------------------------------------------------------
+
+const struct
+{
+    const OdChar* group;
+    const OdChar* name;
+    OdUInt32 flags;
+} kCommands[] = {
+    {L"Quend.Zol.Cad.BSystemLabel", L"BSYSTEMLABELCREATE", 0x30000000},
+    {L"Quend.Zol.Cad.BSystemLabel", L"BSYSTEMLABELCREATEFROMSELECTION", 0x34000000},
+    {L"Quend.Zol.Cad.BSystemLabel", L"BSYSTEMLABELGETALLIDS", 0x11000000},
+    {L"Quend.Zol.Cad.BSystemLabel", L"BSYSTEMLABELGETALLNAMES", 0x11000000},
+    {L"Quend.Zol.Cad.BSystemLabel", L"BSYSTEMLABELGETDICTIONARYID", 0x11000000},
+    {L"Quend.Zol.Cad.BSystemLabel", L"BSYSTEMLABELGETIDFROMGUID", 0x11000000},
+    {L"Quend.Zol.Cad.BSystemLabel", L"BSYSTEMLABELGETIDFROMHANDLE", 0x11000000},
+    {L"Quend.Zol.Cad.BSystemLabel", L"BSYSTEMLABELGETIDFROMNAME", 0x11000000},
+    {L"Quend.Zol.Cad.BSystemLabel", L"BSYSTEMLABELGETSELECTEDIDS", 0x10000000},
+    {L"Quend.Zol.Cad.BSystemLabel", L"BSYSTEMLABELTOJSON", 0x11000000},
+    {L"Quend.Zol.Cad.ExtendedData", L"REGISTERCUSTOMAPPLICATION", 0x21000000},
+    {L"Quend.Zol.Cad.Transaction", L"TRANSACTIONSTART", 0x01000000},
+    {L"Quend.Zol.Cad.Transaction", L"TRANSACTIONEND", 0x05000000},
+    {L"Quend.Zol.Cad.Transaction", L"TRANSACTIONABORT", 0x01000000},
+};
+
+TEST_F(ModuleTest, CommandsHaveTheirGroupsAndFlags)
+{
+    for (const auto& row : kCommands)
+    {
+        const OdEdCommandPtr command = odedRegCmds()->lookupCmd(row.name, 17, row.group);
+        ASSERT_TRUE(command) << odStringToUtf8(row.name);
+        EXPECT_EQ(command->groupName(), row.group);
+        EXPECT_EQ(command->globalName(), row.name);
+        EXPECT_EQ(command->localName(), row.name);
+        EXPECT_EQ(command->flags(), row.flags) << odStringToUtf8(row.name);
+    }
+}
+
+TEST_F(ModuleTest, UnloadingTakesEverythingAwayAndLoadingBringsItBack)
+{
+    CModuleServices* const loaded = CModuleServices::Find();
+    EXPECT_EQ(CreateModuleCad(kModuleName), static_cast<OdRxModule*>(loaded)) << "there is one module object";
+    const CCommandHandlerPtr kept = CCommandHandler::createObject(L"X", db, host);
+    EXPECT_FALSE(odrxDynamicLinker()->unloadModule(kModuleName)) << "a handler still uses the module";
+    const_cast<CCommandHandlerPtr&>(kept).release();
+    ASSERT_TRUE(odrxDynamicLinker()->unloadModule(kModuleName));
+    for (const auto& row : kCommands)
+        EXPECT_FALSE(odedRegCmds()->lookupCmd(row.name, 3));
+    EXPECT_EQ(CBSystemLabel::desc(), nullptr);
+    EXPECT_EQ(odrxGetClass(L"CBSystemLabel"), nullptr);
+    EXPECT_EQ(CModuleServices::Find(), nullptr);
+    EXPECT_EQ(thrownBy([&] { CCommandHandler::createObject(L"X", db, host); }).code, eClassNotRegistered);
+    ASSERT_TRUE(odrxDynamicLinker()->loadApp(kModuleName, false));
+    EXPECT_TRUE(odedRegCmds()->lookupCmd(L"BSYSTEMLABELCREATE", 3));
+}
+
+TEST_F(ModuleTest, ClassesAreRegisteredAndDeletedOnce)
+{
+    EXPECT_EQ(thrownBy([] { RegisterClasses(); }).code, 313);
+    CZolExtendedData::rxUninit();
+    EXPECT_EQ(thrownBy([] { DeleteClasses(); }).code, 255);
+    EXPECT_EQ(CBSystemLabel::desc(), nullptr) << "those before it are gone";
+    EXPECT_NE(CDebugEntityDrawableOverrule::desc(), nullptr) << "those after it stay";
+    CDebugEntityDrawableOverrule::rxUninit();
+    RegisterClasses();
+    EXPECT_NE(CZolExtendedData::desc(), nullptr);
+}
+
+TEST_F(ModuleTest, AHandlerNeedsTheModule)
+{
+    const CCommandHandlerPtr handler = CCommandHandler::createObject(L"X", db, host);
+    EXPECT_TRUE(CFunctionIO::cast(handler->funcIO()));
+    EXPECT_EQ(handler->database(), db.get());
+    EXPECT_TRUE(handler->dbUserIO());
+}
+
+TEST_F(ModuleTest, MessagesHaveTexts)
+{
+    for (const unsigned number : {902u, 904u, 941u, 942u, 961u})
+    {
+        const OdString text = odSystemServices()->formatMessage(number, L"ARGUMENT");
+        EXPECT_GE(text.find(L"ARGUMENT"), 0) << number;
+    }
+    OdString keywords = odSystemServices()->formatMessage(1013);
+    EXPECT_EQ(keywords.replace(L' ', L'/'), 4) << "five keywords";
+}
+
+TEST_F(ModuleTest, TheModuleFileSaysWhatItWasBuiltFor)
+{
+    int version[] = {-1, -1, -1, -1};
+    odrxGetAPIVersion(version[0], version[1], version[2], version[3]);
+    EXPECT_EQ(version[0], 22);
+    EXPECT_EQ(version[1], 10);
+    EXPECT_EQ(version[2], 0);
+    EXPECT_EQ(version[3], 0);
+}
+
+TEST_F(ModuleTest, UnknownCommandsWithoutHandlerAreErrors)
+{
+    try
+    {
+        odedRegCmds()->executeCommand(L"NOBODY", nullptr);
+        FAIL();
+    }
+    catch (const OdError& error)
+    {
+        EXPECT_EQ(error.description(), odSystemServices()->formatMessage(904, L"NOBODY"));
+    }
+}
+
+// ---- The frames of commands
+// ------------------------------------------------------------------------------------------
+
+/// A context whose parts can be missing.
+class PartialContext : public OdDbCommandContext
+{
+public:
+    OdRxObject* baseDatabase() override { return database; }
+    OdEdUserIO* userIO() override { return nullptr; }
+    OdEdFunctionIO* funcIO() override { return functionIO; }
+    void setArbitraryData(const OdString&, OdRxObject*) override {}
+    OdRxObjectPtr arbitraryData(const OdString&) const override { return {}; }
+
+    OdRxObject* database = nullptr;
+    OdEdFunctionIO* functionIO = nullptr;
+};
+
+class ForeignFunctionIO : public OdEdFunctionIO
+{
+public:
+    void setParam(OdRxObject*) override {}
+    OdRxObjectPtr param() override { return {}; }
+    void setResult(OdRxObject*) override {}
+    OdRxObjectPtr result() override { return {}; }
+};
+
+TEST_F(ModuleTest, FramesNameWhatIsMissing)
+{
+    const struct
+    {
+        const OdChar* command;
+        const char* function;
+        bool isLabel;
+        bool needsFunctionIO;
+    } rows[] = {
+        {L"BSYSTEMLABELCREATE", "CCommandBSystemLabelCreate", true, true},
+        {L"BSYSTEMLABELCREATEFROMSELECTION", "CCommandBSystemLabelCreateFromSelection", true, true},
+        {L"BSYSTEMLABELGETALLIDS", "CCommandBSystemLabelGetAllIds", true, true},
+        {L"BSYSTEMLABELGETALLNAMES", "CCommandBSystemLabelGetAllNames", true, true},
+        {L"BSYSTEMLABELGETDICTIONARYID", "CCommandBSystemLabelGetDictionaryId", true, true},
+        {L"BSYSTEMLABELGETIDFROMGUID", "CCommandBSystemLabelGetIdFromGuid", true, true},
+        {L"BSYSTEMLABELGETIDFROMHANDLE", "CCommandBSystemLabelGetIdFromHandle", true, true},
+        {L"BSYSTEMLABELGETIDFROMNAME", "CCommandBSystemLabelGetIdFromName", true, true},
+        {L"BSYSTEMLABELGETSELECTEDIDS", "CCommandBSystemLabelGetSelectedIds", true, true},
+        {L"BSYSTEMLABELTOJSON", "CCommandBSystemLabelToJson", true, true},
+        {L"REGISTERCUSTOMAPPLICATION", "CCommandRegisterCustomApplication", false, true},
+        {L"TRANSACTIONSTART", "CCommandStartTransaction", false, false},
+        {L"TRANSACTIONEND", "CCommandEndTransaction", false, false},
+        {L"TRANSACTIONABORT", "CCommandAbortTransaction", false, false},
+    };
+    OdStaticRxObject<PartialContext> context;
+    OdStaticRxObject<ForeignFunctionIO> foreign;
+    const CCommandHandlerPtr handler = CCommandHandler::createObject(L"X", db, host);
+    for (const auto& row : rows)
+    {
+        const std::string function = std::string(row.function) + "::execute";
+        const OdEdCommandPtr command = odedRegCmds()->lookupCmd(row.command, 3);
+        const auto execute = [&](OdEdFunctionIO* functionIO, OdRxObject* database)
+        {
+            context.functionIO = functionIO;
+            context.database = database;
+            return thrownBy([&] { command->execute(&context); });
+        };
+        EXPECT_EQ(thrownBy([&] { command->execute(nullptr); }), argumentFault(417, "pEdCommandContext", function));
+        const Fault noDatabase = valueFault(122, "pDb", function);
+        EXPECT_EQ(execute(nullptr, nullptr), row.isLabel ? valueFault(417, "pIO", function) : noDatabase);
+        EXPECT_EQ(execute(&foreign, nullptr), row.isLabel ? valueFault(417, "pFunctionIO", function) : noDatabase);
+        EXPECT_EQ(execute(handler->funcIO(), nullptr), noDatabase);
+        if (row.needsFunctionIO && !row.isLabel)
+        {
+            EXPECT_EQ(execute(nullptr, db), valueFault(417, "pFunctionIO", function));
+        }
+        EXPECT_EQ(db->numActiveTransactions(), 0);
+    }
+}
+
+// ---- The store
+// -------------------------------------------------------------------------------------------------------
+
+TEST_F(ModuleTest, TheStoreKeepsOwnersApart)
+{
+    const int owners[2] = {};
+    const OdRxObjectPtr object = someObject();
+    services().setArbitraryData(L"KEY", object);
+    services().setArbitraryData(&owners[0], L"KEY",
+                                services().ArbitraryDataKey(&owners[0]).isEmpty() ? nullptr : object);
+    EXPECT_FALSE(services().arbitraryData(&owners[1], L"KEY"));
+    EXPECT_EQ(services().arbitraryData(&owners[0], L"KEY"), object);
+    EXPECT_NE(services().GetArbitraryDataDictionary(&owners[0]), services().GetArbitraryDataDictionary(&owners[1]));
+    services().RemoveArbitraryDataDictionary(&owners[1]);
+    services().RemoveArbitraryDataDictionary(nullptr);
+    EXPECT_EQ(services().arbitraryData(&owners[0], L"KEY"), object);
+    services().RemoveArbitraryDataDictionary(&owners[0]);
+    EXPECT_FALSE(services().arbitraryData(&owners[0], L"KEY"));
+    EXPECT_EQ(services().arbitraryData(L"KEY"), object);
+    services().setArbitraryData(L"KEY", nullptr);
+    EXPECT_FALSE(services().arbitraryData(L"KEY"));
+}
+
+TEST_F(ModuleTest, TheStorePassesOverWhatHasNoName)
+{
+    const OdUInt32 before = services().GetArbitraryDataRootDictionary()->numEntries();
+    services().setArbitraryData(L"", someObject());
+    services().setArbitraryData(nullptr, L"KEY", someObject());
+    services().setArbitraryData(L"NOTHING", nullptr);
+    EXPECT_FALSE(services().arbitraryData(L""));
+    EXPECT_FALSE(services().arbitraryData(nullptr, L"KEY"));
+    EXPECT_FALSE(services().GetArbitraryDataDictionary(nullptr));
+    EXPECT_EQ(services().GetArbitraryDataRootDictionary()->numEntries(), before);
+    EXPECT_EQ(odrxSysRegistry()->getAt(L"QUEND_ZOL_ARBITRARY_DATA").get(),
+              services().GetArbitraryDataRootDictionary().get());
+}
+
+TEST_F(ModuleTest, AStrangerInTheStoreIsAnError)
+{
+    const int owner = 0;
+    const OdString key = services().ArbitraryDataKey(&owner);
+    services().setArbitraryData(key, someObject());
+    EXPECT_THROW(services().GetArbitraryDataDictionary(&owner), OdError_NotThatKindOfClass);
+    EXPECT_THROW(services().arbitraryData(&owner, L"KEY"), OdError_NotThatKindOfClass);
+    services().setArbitraryData(key, nullptr);
+}
+
+TEST_F(ModuleTest, AClosedDrawingLeavesNothing)
+{
+    OdDbDatabasePtr closing = OdDbDatabase::createObject();
+    closing->initialize();
+    const CCommandHandlerPtr handler = CCommandHandler::createObject(L"BSYSTEMLABELGETALLIDS", closing, host);
+    handler->Execute();
+    const OdString key = services().ArbitraryDataKey(closing);
+    services().setArbitraryData(closing, L"KEY", someObject());
+    EXPECT_TRUE(services().GetArbitraryDataRootDictionary()->has(key));
+    closing.release();
+    EXPECT_FALSE(services().GetArbitraryDataRootDictionary()->has(key));
+}
+
+// ---- The overrule
+// ----------------------------------------------------------------------------------------------------
+
+/// Takes the true colour that is set.
+class Traits : public OdGiSubEntityTraits
+{
+public:
+    void setColor(OdUInt16 index) override { m_color.setColorIndex(index); }
+    void setTrueColor(const OdCmEntityColor& color) override { m_color = color; }
+    void setLayer(OdDbStub*) override {}
+    void setLineType(OdDbStub*) override {}
+    void setLineTypeScale(double) override {}
+    void setLineWeight(OdDb::LineWeight) override {}
+    void setTransparency(const OdCmTransparency&) override {}
+    void setFillType(OdGiFillType) override {}
+    void setThickness(double) override {}
+    void setSelectionMarker(OdGsMarker) override {}
+    OdUInt16 color() const override { return m_color.colorIndex(); }
+    OdCmEntityColor trueColor() const override { return m_color; }
+    OdDbStub* layer() const override { return nullptr; }
+    OdDbStub* lineType() const override { return nullptr; }
+    double lineTypeScale() const override { return 1; }
+    OdDb::LineWeight lineWeight() const override { return OdDb::kLnWtByLayer; }
+    OdCmTransparency transparency() const override { return {}; }
+    OdGiFillType fillType() const override { return kOdGiFillNever; }
+    double thickness() const override { return 0; }
+
+private:
+    OdCmEntityColor m_color;
+};
+
+TEST_F(ModuleTest, TheOverrulePaintsMarkedEntities)
+{
+    const std::vector<OdDbObjectId> lines = addLines(5);
+    addLabel({lines[1], lines[2]}, L"E");
+    for (const OdDbObjectId& ignored : {lines[2], lines[3]})
+    {
+        const CZolExtendedDataPtr data = CZolExtendedData::Get(ignored, true, false);
+        data->SetIgnoreOnCharacteristicSearch(true);
+        data->Save();
+    }
+    const OdResBufPtr unreadable = OdResBuf::newRb(1001, L"terraSHAPING");
+    unreadable->setNext(OdResBuf::newRb(1071, 9));
+    lines[4].safeOpenObject(OdDb::kForWrite)->setXData(unreadable);
+
+    const auto colors = [&]
+    {
+        std::vector<OdUInt32> all;
+        for (const OdDbObjectId& line : lines)
+        {
+            OdStaticRxObject<Traits> traits;
+            line.safeOpenObject()->setAttributes(&traits);
+            all.push_back(traits.trueColor().isByColor() ? traits.trueColor().rgb() : 1);
+        }
+        return all;
+    };
+    const std::vector<OdUInt32> plain(5, 1);
+    EXPECT_EQ(colors(), plain);
+    ASSERT_FALSE(OdRxOverrule::isOverruling());
+    OdRxObjectPtr overrule = odrxCreateObject(L"CDebugEntityDrawableOverrule");
+    ASSERT_TRUE(overrule);
+    EXPECT_TRUE(OdRxOverrule::isOverruling());
+    EXPECT_EQ(colors(), (std::vector<OdUInt32>{1, 0x0000FF, 0x0000FF, 0x00FF00, 1}));
+    OdRxObjectPtr second = odrxCreateObject(L"CDebugEntityDrawableOverrule");
+    second.release();
+    EXPECT_TRUE(OdRxOverrule::isOverruling()) << "as it was when the second one came";
+    overrule.release();
+    EXPECT_FALSE(OdRxOverrule::isOverruling());
+    EXPECT_EQ(colors(), plain);
+}
+
+} // namespace
