@@ -47,9 +47,11 @@ OdDbObjectPtr openOrdinary(const OdDbObjectId& id, OdDb::OpenMode mode)
     return object;
 }
 
-// The objects of the parameter OBJECTIDARRAY, each once.
+// The objects of the parameter OBJECTIDARRAY, each once. Throws OdError(eInvalidInput) when it is missing.
 OdDbObjectIdArray givenObjects(const CommandRun& run)
 {
+    if (!run.parameters.has(L"OBJECTIDARRAY"))
+        throw OdError(eInvalidInput, OdString(L"the parameter OBJECTIDARRAY is missing"));
     std::unordered_set<OdDbStub*> seen;
     OdDbObjectIdArray distinct;
     for (const OdDbObjectId& id : run.parameters.objectIds(L"OBJECTIDARRAY"))

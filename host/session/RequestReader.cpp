@@ -284,6 +284,8 @@ void RequestReader::takeMembers()
     for (const auto& member : m_document->GetObject())
     {
         const std::wstring_view name(member.name.GetString(), member.name.GetStringLength());
+        if (member.value.IsNull())
+            continue;
         if (name == kParametersName)
             m_request.parameters = &member.value;
         else if (name == kInputName)

@@ -3,8 +3,8 @@
 //   {
 //     "id":         any value, kept as text and written back as it was given
 //     "command":    string
-//     "parameters": { name: value, ... }      optional
-//     "input":      [ answer, ... ]           optional
+//     "parameters": { name: value, ... }      optional; null is as good as absent
+//     "input":      [ answer, ... ]           optional; null is as good as absent
 //   }
 //
 // A line that is anything else is refused with a RequestError; the reader can then read the next line.

@@ -117,7 +117,7 @@ struct ContentReader::Reading
     BlockContent content;
     Source source = Source::kGivenEntities;
     LineRectangles lines;
-    std::unordered_set<OdDbStub*> given;
+    std::unordered_set<OdDbStub*> taken;
 };
 
 void ContentReader::addLineRectangles(Reading& reading)
@@ -131,61 +131,67 @@ void ContentReader::addLineRectangles(Reading& reading)
 struct ContentReader::ClassRow
 {
     OdRxClass* (*entityClass)();
+    Stage stage;
     Take takeGiven;
     Take takeFromDefinition;
 };
 
 // A class stands before its base.
 const ContentReader::ClassRow ContentReader::kClasses[] = {
-    {&OdDbAttribute::desc, takeGivenAttribute, takeText},
-    {&OdDbAttributeDefinition::desc, nullptr, takeConstantAttribute},
-    {&OdDbText::desc, takeText, takeText},
-    {&OdDbMText::desc, takeMText, takeMText},
-    {&OdDbDimension::desc, takeDimension, takeDimension},
-    {&OdDbBlockReference::desc, takeBlockReference, takeBlockReference},
-    {&OdDbLine::desc, takeLine, takeLine},
-    {&OdDbCircle::desc, takeCircle, takeCircle},
-    {&OdDbEllipse::desc, takeEllipse, takeEllipse},
-    {&OdDbPolyline::desc, takePolyline, takePolyline},
-    {&OdDb2dPolyline::desc, take2dPolyline, take2dPolyline},
+    {&OdDbAttribute::desc, Stage::kAttributes, takeGivenAttribute, nullptr},
+    {&OdDbAttributeDefinition::desc, Stage::kTexts, nullptr, takeConstantAttribute},
+    {&OdDbText::desc, Stage::kTexts, takeText, takeText},
+    {&OdDbMText::desc, Stage::kTexts, takeMText, takeMText},
+    {&OdDbDimension::desc, Stage::kTexts, takeDimension, takeDimension},
+    {&OdDbBlockReference::desc, Stage::kTexts, takeBlockReference, takeBlockReference},
+    {&OdDbLine::desc, Stage::kFrames, takeLine, takeLine},
+    {&OdDbCircle::desc, Stage::kFrames, takeCircle, takeCircle},
+    {&OdDbEllipse::desc, Stage::kFrames, takeEllipse, takeEllipse},
+    {&OdDbPolyline::desc, Stage::kFrames, takePolyline, takePolyline},
+    {&OdDb2dPolyline::desc, Stage::kFrames, take2dPolyline, take2dPolyline},
 };
 
 BlockContent ContentReader::readEntities(const OdDbObjectIdArray& ids)
 {
-    Reading reading;
-    std::vector<OdDbObjectId> distinct;
-    for (const OdDbObjectId& id : ids)
-        if (reading.given.insert(static_cast<OdDbStub*>(id)).second)
-            distinct.push_back(id);
-    for (const OdDbObjectId& id : distinct)
-        take(reading, id);
-    addLineRectangles(reading);
-    return std::move(reading.content);
+    return read(ids, Source::kGivenEntities);
 }
 
 BlockContent ContentReader::readDefinition(OdDbObjectId block)
 {
-    Reading reading;
-    reading.source = Source::kDefinition;
+    OdDbObjectIdArray ids;
     const OdDbBlockTableRecordPtr record = openForRead<OdDbBlockTableRecord>(block);
     if (record.isNull())
         return {};
     for (OdDbObjectIteratorPtr entities = record->newIterator(); !entities->done(); entities->step())
-        take(reading, entities->objectId());
+        ids.append(entities->objectId());
+    return read(ids, Source::kDefinition);
+}
+
+BlockContent ContentReader::read(const OdDbObjectIdArray& ids, Source source)
+{
+    Reading reading;
+    reading.source = source;
+    take(reading, ids, Stage::kTexts);
+    take(reading, ids, Stage::kAttributes);
+    // Most selections are many shapes without any text, which are not worth opening then.
+    if (reading.content.texts.empty() && reading.content.blocks.empty())
+        return std::move(reading.content);
+    take(reading, ids, Stage::kFrames);
     addLineRectangles(reading);
     return std::move(reading.content);
 }
 
-void ContentReader::take(Reading& reading, OdDbObjectId id)
+void ContentReader::take(Reading& reading, const OdDbObjectIdArray& ids, Stage stage)
 {
-    if (id.isErased())
-        return;
-    const ClassRow* row = findRow(id.objectClass());
-    const Take take = row == nullptr                             ? nullptr
-                      : reading.source == Source::kGivenEntities ? row->takeGiven
-                                                                 : row->takeFromDefinition;
-    if (take != nullptr)
-        take(reading, id);
+    for (const OdDbObjectId& id : ids)
+    {
+        const ClassRow* const row = id.isErased() ? nullptr : findRow(id.objectClass());
+        if (row == nullptr || row->stage != stage)
+            continue;
+        const Take takeEntity = reading.source == Source::kGivenEntities ? row->takeGiven : row->takeFromDefinition;
+        if (takeEntity != nullptr && reading.taken.insert(static_cast<OdDbStub*>(id)).second)
+            takeEntity(reading, id);
+    }
 }
 
 const ContentReader::ClassRow* ContentReader::findRow(OdRxClass* entityClass)
@@ -214,7 +220,7 @@ void ContentReader::takeGivenAttribute(Reading& reading, OdDbObjectId id)
 {
     const OdDbAttributePtr attribute = openForRead<OdDbAttribute>(id);
     const bool comesWithReference =
-        !attribute.isNull() && reading.given.count(static_cast<OdDbStub*>(attribute->ownerId())) != 0;
+        !attribute.isNull() && reading.taken.count(static_cast<OdDbStub*>(attribute->ownerId())) != 0;
     if (!attribute.isNull() && !comesWithReference)
         addText(reading.content, readText(*attribute));
 }

@@ -74,6 +74,14 @@ private:
         kGivenEntities,
         kDefinition
     };
+    // The order in which entities are looked at: attributes after the references that they may have come with, frames
+    // when there is something to frame.
+    enum class Stage
+    {
+        kTexts,
+        kAttributes,
+        kFrames
+    };
     struct Reading;
     using Take = void (*)(Reading& reading, OdDbObjectId id);
     struct ClassRow;
@@ -92,7 +100,8 @@ private:
     static void take2dPolyline(Reading& reading, OdDbObjectId id);
 
     static void addLineRectangles(Reading& reading);
-    void take(Reading& reading, OdDbObjectId id);
+    BlockContent read(const OdDbObjectIdArray& ids, Source source);
+    void take(Reading& reading, const OdDbObjectIdArray& ids, Stage stage);
     const ClassRow* findRow(OdRxClass* entityClass);
 
     std::unordered_map<OdRxClass*, const ClassRow*> m_rows; // what was found in kClasses, by class

@@ -303,6 +303,9 @@ TEST_F(Session, SaysWhatWentWrongInACommand)
         {R"({"command": "SAVE", "parameters": {"FILE": 12}})", "failed", 68, "(any)", "(any)"},
         {R"({"command": "SAVE", "parameters": {"VERSION": "R99"}})", "failed", 5, "(any)", "(any)"},
         {R"({"command": "SAVE", "parameters": {"FORMAT": "dwg"}})", "failed", 5, "(any)", "(any)"},
+        {R"({"command": "ERASE", "parameters": {}})", "failed", 5, "(any)", "(any)"},
+        {R"({"command": "COPY"})", "failed", 5, "(any)", "(any)"},
+        {R"({"command": "WBLOCK", "parameters": {"FILE": "x.dxf"}})", "failed", 5, "(any)", "(any)"},
         {R"({"command": "SELECTIONSETUPDATE", "parameters": {"SELECTIONSET": true}})", "failed", 68, "(any)", "(any)"},
         {R"({"command": "TEXTPARSERSORT", "parameters": {"OBJECTIDARRAY": 7}})", "failed", 68, "(any)", "(any)"},
     };

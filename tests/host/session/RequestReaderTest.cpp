@@ -70,6 +70,15 @@ TEST(RequestReader, ReadsMembersInAnyOrder)
     EXPECT_EQ(request.input->Size(), 2u);
 }
 
+TEST(RequestReader, TakesNullForAbsent)
+{
+    RequestReader reader;
+    const Request& request = reader.read(R"({"id":null,"command":"X","parameters":null,"input":null})");
+    EXPECT_EQ(request.id, "null");
+    EXPECT_EQ(request.parameters, nullptr);
+    EXPECT_EQ(request.input, nullptr);
+}
+
 TEST(RequestReader, GivesTheSameCharacterForAnEscapedPairAndTheCharacterItself)
 {
     RequestReader reader;
@@ -130,7 +139,7 @@ INSTANTIATE_TEST_SUITE_P(
         HostileLine{"a command that is a number", R"({"command":12})", "\"command\""},
         HostileLine{"a command that is an object", R"({"command":{"command":"X"}})", "\"command\""},
         HostileLine{"parameters that are an array", R"({"command":"X","parameters":[]})", "\"parameters\""},
-        HostileLine{"parameters that are null", R"({"command":"X","parameters":null})", "\"parameters\""},
+        HostileLine{"parameters that are false", R"({"command":"X","parameters":false})", "\"parameters\""},
         HostileLine{"input that is a string", R"({"command":"X","input":"a"})", "\"input\""},
         HostileLine{"a command given twice", R"({"command":"X","command":"Y"})", "two members \"command\""},
         HostileLine{"an id given twice", R"({"id":1,"command":"X","id":2})", "two members \"id\""},
