@@ -105,6 +105,8 @@ void CommandTable::rebuildIndex()
 
 OdEdCommandPtr CommandTable::find(const OdString& name, bool global, bool local, const OdString& groupName) const
 {
+    if (name.isEmpty()) // as local names may be
+        return OdEdCommandPtr();
     const std::wstring key = folded(name);
     const auto findIn = [&](const auto& byName) -> OdEdCommand*
     {

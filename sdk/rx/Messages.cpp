@@ -152,9 +152,29 @@ void remove(const OdMessageEntry* table)
     registered.erase(std::remove_if(registered.begin() + 1, registered.end(), isTable), registered.end());
 }
 
+namespace
+{
+
+/** The newest text that needs no arguments, else the newest one; null when there is none. */
+const OdChar* findPlain(unsigned int number)
+{
+    const std::lock_guard<std::mutex> lock(tables().mutex);
+    const OdChar* newest = nullptr;
+    for (auto table = tables().registered.rbegin(); table != tables().registered.rend(); ++table)
+    {
+        const OdChar* text = findIn(*table, number);
+        if (text && std::wstring_view(text).find(L'%') == std::wstring_view::npos)
+            return text;
+        newest = newest ? newest : text;
+    }
+    return newest;
+}
+
+} // namespace
+
 OdString withoutArguments(unsigned int number)
 {
-    const OdChar* found = find(number);
+    const OdChar* found = findPlain(number);
     if (!found)
         return OdString().format(L"Error %u", number);
     std::wstring text;

@@ -11,6 +11,7 @@ const OdChar* find(unsigned int number);
 void add(const OdMessageEntry* table, std::size_t numEntries);
 void remove(const OdMessageEntry* table);
 
-/// The text where no arguments are at hand: places for arguments are left out.
+/// The text where no arguments are at hand: of all texts of that number the newest that takes none; where each takes
+/// some, the newest with "..." in their places.
 OdString withoutArguments(unsigned int number);
 } // namespace odmessages

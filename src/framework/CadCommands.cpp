@@ -61,7 +61,6 @@ OdResBufPtr CadCommands::GetValueFromResult(OdDbCommandContext* pDbCommandContex
 {
     OdEdFunctionIO* pFunctionIO = RequireFunctionIO(pDbCommandContext, L"CadCommands::GetValueFromResult");
     const OdResBufPtr pResult = OdResBuf::cast(pFunctionIO->result());
-    const OdResBufPtr pValue = FindValue(pResult, strName);
     pFunctionIO->setResult(nullptr);
-    return pValue;
+    return FindValue(pResult, strName);
 }

@@ -3,10 +3,36 @@
 #include "framework/CadCommands.h"
 #include "module/ground/Text.h"
 
-static void RequireType(const OdResBufPtr& pResBuf, int iType, const OdChar* pszFunction)
+// The value of an element of that type. Whoever made the element by hand may have put something else into it, or
+// nothing.
+template<class Get>
+static auto ValueOf(const OdResBufPtr& pResBuf, int iType, const OdChar* pszFunction, Get get)
+try
 {
     if (!pResBuf || pResBuf->restype() != iType)
-        throw OdError_InvalidArgument(eInvalidResBuf, L"pResBuf", pszFunction);
+        throw OdError(eInvalidResBuf);
+    return get(*pResBuf);
+}
+catch (const OdError& error)
+{
+    if (error.code() != eInvalidResBuf)
+        throw;
+    throw OdError_InvalidArgument(eInvalidResBuf, L"pResBuf", pszFunction);
+}
+
+static OdString TextOf(const OdResBuf& element)
+{
+    return element.getString();
+}
+
+static OdDbObjectId IdOf(const OdResBuf& element)
+{
+    return element.getObjectId();
+}
+
+static OdGePoint3d PointOf(const OdResBuf& element)
+{
+    return element.getPoint3d();
 }
 
 static void RequireDatabase(OdDbDatabase* pDb, const OdChar* pszFunction)
@@ -15,12 +41,24 @@ static void RequireDatabase(OdDbDatabase* pDb, const OdChar* pszFunction)
         throw OdError_InvalidArgument(eNoDatabase, L"pDb", pszFunction);
 }
 
+static bool HoldsText(const OdResBuf& element)
+{
+    try
+    {
+        return element.restype() == OdResBuf::kRtString && !element.getString().isEmpty();
+    }
+    catch (const OdError&)
+    {
+        return false;
+    }
+}
+
 OdResBufPtr CadCommands::ResBufGetName(const OdResBufPtr& pResBuf, OdString& strName)
 {
     strName.empty();
     if (!pResBuf)
         return OdResBufPtr();
-    if (pResBuf->restype() == OdResBuf::kRtString && pResBuf->hasValue())
+    if (HoldsText(*pResBuf))
         strName = Trimmed(pResBuf->getString()).makeUpper();
     return pResBuf->next();
 }
@@ -30,8 +68,7 @@ OdResBufPtr CadCommands::ResBufGetOdString(const OdResBufPtr& pResBuf, OdString&
     value.empty();
     if (!pResBuf)
         return OdResBufPtr();
-    RequireType(pResBuf, OdResBuf::kRtString, L"CadCommands::ResBufGetOdString");
-    value = pResBuf->getString();
+    value = ValueOf(pResBuf, OdResBuf::kRtString, L"CadCommands::ResBufGetOdString", &TextOf);
     return pResBuf->next();
 }
 
@@ -39,8 +76,8 @@ OdResBufPtr CadCommands::ResBufGetBool(const OdResBufPtr& pResBuf, bool& value)
 {
     if (!pResBuf)
         return OdResBufPtr();
-    RequireType(pResBuf, OdResBuf::kRtBool, L"CadCommands::ResBufGetBool");
-    value = pResBuf->getBool();
+    value = ValueOf(pResBuf, OdResBuf::kRtBool, L"CadCommands::ResBufGetBool",
+                    [](const OdResBuf& element) { return element.getBool(); });
     return pResBuf->next();
 }
 
@@ -51,20 +88,20 @@ OdResBufPtr CadCommands::ResBufGetObjectId(const OdResBufPtr& pResBuf, OdDbDatab
     RequireDatabase(pDb, pszFunction);
     if (!pResBuf)
         return OdResBufPtr();
-    RequireType(pResBuf, OdResBuf::kRtObjectId, pszFunction);
-    value = pResBuf->getObjectId(pDb);
+    value = ValueOf(pResBuf, OdResBuf::kRtObjectId, pszFunction, &IdOf);
     return pResBuf->next();
 }
 
 OdResBufPtr CadCommands::ResBufGetObjectIdArray(const OdResBufPtr& pResBuf, OdDbDatabase* pDb, OdDbObjectIdArray& value)
 {
+    constexpr const OdChar* pszFunction = L"CadCommands::ResBufGetObjectIdArray";
     value.clear();
     if (!pResBuf)
         return OdResBufPtr();
-    RequireDatabase(pDb, L"CadCommands::ResBufGetObjectIdArray");
+    RequireDatabase(pDb, pszFunction);
     OdResBufPtr pElement = pResBuf;
     for (; pElement && pElement->restype() == OdResBuf::kRtObjectId; pElement = pElement->next())
-        value.append(pElement->getObjectId(pDb));
+        value.append(ValueOf(pElement, OdResBuf::kRtObjectId, pszFunction, &IdOf));
     return pElement;
 }
 
@@ -73,8 +110,8 @@ OdResBufPtr CadCommands::ResBufGetDbSelectionSet(const OdResBufPtr& pResBuf, OdD
     value.release();
     if (!pResBuf)
         return OdResBufPtr();
-    RequireType(pResBuf, OdResBuf::kRtPickSet, L"CadCommands::ResBufGetDbSelectionSet");
-    value = pResBuf->getPickSet();
+    value = ValueOf(pResBuf, OdResBuf::kRtPickSet, L"CadCommands::ResBufGetDbSelectionSet",
+                    [](const OdResBuf& element) { return element.getPickSet(); });
     return pResBuf->next();
 }
 
@@ -83,9 +120,8 @@ OdResBufPtr CadCommands::ResBufGetOdGeExtents3d(const OdResBufPtr& pResBuf, OdGe
     constexpr const OdChar* pszFunction = L"CadCommands::ResBufGetOdGeExtents3d";
     if (!pResBuf)
         return OdResBufPtr();
-    RequireType(pResBuf, OdResBuf::kRtPoint3d, pszFunction);
+    const OdGePoint3d least = ValueOf(pResBuf, OdResBuf::kRtPoint3d, pszFunction, &PointOf);
     const OdResBufPtr pGreatest = pResBuf->next();
-    RequireType(pGreatest, OdResBuf::kRtPoint3d, pszFunction);
-    value.set(pResBuf->getPoint3d(), pGreatest->getPoint3d());
+    value.set(least, ValueOf(pGreatest, OdResBuf::kRtPoint3d, pszFunction, &PointOf));
     return pGreatest->next();
 }

@@ -7,10 +7,10 @@ namespace
 {
 
 constexpr OdMessageEntry kMessages[] = {
-    {eMessageRunFailed, L"Command %ls did not succeed."},
+    {eMessageRunFailed, L"Command \"%ls\" did not succeed."},
     {eMessageUnknownCommand, L"There is no command \"%ls\"."},
-    {eMessageRunCancelled, L"Command %ls was cancelled."},
-    {eMessageRunEnded, L"Command %ls is done."},
+    {eMessageRunCancelled, L"Command \"%ls\" was cancelled."},
+    {eMessageRunEnded, L"Command \"%ls\" is done."},
     {eMessageChooseLabels, L"Handle of a label, or which labels %ls:"},
     // Capitals are what has to be typed of a keyword; none of them may read like a hexadecimal handle.
     {eMessageLabelKeywords, L"aLl Selected Handle Guid Name"},

@@ -81,30 +81,29 @@ void CModuleCad::RemoveArbitraryDataDictionary(const void* pOwner)
         GetArbitraryDataRootDictionary()->remove(ArbitraryDataKey(pOwner));
 }
 
-static OdRxObjectPtr FindEntry(const OdRxDictionary& dictionary, const OdString& strKey)
-{
-    return strKey.isEmpty() ? OdRxObjectPtr() : dictionary.getAt(strKey);
-}
+// What has no name, or no owner, is passed over before a dictionary is made for it.
 
 void CModuleCad::setArbitraryData(const OdString& strKey, OdRxObject* pObject)
 {
-    PutOrRemove(*GetArbitraryDataRootDictionary(), strKey, pObject);
+    if (!strKey.isEmpty())
+        PutOrRemove(*GetArbitraryDataRootDictionary(), strKey, pObject);
 }
 
 OdRxObjectPtr CModuleCad::arbitraryData(const OdString& strKey)
 {
-    return FindEntry(*GetArbitraryDataRootDictionary(), strKey);
+    return strKey.isEmpty() ? OdRxObjectPtr() : GetArbitraryDataRootDictionary()->getAt(strKey);
 }
 
 void CModuleCad::setArbitraryData(const void* pOwner, const OdString& strKey, OdRxObject* pObject)
 {
-    if (pOwner)
+    if (pOwner && !strKey.isEmpty())
         PutOrRemove(*GetArbitraryDataDictionary(pOwner), strKey, pObject);
 }
 
 OdRxObjectPtr CModuleCad::arbitraryData(const void* pOwner, const OdString& strKey)
 {
-    return pOwner ? FindEntry(*GetArbitraryDataDictionary(pOwner), strKey) : OdRxObjectPtr();
+    const bool bHasName = pOwner && !strKey.isEmpty();
+    return bHasName ? GetArbitraryDataDictionary(pOwner)->getAt(strKey) : OdRxObjectPtr();
 }
 
 OdString CModuleCad::ArbitraryDataKey(const void* pOwner)

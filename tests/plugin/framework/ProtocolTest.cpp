@@ -134,6 +134,17 @@ TEST_F(ProtocolTest, ReadersRefuseEveryOtherType)
                       argumentFault(68, "pResBuf", std::string("CadCommands::") + reader.function))
                 << type;
         }
+    // Elements made by hand: the right type with nothing, or something else, in it.
+    for (const Reader& reader : kReaders)
+        for (const bool filled : {false, true})
+        {
+            Values values;
+            const OdResBufPtr element = OdResBuf::newRb(reader.type);
+            if (filled)
+                element->setDouble(1.5);
+            EXPECT_EQ(thrownBy([&] { reader.read(element, db, values); }),
+                      argumentFault(68, "pResBuf", std::string("CadCommands::") + reader.function));
+        }
     Values values;
     const OdResBufPtr onePoint = OdResBuf::newRb(5009, OdGePoint3d());
     EXPECT_EQ(thrownBy([&] { CadCommands::ResBufGetOdGeExtents3d(onePoint, values.extents); }).code, 68);
@@ -199,6 +210,8 @@ TEST_F(ProtocolTest, FindsResultsByNamesInDisguise)
         {chain({CadCommands::SetParameterOdString(L"NOTE", L"second"), CadCommands::SetParameterInt32(L"SECOND", 2)}),
          L"SECOND", -1},
         {OdResBuf::newRb(5005, L"LAST"), L"LAST", 0},
+        {chain({OdResBuf::newRb(5005), OdResBuf::newRb(5005, 1.5), CadCommands::SetParameterInt32(L"JSON", 5)}),
+         L"JSON", 5},
         {number, L"OTHER", 0},
     };
     for (const auto& row : rows)

@@ -109,6 +109,8 @@ TEST_F(ModuleTest, MessagesHaveTexts)
     }
     OdString keywords = odSystemServices()->formatMessage(1013);
     EXPECT_EQ(keywords.replace(L' ', L'/'), 4) << "five keywords";
+    EXPECT_LT(OdError(eUnknownCommand).description().find(L'%'), 0);
+    EXPECT_LT(OdError(eUnknownCommand).description().find(L"..."), 0) << "nothing is left out where no name is known";
 }
 
 TEST_F(ModuleTest, TheModuleFileSaysWhatItWasBuiltFor)
@@ -239,6 +241,9 @@ TEST_F(ModuleTest, TheStorePassesOverWhatHasNoName)
     services().setArbitraryData(L"", someObject());
     services().setArbitraryData(nullptr, L"KEY", someObject());
     services().setArbitraryData(L"NOTHING", nullptr);
+    const int owner = 0;
+    services().setArbitraryData(&owner, L"", someObject());
+    EXPECT_FALSE(services().arbitraryData(&owner, L""));
     EXPECT_FALSE(services().arbitraryData(L""));
     EXPECT_FALSE(services().arbitraryData(nullptr, L"KEY"));
     EXPECT_FALSE(services().GetArbitraryDataDictionary(nullptr));

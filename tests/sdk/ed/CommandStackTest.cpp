@@ -112,6 +112,24 @@ protected:
     OdEdCommandStackPtr stack;
 };
 
+/// A command that has no name to show.
+class UnnamedCommand : public OdEdCommand
+{
+public:
+    OdString groupName() const override { return L"One"; }
+    OdString globalName() const override { return L"A"; }
+    OdString localName() const override { return L""; }
+    void execute(OdEdCommandContext*) override { g_log += "ran "; }
+};
+
+TEST_F(CommandStackTest, AnEmptyNameNamesNothing)
+{
+    stack->addCommand(OdRxObjectImpl<UnnamedCommand, OdEdCommand>::createObject());
+    EXPECT_FALSE(stack->lookupCmd(L"", OdEdCommandStack::kGlobal | OdEdCommandStack::kLocal));
+    const ListenerPtr listener = listen("l");
+    EXPECT_EQ(runLogged(L""), "l:unknown  ");
+}
+
 TEST_F(CommandStackTest, FindsByNameInAnyCaseWithinTheGroup)
 {
     add(L"One", L"ÉCLAIR");

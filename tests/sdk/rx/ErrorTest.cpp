@@ -93,7 +93,7 @@ TEST(Messages, TablesRegisteredLaterCountAndMayBeWithdrawn)
     EXPECT_TRUE(services->formatMessage(926, 12, L"bad") == L"12: bad, 100%");
     services->registerMessages(kSecond);
     EXPECT_TRUE(services->formatMessage(904, L"QUIT") == L"No such command: QUIT");
-    EXPECT_TRUE(OdError(OdResult(904)).description() == L"No such command: ...") << "no arguments are at hand";
+    EXPECT_TRUE(OdError(OdResult(904)).description() == L"Unknown command") << "no arguments are at hand";
     EXPECT_TRUE(OdError(OdResult(926)).description() == L"...: ..., 100%");
     services->unregisterMessages(kSecond);
     EXPECT_TRUE(services->messageText(904) == kFirst[0].text);
