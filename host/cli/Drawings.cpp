@@ -15,8 +15,10 @@ namespace
 std::string describeFailure(const std::string& file, const OdString& fault)
 {
     std::string line = odStringToUtf8(fault);
+    if (line.find(file) == std::string::npos)
+        line = file + ": " + line;
     std::replace(line.begin(), line.end(), '\n', ' ');
-    return line.find(file) == std::string::npos ? file + ": " + line : line;
+    return line;
 }
 
 } // namespace

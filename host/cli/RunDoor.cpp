@@ -24,12 +24,14 @@ rapidjson::Value textValue(const std::string& text, Allocator& allocator)
     return rapidjson::Value(text.data(), static_cast<rapidjson::SizeType>(text.size()), allocator);
 }
 
-// What reads as JSON is JSON, all else is a text: NAME=12 and NAME={"objectId":"2A"}, but NAME=E12.
+// What reads as JSON is JSON, all else is a text: NAME=12 and NAME={"objectId":"2A"}, but NAME=E12. No parameter is a
+// number with a fraction or an exponent, so HANDLE=1E2 is a text.
 rapidjson::Value valueOf(const std::string& text, Allocator& allocator)
 {
     rapidjson::Document parsed;
     parsed.Parse(text.data(), text.size());
-    return parsed.HasParseError() ? textValue(text, allocator) : rapidjson::Value(parsed, allocator);
+    const bool isText = parsed.HasParseError() || (parsed.IsNumber() && !parsed.IsInt());
+    return isText ? textValue(text, allocator) : rapidjson::Value(parsed, allocator);
 }
 
 rapidjson::Value parametersOf(const RunOrder& order, Allocator& allocator)

@@ -43,7 +43,7 @@ int serveSession(const std::string& drawingFile, session::Plugin plugin)
     session::LineReader lines(STDIN_FILENO);
     for (std::string_view line; lines.read(line);)
         if (!writeAll(lines.wasTooLong() ? session.refuseTooLong() : session.answer(line)))
-            break;
+            return kFailure;
     return session.hadError() ? kFailure : kSuccess;
 }
 

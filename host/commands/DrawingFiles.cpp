@@ -33,11 +33,18 @@ OdString textOf(const CommandRun& run, const OdChar* name)
 
 } // namespace
 
+void requireFileName(const OdString& file)
+{
+    if (file.find(L'\0') >= 0)
+        throw OdError(eInvalidInput, OdString(L"FILE holds a null character"));
+}
+
 OdString writeDrawing(OdDbDatabase& database, const WriteOrder& order)
 {
     const OdString file = order.file.isEmpty() ? database.getFilename() : order.file;
     if (file.isEmpty())
         throw OdError(eInvalidInput, OdString(L"the drawing has no file yet: FILE is missing"));
+    requireFileName(file);
     const OdDb::SaveType format = order.format.isEmpty() ? OdDb::kDxf : formatFromName(order.format);
     const OdDb::DwgVersion version =
         order.version.isEmpty() ? database.originalFileVersion() : versionFromName(order.version);

@@ -15,6 +15,9 @@ struct WriteOrder
     OdString format;  // "ascii" or "binary", empty: ascii
 };
 
+// Throws OdError(eInvalidInput) for a file name that the system would cut short.
+void requireFileName(const OdString& file);
+
 // Writes the drawing, whole or not at all, and returns the file. Throws OdError, with the old file unchanged.
 OdString writeDrawing(OdDbDatabase& database, const WriteOrder& order);
 

@@ -10,6 +10,7 @@
 #include "OdError.h"
 #include "RxObjectImpl.h"
 #include "commands/CommandTable.h"
+#include "commands/DrawingFiles.h"
 #include "commands/EntityFilter.h"
 #include "commands/FileVersions.h"
 
@@ -68,6 +69,15 @@ OdDbObjectId copyOf(const OdDbObjectId& original, const OdDbIdMapping& mapping)
     return pair.value();
 }
 
+// A move so wide that coordinates would stop being numbers is none.
+OdGeMatrix3d moveBy(const OdGeVector3d& vector)
+{
+    constexpr double kWidestMove = 1e100;
+    if (!(vector.length() <= kWidestMove))
+        throw OdError(eInvalidInput, OdString(L"VECTOR is too long"));
+    return OdGeMatrix3d::translation(vector);
+}
+
 void moveEntity(const OdDbObjectId& id, const OdGeMatrix3d& move)
 {
     const OdDbEntityPtr entity = OdDbEntity::cast(id.safeOpenObject(OdDb::kForWrite));
@@ -102,7 +112,7 @@ void erase(CommandRun& run)
 
 void copy(CommandRun& run)
 {
-    const OdGeMatrix3d move = OdGeMatrix3d::translation(run.parameters.vector(L"VECTOR"));
+    const OdGeMatrix3d move = moveBy(run.parameters.vector(L"VECTOR"));
     const OdDbObjectIdArray originals = givenObjects(run);
     for (const OdDbObjectId& id : originals)
         openOrdinary(id, OdDb::kForRead);
@@ -123,6 +133,7 @@ void writeBlock(CommandRun& run)
     const OdString file = run.parameters.string(L"FILE").value_or(OdString());
     if (file.isEmpty())
         throw OdError(eInvalidInput, OdString(L"FILE is missing"));
+    requireFileName(file);
     const OdDbDatabasePtr block = run.database.wblock(givenObjects(run));
     block->writeFile(file, OdDb::kDxf, versionToWrite(run.database.originalFileVersion()));
 }

@@ -16,10 +16,14 @@ bool isName(const OdResBuf* element)
     return element->restype() == OdResBuf::kRtString;
 }
 
+OdString trimmed(OdString name)
+{
+    return name.trimLeft(kAroundNames).trimRight(kAroundNames);
+}
+
 OdString nameOf(const OdResBuf* element)
 {
-    OdString name = element->getString();
-    return name.trimLeft(kAroundNames).trimRight(kAroundNames);
+    return trimmed(element->getString());
 }
 
 // The next name's element, from the element behind a name on.
@@ -85,6 +89,11 @@ std::optional<OdString> Parameters::string(const OdChar* name) const
     return value->getString();
 }
 
+OdString Parameters::name(const OdChar* name) const
+{
+    return trimmed(string(name).value_or(OdString()));
+}
+
 OdDbObjectIdArray Parameters::objectIds(const OdChar* name) const
 {
     OdDbObjectIdArray ids;
@@ -105,7 +114,11 @@ OdDbSelectionSetPtr Parameters::selectionSet(const OdChar* name) const
 OdGeVector3d Parameters::vector(const OdChar* name) const
 {
     const OdResBuf* const value = findOfType(name, OdResBuf::kRtPoint3d);
-    return value == nullptr ? OdGeVector3d(0.0, 0.0, 0.0) : value->getPoint3d().asVector();
+    if (value == nullptr)
+        return OdGeVector3d(0.0, 0.0, 0.0);
+    if (const OdResBuf* const behind = value->next(); behind != nullptr && !isName(behind))
+        refuseKind(name); // extents are two points
+    return value->getPoint3d().asVector();
 }
 
 } // namespace hostcommands

@@ -27,6 +27,7 @@ public:
     // off, or what says that there is none. Throws OdError(eInvalidResBuf), with a text that names the parameter, for a
     // value of another kind.
     std::optional<OdString> string(const OdChar* name) const;
+    OdString name(const OdChar* name) const; // a string that names something: without blanks and quotes around it
     OdDbObjectIdArray objectIds(const OdChar* name) const;
     OdDbSelectionSetPtr selectionSet(const OdChar* name) const;
     OdGeVector3d vector(const OdChar* name) const;

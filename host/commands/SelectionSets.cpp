@@ -40,7 +40,7 @@ OdString orPickFirst(const OdString& name)
 
 OdString nameOf(const CommandRun& run)
 {
-    return run.parameters.string(L"SELECTIONSETNAME").value_or(OdString());
+    return run.parameters.name(L"SELECTIONSETNAME");
 }
 
 } // namespace

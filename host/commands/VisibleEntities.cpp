@@ -52,8 +52,8 @@ OdDbSelectionSetPtr selectVisible(OdDbDatabase& database)
 void selectAllVisibleEntities(CommandRun& run)
 {
     const OdDbSelectionSetPtr set = selectVisible(run.database);
-    if (const std::optional<OdString> name = run.parameters.string(L"SELECTIONSETNAME"))
-        storeSelectionSet(run.database, *name, set);
+    if (run.parameters.has(L"SELECTIONSETNAME"))
+        storeSelectionSet(run.database, run.parameters.name(L"SELECTIONSETNAME"), set);
     run.results.add(L"SELECTIONSET", set);
 }
 

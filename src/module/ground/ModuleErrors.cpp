@@ -16,7 +16,8 @@ CModuleErrorContext::~CModuleErrorContext() = default;
 
 OdString CModuleErrorContext::description() const
 {
-    const OdString strCode = OdError(m_eCode).description();
+    OdString strCode = OdError(m_eCode).description();
+    strCode.trimRight(L"."); // the message ends the sentence
     return odSystemServices()->formatMessage(m_uiMessage, m_strFunction.c_str(), m_strName.c_str(), strCode.c_str());
 }
 

@@ -77,6 +77,8 @@ TEST_F(CommandLine, EndsWithTheCodeOfWhatHappened)
         {{"run", path("new.dxf"), "ENTITIES", "TYPE=LINE"}, 0},
         {{"run", path("new.dxf"), "NOSUCHCOMMAND"}, 1},
         {{"run", path("new.dxf"), "ENTITIES", "TYPE"}, 2},
+        {{"run", path("new.dxf"), "BSYSTEMLABELGETIDFROMHANDLE", "HANDLE=1E2"}, 0},
+        {{"session", path("two\nlines.dxf")}, 3},
         {{"save", path("new.dxf"), path("nowhere/new.dxf")}, 1},
         {{"save", path("new.dxf"), path("x.dxf"), "--version", "R99"}, 1},
     };
@@ -89,11 +91,19 @@ TEST_F(CommandLine, EndsWithTheCodeOfWhatHappened)
         EXPECT_EQ(outcome.code, each.code) << what << outcome.errors;
         if (each.code == 3)
         {
-            EXPECT_TRUE(contains(outcome.errors, each.arguments[1])) << what << outcome.errors;
+            const std::string file = each.arguments[1].substr(each.arguments[1].rfind('/') + 1);
+            EXPECT_TRUE(contains(outcome.errors, file.substr(file.find('\n') + 1))) << what << outcome.errors;
             EXPECT_EQ(outcome.errors.find('\n'), outcome.errors.size() - 1) << "more than one line: " << outcome.errors;
             EXPECT_EQ(outcome.output, "");
         }
     }
+}
+
+TEST_F(CommandLine, EndsASessionThatNobodyHears)
+{
+    support::ChildProcess shell(
+        {"/bin/sh", "-c", "echo '{\"command\":\"ENTITIES\"}' | \"$0\" session >/dev/full", ZOLCAD_PROGRAM});
+    EXPECT_EQ(shell.finish(), 1);
 }
 
 TEST_F(CommandLine, ListsEveryCommandWithHelp)

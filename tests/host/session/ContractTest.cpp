@@ -95,6 +95,9 @@ TEST_F(Session, LabelsASelectionThatIsKeptByName)
     EXPECT_EQ(made.state(), "ended") << made.line();
     EXPECT_EQ(made.number("/flags"), 0x34000000);
     EXPECT_EQ(session().run("BSYSTEMLABELGETALLNAMES").text("/result/JSON"), R"(["P3"])");
+    EXPECT_EQ(session().run("SELECTIONSETGET", R"({"SELECTIONSETNAME": " 'mine'\t"})").json("/result"),
+              stored.json("/result"))
+        << "names are trimmed";
     const Answer none = session().run("BSYSTEMLABELCREATEFROMSELECTION", R"({"SELECTIONSETNAME": "nobody's"})");
     EXPECT_EQ(none.state(), "failed");
     EXPECT_EQ(none.number("/error/code"), 20);
@@ -304,7 +307,12 @@ TEST_F(Session, SaysWhatWentWrongInACommand)
         {R"({"command": "SAVE", "parameters": {"VERSION": "R99"}})", "failed", 5, "(any)", "(any)"},
         {R"({"command": "SAVE", "parameters": {"FORMAT": "dwg"}})", "failed", 5, "(any)", "(any)"},
         {R"({"command": "ERASE", "parameters": {}})", "failed", 5, "(any)", "(any)"},
+        {R"({"command": "SAVE", "parameters": {"FILE": "cut\u0000short.dxf"}})", "failed", 5, "(any)", "(any)"},
         {R"({"command": "COPY"})", "failed", 5, "(any)", "(any)"},
+        {R"({"command": "COPY", "parameters": {"OBJECTIDARRAY": {"objectIds": ["A5"]}, "VECTOR": {"extents": [[0, 0, 0], [1, 1, 1]]}}})",
+         "failed", 68, "(any)", "(any)"},
+        {R"({"command": "COPY", "parameters": {"OBJECTIDARRAY": {"objectIds": ["A5"]}, "VECTOR": {"point": [1e300, 0, 0]}}})",
+         "failed", 5, "(any)", "(any)"},
         {R"({"command": "WBLOCK", "parameters": {"FILE": "x.dxf"}})", "failed", 5, "(any)", "(any)"},
         {R"({"command": "SELECTIONSETUPDATE", "parameters": {"SELECTIONSET": true}})", "failed", 68, "(any)", "(any)"},
         {R"({"command": "TEXTPARSERSORT", "parameters": {"OBJECTIDARRAY": 7}})", "failed", 68, "(any)", "(any)"},
@@ -316,6 +324,7 @@ TEST_F(Session, SaysWhatWentWrongInACommand)
         EXPECT_EQ(failed.number("/error/code"), each.code) << failed.line();
         EXPECT_EQ(failed.json("/result"), "null") << failed.line();
         EXPECT_NE(failed.text("/error/text"), "(none)") << failed.line();
+        EXPECT_EQ(failed.text("/error/text").find(".."), failed.text("/error/text").find("...")) << failed.line();
         const bool isAnyType = each.type[0] == '(';
         const bool isAnyName = each.name[0] == '(';
         EXPECT_EQ(failed.text("/error/type"), isAnyType ? failed.text("/error/type") : each.type) << failed.line();
