@@ -56,6 +56,11 @@ void Append(OdResBufPtr& pChain, const OdResBufPtr& pEntry);
 /** Reads a name: trimmed and in upper case, empty when the element is no string. */
 OdResBufPtr ResBufGetName(const OdResBufPtr& pResBuf, OdString& strName);
 
+/** Passes over the value of a name that the reader does not know: one string, or all up to the next string. A name that
+    ends in "ARRAY" has object ids only, perhaps none, so that the string behind it is the next name already; so it is
+    behind an empty name, which stands for an element that is no name. */
+OdResBufPtr ResBufSkipValue(const OdResBufPtr& pResBuf, const OdString& strName);
+
 OdResBufPtr ResBufGetOdString(const OdResBufPtr& pResBuf, OdString& value);
 OdResBufPtr ResBufGetBool(const OdResBufPtr& pResBuf, bool& value);
 /** Throws OdError_InvalidArgument (122, "pDb") for a null database too. */

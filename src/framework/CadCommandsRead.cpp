@@ -63,6 +63,22 @@ OdResBufPtr CadCommands::ResBufGetName(const OdResBufPtr& pResBuf, OdString& str
     return pResBuf->next();
 }
 
+static bool IsString(const OdResBufPtr& pElement)
+{
+    return pElement && pElement->restype() == OdResBuf::kRtString;
+}
+
+OdResBufPtr CadCommands::ResBufSkipValue(const OdResBufPtr& pResBuf, const OdString& strName)
+{
+    const bool bMayBeString = !strName.isEmpty() && strName.right(5).iCompare(L"ARRAY") != 0;
+    if (IsString(pResBuf))
+        return bMayBeString ? pResBuf->next() : pResBuf;
+    OdResBufPtr pElement = pResBuf;
+    while (pElement && !IsString(pElement))
+        pElement = pElement->next();
+    return pElement;
+}
+
 OdResBufPtr CadCommands::ResBufGetOdString(const OdResBufPtr& pResBuf, OdString& value)
 {
     value.empty();

@@ -49,6 +49,8 @@ static OdString ReadName(OdResBufPtr pParameter)
         pParameter = CadCommands::ResBufGetName(pParameter, strName);
         if (strName.iCompare(L"NAME") == 0)
             pParameter = CadCommands::ResBufGetOdString(pParameter, strValue);
+        else
+            pParameter = CadCommands::ResBufSkipValue(pParameter, strName);
     }
     return strValue;
 }

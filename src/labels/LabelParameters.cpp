@@ -61,7 +61,10 @@ LabelParameters ReadLabelParameters(CCommandCall& call, unsigned uiKnown)
         pElement = CadCommands::ResBufGetName(pElement, strName);
         const ParameterRow* pRow = FindRow(strName, uiKnown);
         if (!pRow)
+        {
+            pElement = CadCommands::ResBufSkipValue(pElement, strName);
             continue;
+        }
         pElement = pRow->read(pElement, call.Database(), parameters);
         parameters.uiGiven |= pRow->eParameter;
     }

@@ -105,6 +105,8 @@ TEST_P(UndoEverything, LeavesTheDrawingAsItWas)
 
     for (int i = 0; i < 40; ++i)
         step(session);
+    session.run("BSYSTEMLABELCREATE", idsOf(session.entities()));
+    session.run("SAVE", R"({"FILE": ")" + folder.path("changed.dxf") + "\"}");
     int undone = 0;
     while (session.run("UNDO").json("/result/DONE") == "true" && undone < 100)
         ++undone;
@@ -118,6 +120,9 @@ TEST_P(UndoEverything, LeavesTheDrawingAsItWas)
     const std::string after = support::readWholeFile(folder.path("after.dxf"));
     const support::DxfDifference difference = support::compareDxf(before, after);
     EXPECT_TRUE(difference.nothingLost() && difference.added.empty()) << difference.summary();
+    EXPECT_GT(undone, 5);
+    const support::DxfDifference made = support::compareDxf(before, support::readWholeFile(folder.path("changed.dxf")));
+    EXPECT_FALSE(made.nothingLost() && made.added.empty()) << "there was something to undo";
 }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, UndoEverything, testing::Range(1, 9));

@@ -344,6 +344,7 @@ TEST_F(HandlerTest, RegistersApplications)
     } rows[] = {
         {OdResBuf::newRb(5005, L"OTHER"), "terraSHAPING"},
         {OdResBuf::newRb(5005, L"NAME"), ""},
+        {CadCommands::SetParameterOdString(L"OTHER", L"NAME"), ""},
         {CadCommands::SetParameterOdString(L" 'name'", L"\t 'Mixed Case' \n"), "Mixed Case"},
         {CadCommands::SetParameterOdString(L"NAME", L"MIXED CASE"), ""},
         {CadCommands::SetParameterOdString(L"NAME", L" \"\" "), ""},

@@ -84,6 +84,11 @@ TEST_F(LabelQueriesTest, SingleLabelsAreFoundByWhatIsKnownOfThem)
         {L"BSYSTEMLABELGETIDFROMGUID", text(L"GUID", L""), none},
         {L"BSYSTEMLABELGETIDFROMGUID", OdResBufPtr(), none},
         {L"BSYSTEMLABELGETIDFROMGUID", chain({text(L"OTHER", L"x"), text(L"GUID", L"aaaa")}), a},
+        {L"BSYSTEMLABELGETIDFROMGUID", chain({text(L"OTHER", L"GUID"), text(L"GUID", L"aaaa")}), a},
+        {L"BSYSTEMLABELGETIDFROMGUID", chain({text(L"OTHER", L"ALLOWDELETED"), text(L"GUID", L"bbbb")}), none},
+        {L"BSYSTEMLABELGETIDFROMGUID", chain({ids({}), text(L"GUID", L"aaaa")}), a},
+        {L"BSYSTEMLABELGETIDFROMGUID", chain({ids({lines[0], lines[1]}), text(L"GUID", L"aaaa")}), a},
+        {L"BSYSTEMLABELGETIDFROMGUID", chain({OdResBuf::newRb(290, true), text(L"GUID", L"aaaa")}), a},
         {L"BSYSTEMLABELGETIDFROMHANDLE", text(L"HANDLE", L"\t\"" + handle + L"\" "), a},
         {L"BSYSTEMLABELGETIDFROMHANDLE", text(L"HANDLE", lines[0].getHandle().ascii()), none},
         {L"BSYSTEMLABELGETIDFROMHANDLE", text(L"HANDLE", gone.getHandle().ascii()), none},
@@ -258,6 +263,32 @@ TEST_F(LabelCommandsTest, OnlyEntitiesWithoutALabelAreTaken)
     EXPECT_EQ(referencesOf(second), (std::vector{lines[3], lines[2]}));
     openLabel(first, OdDb::kForWrite)->RemoveReferencedObjectId(lines[0]);
     EXPECT_FALSE(find(L"BSYSTEMLABELCREATE", ids({lines[0]})).isNull());
+}
+
+TEST_F(LabelCommandsTest, AnUndoneLabelIsNotFoundBeforeItIsRedone)
+{
+    const OdDbObjectId line = addLine();
+    HostCommands::get().parsedText = L"E";
+    run(L"BSYSTEMLABELGETDICTIONARYID");
+    const OdDbObjectId label = find(L"BSYSTEMLABELCREATE", ids({line}));
+    const OdString guid = openLabel(label)->GetGuid();
+    const auto found = [&]
+    {
+        const OdResBufPtr what = chain(
+            {allowDeleted(), text(L"GUID", guid), text(L"HANDLE", label.getHandle().ascii()), text(L"NAME", L"E")});
+        int count = static_cast<int>(run(L"BSYSTEMLABELGETALLIDS", allowDeleted()).ids().size());
+        for (const OdChar* command :
+             {L"BSYSTEMLABELGETIDFROMGUID", L"BSYSTEMLABELGETIDFROMHANDLE", L"BSYSTEMLABELGETIDFROMNAME"})
+            count += find(command, what) == label;
+        return count;
+    };
+    EXPECT_EQ(found(), 4);
+    db->undo();
+    EXPECT_EQ(found(), 0);
+    EXPECT_EQ(run(L"BSYSTEMLABELGETALLNAMES", chain({ids({label}), allowDeleted()})).json(), "[]");
+    db->redo();
+    EXPECT_EQ(found(), 4);
+    EXPECT_EQ(markOf(line), "E, " + odStringToUtf8(guid));
 }
 
 TEST_F(LabelCommandsTest, SelectionsBecomeLabels)
