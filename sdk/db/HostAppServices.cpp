@@ -38,6 +38,16 @@ OdString OdDbHostAppServices::findFile(const OdString& fileName, OdDbDatabase* d
     return fs::is_regular_file(beside, ignored) ? odUtf8ToString(beside.native()) : OdString();
 }
 
+bool OdDbHostAppServices::getFILEDIA() const
+{
+    return true;
+}
+
+OdString OdDbHostAppServices::fileDialog(int, const OdString&, const OdString&, const OdString&, const OdString&)
+{
+    return L"*unsupported*";
+}
+
 OdString OdDbHostAppServices::program()
 {
     return L"zolcad";

@@ -108,7 +108,10 @@ constexpr ClassFunctions kClasses[] = {
     functionsOf<OdDbViewTableRecord>(),
     functionsOf<OdDbViewportTableRecord>(),
     functionsOf<OdDbSelectionSetIterator>(),
+    functionsOf<OdSelectionSet>(),
     functionsOf<OdDbSelectionSet>(),
+    functionsOf<OdDbSelectionMethod>(),
+    functionsOf<OdDbVisualSelection>(),
     functionsOf<OdDbIdMappingIter>(),
     functionsOf<OdDbIdMapping>(),
 };

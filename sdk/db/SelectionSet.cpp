@@ -3,11 +3,15 @@
 
 #include <unordered_map>
 
+#include "DbDatabase.h"
 #include "OdError.h"
 #include "RxObjectImpl.h"
 
 ODRX_NO_CONS_DEFINE_MEMBERS(OdDbSelectionSetIterator, OdRxObject);
-ODRX_CONS_DEFINE_MEMBERS(OdDbSelectionSet, OdRxObject, RXIMPL_CONSTR);
+ODRX_NO_CONS_DEFINE_MEMBERS(OdSelectionSet, OdRxObject);
+ODRX_CONS_DEFINE_MEMBERS(OdDbSelectionSet, OdSelectionSet, RXIMPL_CONSTR);
+ODRX_NO_CONS_DEFINE_MEMBERS(OdDbSelectionMethod, OdRxObject);
+ODRX_NO_CONS_DEFINE_MEMBERS(OdDbVisualSelection, OdDbSelectionMethod);
 
 struct OdDbSelectionSet::Members
 {
@@ -68,7 +72,7 @@ OdSmartPtr<OdDbSelectionSet> OdDbSelectionSet::createObject(const OdDbDatabase* 
     return made;
 }
 
-const OdDbDatabase* OdDbSelectionSet::baseDatabase() const
+const OdRxObject* OdDbSelectionSet::baseDatabase() const
 {
     return m_members->base;
 }

@@ -24,7 +24,8 @@ ODRX_NO_CONS_DEFINE_MEMBERS(OdEdPointTracker, OdEdInputTracker)
 ODRX_NO_CONS_DEFINE_MEMBERS(OdEdPointDefTracker, OdEdPointTracker)
 ODRX_NO_CONS_DEFINE_MEMBERS(OdEdIntegerTracker, OdEdInputTracker)
 ODRX_NO_CONS_DEFINE_MEMBERS(OdEdRealTracker, OdEdInputTracker)
-ODRX_NO_CONS_DEFINE_MEMBERS(OdEdSSetTracker, OdEdInputTracker)
+ODRX_NO_CONS_DEFINE_MEMBERS(OdSSetTracker, OdEdInputTracker)
+ODRX_NO_CONS_DEFINE_MEMBERS(OdEdSSetTracker, OdSSetTracker)
 
 // ---- Commands
 // --------------------------------------------------------------------------------------------------------
@@ -62,7 +63,14 @@ OdDbUserIO* OdDbCommandContext::dbUserIO()
 // ---- Input
 // -----------------------------------------------------------------------------------------------------------
 
-bool OdEdSSetTracker::remove(OdDbObjectId, const OdRxObject*)
+int OdEdInputTracker::addDrawables(OdGsView*)
+{
+    return 0;
+}
+
+void OdEdInputTracker::removeDrawables(OdGsView*) {}
+
+bool OdEdSSetTracker::remove(OdDbObjectId, const OdDbSelectionMethod*)
 {
     return true;
 }
@@ -97,16 +105,16 @@ void OdEdUserIO::putString(const OdString&)
     refuse();
 }
 
-OdSharedPtr<OdCmColorBase> OdEdUserIO::getCmColor(const OdString&, int, const OdCmColorBase*, const OdString&,
-                                                  OdEdInputTracker*)
+OdCmColorBasePtr OdEdUserIO::getCmColor(const OdString&, int, const OdCmColorBase*, const OdString&, OdEdInputTracker*)
 {
     refuse();
 }
 
-OdString OdEdUserIO::getFilePath(const OdString&, int, const OdString&, const OdString&, const OdString&,
-                                 const OdString&, const OdString&, OdEdStringTracker*)
+OdString OdEdUserIO::getFilePath(const OdString& prompt, int options, const OdString& dialogCaption, const OdString&,
+                                 const OdString& fileName, const OdString&, const OdString& keywords,
+                                 OdEdStringTracker* tracker)
 {
-    refuse();
+    return getString(prompt.isEmpty() ? dialogCaption : prompt, options, fileName, keywords, tracker);
 }
 
 void OdEdUserIO::putError(const OdString&)
@@ -164,7 +172,7 @@ OdCmColor OdDbUserIO::getColor(const OdString&, int, const OdCmColorBase*, const
     refuse();
 }
 
-OdSelectionSetPtr OdDbUserIO::select(const OdString&, int, const OdSelectionSet*, const OdString&, OdEdSSetTracker*,
+OdSelectionSetPtr OdDbUserIO::select(const OdString&, int, const OdSelectionSet*, const OdString&, OdSSetTracker*,
                                      OdGePoint3dArray*)
 {
     refuse();
@@ -198,7 +206,7 @@ constexpr ClassRow kClasses[] = {
     rowOf<OdEdInputTracker>(),   rowOf<OdEdStringTracker>(),
     rowOf<OdEdPointTracker>(),   rowOf<OdEdPointDefTracker>(),
     rowOf<OdEdIntegerTracker>(), rowOf<OdEdRealTracker>(),
-    rowOf<OdEdSSetTracker>(),
+    rowOf<OdSSetTracker>(),      rowOf<OdEdSSetTracker>(),
 };
 
 void start()

@@ -3,7 +3,11 @@
 
 #include "Gi/GiDrawableOverrule.h"
 #include "Gi/GiWorldDraw.h"
+#include "Gs/Gs.h"
 #include "rx/Layers.h"
+
+ODRX_NO_CONS_DEFINE_MEMBERS(OdGsModel, OdRxObject)
+ODRX_NO_CONS_DEFINE_MEMBERS(OdGsView, OdRxObject)
 
 namespace gi
 {
@@ -16,10 +20,14 @@ void registerClasses()
     OdGiGeometry::rxInit();
     OdGiWorldDraw::rxInit();
     OdGiDrawableOverrule::rxInit();
+    OdGsModel::rxInit();
+    OdGsView::rxInit();
 }
 
 void unregisterClasses()
 {
+    OdGsView::rxUninit();
+    OdGsModel::rxUninit();
     OdGiDrawableOverrule::rxUninit();
     OdGiWorldDraw::rxUninit();
     OdGiGeometry::rxUninit();

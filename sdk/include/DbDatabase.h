@@ -9,6 +9,7 @@
 class OdDbDatabaseReactor;
 class OdDbHostAppServices;
 class OdStreamBuf;
+class OdUnitsFormatter;
 
 namespace oddb
 {
@@ -87,6 +88,10 @@ public:
 
     /** The current layout; null in a drawing without layouts. */
     OdDbObjectId currentLayoutId() const;
+
+    /** What the user looks through: the active viewport record of the model; of a sheet the viewport that is the sheet
+        itself, or the layout when the sheet has none. Null in a damaged drawing. */
+    OdDbObjectId activeViewportId() const;
 
     /** Records that every drawing has; null in a damaged one that has not. */
     OdDbObjectId getLayerZeroId() const;
@@ -170,6 +175,9 @@ public:
     OdInt16 getLUPREC() const;
     OdInt16 getAUNITS() const;
     OdInt16 getAUPREC() const;
+
+    /** Writes and reads lengths, angles and colours by these variables, as they are whenever it is used. */
+    OdUnitsFormatter& formatter() const;
 
     /** The unit of lengths, by its number; true for metric, true while the model is shown rather than a sheet. */
     OdInt16 getINSUNITS() const;

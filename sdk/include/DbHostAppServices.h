@@ -40,6 +40,15 @@ public:
        file of that name in the folder of the drawing. */
     virtual OdString findFile(const OdString& fileName, OdDbDatabase* database = nullptr, FindFileHint hint = kDefault);
 
+    /** True when files are asked for by a dialog rather than as texts. As it is here, true. */
+    virtual bool getFILEDIA() const;
+
+    /** Shows a dialog that asks for a file. flags is 0 for one that is opened and 1 for one that is saved; 2 lets a
+        list of files be chosen. Returns the path, empty when the user gave up, or exactly "*unsupported*" when there
+       are no dialogs; as it is here, that. */
+    virtual OdString fileDialog(int flags, const OdString& caption, const OdString& defaultExtension,
+                                const OdString& fileName, const OdString& filter);
+
     /** The name of the program, its maker, and its version, as "zolcad". */
     virtual OdString program();
     virtual OdString product();

@@ -2,9 +2,8 @@
 #pragma once
 
 #include "Ed/EdUserIO.h"
-
-class OdSelectionSet;
-using OdSelectionSetPtr = OdSmartPtr<OdSelectionSet>;
+#include "Ge/GePoint3dArray.h"
+#include "SSet.h"
 
 /** An OdDbUserIO also asks for selections of entities of a drawing. What a class does not override throws OdError
     (eNotApplicable). */
@@ -21,10 +20,11 @@ public:
     virtual OdCmColor getColor(const OdString& prompt, int options = 0, const OdCmColorBase* defaultValue = nullptr,
                                const OdString& keywords = OdString(), OdEdInputTracker* tracker = nullptr);
 
-    /** Asks for a selection. */
+    /** Asks for a selection. The tracker decides what may become part of it; points receives what the user picked, when
+        it is not null. */
     virtual OdSelectionSetPtr select(const OdString& prompt = OdString(), int options = 0,
                                      const OdSelectionSet* defaultValue = nullptr,
-                                     const OdString& keywords = OdString(), OdEdSSetTracker* tracker = nullptr,
+                                     const OdString& keywords = OdString(), OdSSetTracker* tracker = nullptr,
                                      OdGePoint3dArray* points = nullptr);
 };
 using OdDbUserIOPtr = OdSmartPtr<OdDbUserIO>;

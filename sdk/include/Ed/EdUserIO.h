@@ -5,12 +5,26 @@
 #include "Ed/EdException.h"
 #include "Ed/EdInputTracker.h"
 #include "OdaCommon.h"
-#include "SharedPtr.h"
+#include "UnitsFormatter.h"
 
 class OdGsModel;
 
 namespace OdEd
 {
+/** How a selection is asked for; combined with |. */
+enum SelectFlags : unsigned
+{
+    kSelDefault = 0,
+    kSelPickLastPoint = 0x1,     ///< the last point is the first one picked
+    kSelSingleEntity = 0x2,      ///< a point where there is nothing does not begin a box
+    kSelIgnorePickfirst = 0x4,   ///< what was selected before does not answer the question
+    kSelSinglePass = 0x8,        ///< one pick is the answer
+    kSelAllowEmpty = 0x10,       ///< selecting nothing is an answer
+    kSelRemove = 0x20,           ///< what is picked is taken out of the selection
+    kSelLeaveHighlighted = 0x40, ///< the selection stays highlighted
+    kSelAllowSubents = 0x400     ///< parts of entities may be selected too
+};
+
 /** How something is asked for; combined with |. */
 enum GetPointFlags : unsigned
 {
@@ -21,6 +35,7 @@ enum GetPointFlags : unsigned
     kGptRectFrame = 0x8,         ///< a rectangle follows from the last point
     kGdsFromLastPoint = 0x80,    ///< the last point is the first of two
     kGanFromAngBase = 0x100,     ///< angles are measured from the drawing's base angle
+    kGdsNoZCoord = 0x400,        ///< distances are measured in plan
     kInpThrowOther = 0x40000000, ///< an answer that cannot be read is thrown as OdEdOtherInput
     kInpThrowEmpty = 0x80000000  ///< an empty answer is thrown as OdEdEmptyInput
 };
@@ -45,10 +60,11 @@ public:
                                const OdString& keywords = OdString(), OdEdStringTracker* tracker = nullptr);
     /** Shows a line of text. */
     virtual void putString(const OdString& text);
-    virtual OdSharedPtr<OdCmColorBase> getCmColor(const OdString& prompt, int options = 0,
-                                                  const OdCmColorBase* defaultValue = nullptr,
-                                                  const OdString& keywords = OdString(),
-                                                  OdEdInputTracker* tracker = nullptr);
+    virtual OdCmColorBasePtr getCmColor(const OdString& prompt, int options = 0,
+                                        const OdCmColorBase* defaultValue = nullptr,
+                                        const OdString& keywords = OdString(), OdEdInputTracker* tracker = nullptr);
+    /** Asks for the path of a file. As it is here, asks for a text: with the caption when there is no prompt, and with
+        the file name for an empty answer. */
     virtual OdString getFilePath(const OdString& prompt, int options = 0, const OdString& dialogCaption = OdString(),
                                  const OdString& defaultExtension = OdString(), const OdString& fileName = OdString(),
                                  const OdString& filter = OdString(), const OdString& keywords = OdString(),
