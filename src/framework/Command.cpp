@@ -1,6 +1,8 @@
 // Runs the work of a command in its frame.
 #include "framework/Command.h"
 
+#include "DbDatabase.h"
+#include "DbUserIO.h"
 #include "ModuleErrors.h"
 #include "framework/FunctionIO.h"
 #include "framework/TransactionScope.h"
@@ -8,25 +10,55 @@
 // ---- Checks
 // ----------------------------------------------------------------------------------------------------------
 
-static bool Holds(EFrameCheck eCheck, OdDbCommandContext& context)
+/// What a check looks at, and the class that it has to be of.
+struct CheckedObject
+{
+    const OdRxObject* pObject;
+    const OdRxClass* pClass;
+
+    bool IsThere() const { return pObject && pObject->isKindOf(pClass); }
+};
+
+// Where it is enough that something is there, any class will do: CFunctionIO is registered beside the SDK's own
+// classes.
+static CheckedObject ObjectOf(EFrameCheck eCheck, OdEdCommandContext* pContext)
 {
     switch (eCheck)
     {
+    case EFrameCheck::HasContext:
+        return {pContext, OdRxObject::desc()};
+    case EFrameCheck::IsDrawingContext:
+        return {pContext, OdDbCommandContext::desc()};
+    case EFrameCheck::IsDrawingUserIO:
+        return {pContext->userIO(), OdDbUserIO::desc()};
     case EFrameCheck::HasFunctionIO:
-        return context.funcIO() != nullptr;
+        return {pContext->funcIO(), OdRxObject::desc()};
     case EFrameCheck::IsOurFunctionIO:
-        return !CFunctionIO::cast(context.funcIO()).isNull();
+        return {pContext->funcIO(), CFunctionIO::desc()};
     case EFrameCheck::HasDatabase:
-        return context.database() != nullptr;
+        return {pContext->baseDatabase(), OdDbDatabase::desc()};
     }
-    return false;
+    return {};
 }
 
-static void RequireAll(FrameChecks checks, CCommandCall& call)
+[[noreturn]] static void Refuse(const FrameCheckRow& row, const CheckedObject& object, const OdString& strFunction)
+{
+    switch (row.eError)
+    {
+    case EFrameError::InvalidArgument:
+        throw OdError_InvalidArgument(row.eCode, row.pszName, strFunction);
+    case EFrameError::NotThatKindOfClass:
+        throw OdError_NotThatKindOfClass(object.pObject ? object.pObject->isA() : nullptr, object.pClass);
+    default:
+        throw OdError_InvalidValue(row.eCode, row.pszName, strFunction);
+    }
+}
+
+static void RequireAll(FrameChecks checks, OdEdCommandContext* pContext, const OdString& strFunction)
 {
     for (const FrameCheckRow& row : checks)
-        if (!Holds(row.eCheck, call.Context()))
-            throw OdError_InvalidValue(row.eCode, row.pszName, call.FunctionName());
+        if (const CheckedObject object = ObjectOf(row.eCheck, pContext); !object.IsThere())
+            Refuse(row, object, strFunction);
 }
 
 // ---- Work
@@ -34,11 +66,9 @@ static void RequireAll(FrameChecks checks, CCommandCall& call)
 
 void CCommand::execute(OdEdCommandContext* context)
 {
+    RequireAll(m_checks, context, OdString(m_row.pszClass) + L"::execute");
     const OdDbCommandContextPtr pContext = OdDbCommandContext::cast(context);
-    if (!pContext)
-        throw OdError_InvalidArgument(eNullPtr, L"pEdCommandContext", OdString(m_row.pszClass) + L"::execute");
     CCommandCall call(m_row, *pContext);
-    RequireAll(m_checks, call);
     if (flags() & eCommandFlagTransaction)
         WorkInTransaction(call);
     else
@@ -50,7 +80,16 @@ void CCommand::execute(OdEdCommandContext* context)
 void CCommand::WorkInTransaction(CCommandCall& call)
 {
     CTransactionScope transaction(*call.Database());
-    Work(call);
+    try
+    {
+        Work(call);
+    }
+    catch (...)
+    {
+        if (KeepsWorkBeforeFailure())
+            transaction.End();
+        throw;
+    }
     transaction.End();
 }
 
@@ -59,15 +98,15 @@ void CCommand::WorkInTransaction(CCommandCall& call)
 
 OdResBufPtr CCommandCall::Parameters()
 {
-    return OdResBuf::cast(FunctionIO()->param());
+    return FunctionIO() ? OdResBuf::cast(FunctionIO()->param()) : OdResBufPtr();
 }
 
-OdString CCommandCall::AskString(const OdString& strPrompt, const OdString& strKeywords)
+OdString CCommandCall::AskString(const OdString& strPrompt, const OdString& strKeywords, int iOptions)
 {
     OdEdUserIO* pUserIO = m_context.userIO();
     if (!pUserIO)
         throw OdError_InvalidValue(eNullPtr, L"pUserIO", FunctionName());
-    return pUserIO->getString(strPrompt, 0, OdString(), strKeywords);
+    return pUserIO->getString(strPrompt, iOptions, OdString(), strKeywords);
 }
 
 OdResBufPtr CCommandCall::Call(const OdChar* pszGroup, const OdChar* pszCommand, const OdResBufPtr& pParameters,

@@ -17,21 +17,40 @@ struct CommandRow
     OdUInt32 uiFlags;
 };
 
-/** What a frame requires of the context of a command. */
+/** What a frame requires of the context of a command: that something is there and of the right class. */
 enum class EFrameCheck
 {
-    HasFunctionIO,   ///< there is a function IO
-    IsOurFunctionIO, ///< it is a CFunctionIO
-    HasDatabase      ///< there is a database
+    HasContext,       ///< there is a context
+    IsDrawingContext, ///< it is an OdDbCommandContext
+    IsDrawingUserIO,  ///< it is an OdDbUserIO
+    HasFunctionIO,    ///< there is a function IO
+    IsOurFunctionIO,  ///< it is a CFunctionIO
+    HasDatabase       ///< there is a database
 };
 
-/** One check of a frame and the name that the error has when it fails. Groups of commands differ in these. */
+/** The class of error that a failing check throws. */
+enum class EFrameError
+{
+    InvalidValue,      ///< OdError_InvalidValue
+    InvalidArgument,   ///< OdError_InvalidArgument
+    NotThatKindOfClass ///< OdError_NotThatKindOfClass; code and name of the row do not matter
+};
+
+/** One check of a frame, and the code, name and class that the error has when it fails. Groups of commands differ in
+    these. */
 struct FrameCheckRow
 {
     EFrameCheck eCheck;
-    OdResult eCode;
-    const OdChar* pszName;
+    OdResult eCode = eOk;
+    const OdChar* pszName = L"";
+    EFrameError eError = EFrameError::InvalidValue;
 };
+
+/** The first check of most frames. */
+inline constexpr FrameCheckRow kContextIsDrawingContext = {EFrameCheck::IsDrawingContext, eNullPtr,
+                                                           L"pEdCommandContext", EFrameError::InvalidArgument};
+
+/** The checks in their order. Every frame requires IsDrawingContext. */
 using FrameChecks = std::span<const FrameCheckRow>;
 
 /** A CCommandCall is what a command has at hand while it works. */
@@ -43,6 +62,7 @@ public:
     OdDbCommandContext& Context() { return m_context; }
     /** Not null in frames that check it. */
     OdDbDatabase* Database() { return m_context.database(); }
+    /** Not null in frames that check it. */
     OdEdFunctionIO* FunctionIO() { return m_context.funcIO(); }
 
     /** What errors name as their function: the class and "::execute". */
@@ -51,9 +71,9 @@ public:
     /** The parameter chain, null when there is none. */
     OdResBufPtr Parameters();
 
-    /** Asks the user for a text. Throws OdError_InvalidValue (417, "pUserIO") when there is nobody to ask, and what
-        OdEdUserIO::getString throws. */
-    OdString AskString(const OdString& strPrompt, const OdString& strKeywords = OdString());
+    /** Asks the user for a text; the options are those of OdEdUserIO::getString. Throws OdError_InvalidValue (417,
+       "pUserIO") when there is nobody to ask, and what OdEdUserIO::getString throws. */
+    OdString AskString(const OdString& strPrompt, const OdString& strKeywords = OdString(), int iOptions = 0);
 
     /** Runs another command and returns the value of that name in its result, null when it has none. Afterwards the
         parameters and the result of this command are what they were before, also when the other one throws. */
@@ -79,14 +99,16 @@ public:
     OdString globalName() const override { return m_row.pszName; }
     OdUInt32 flags() const override { return (OdEdCommand::flags() & eCommandFlagsOfSdk) | m_row.uiFlags; }
 
-    /** Checks the context, works (in a transaction when the flags say so, which is aborted when anything is thrown) and
-        sets the result when the flags say so. Throws OdError_InvalidArgument (417, "pEdCommandContext") for a context
-        that is not one of commands on a drawing, OdError_InvalidValue for the checks of the frame, and what the work
-        throws. */
+    /** Checks the context, works (in a transaction when the flags say so, which is aborted when anything is thrown,
+        unless KeepsWorkBeforeFailure) and sets the result when the flags say so. Throws what the checks of the frame
+        say, and what the work throws. */
     void execute(OdEdCommandContext* context) override;
 
 protected:
     virtual void Work(CCommandCall& call) = 0;
+    /** True for a command whose transaction is ended also when the work throws: what it leaves then is what it keeps.
+     */
+    virtual bool KeepsWorkBeforeFailure() const { return false; }
 
 private:
     void WorkInTransaction(CCommandCall& call);

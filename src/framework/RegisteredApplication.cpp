@@ -10,6 +10,7 @@
 #include "module/ground/Text.h"
 
 static constexpr FrameCheckRow kChecks[] = {
+    kContextIsDrawingContext,
     {EFrameCheck::HasDatabase, eNoDatabase, L"pDb"},
     {EFrameCheck::HasFunctionIO, eNullPtr, L"pFunctionIO"},
 };

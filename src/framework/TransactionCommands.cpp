@@ -3,7 +3,10 @@
 
 #include "DbDatabase.h"
 
-static constexpr FrameCheckRow kChecks[] = {{EFrameCheck::HasDatabase, eNoDatabase, L"pDb"}};
+static constexpr FrameCheckRow kChecks[] = {
+    kContextIsDrawingContext,
+    {EFrameCheck::HasDatabase, eNoDatabase, L"pDb"},
+};
 
 static constexpr CommandRow kStart = {L"CCommandStartTransaction", CommandGroup::kTransaction, L"TRANSACTIONSTART",
                                       eCommandFlagNoUndo};

@@ -10,6 +10,7 @@ namespace
 {
 
 constexpr FrameCheckRow kChecks[] = {
+    kContextIsDrawingContext,
     {EFrameCheck::HasFunctionIO, eNullPtr, L"pIO"},
     {EFrameCheck::IsOurFunctionIO, eNullPtr, L"pFunctionIO"},
     {EFrameCheck::HasDatabase, eNoDatabase, L"pDb"},
