@@ -19,6 +19,8 @@
 // like the name that is searched for is taken for it.
 #pragma once
 
+#include <functional>
+
 #include "DbCommandContext.h"
 #include "DbSSet.h"
 #include "Ge/GeExtents3d.h"
@@ -56,10 +58,17 @@ void Append(OdResBufPtr& pChain, const OdResBufPtr& pEntry);
 /** Reads a name: trimmed and in upper case, empty when the element is no string. */
 OdResBufPtr ResBufGetName(const OdResBufPtr& pResBuf, OdString& strName);
 
-/** Passes over the value of a name that the reader does not know: one string, or all up to the next string. A name that
-    ends in "ARRAY" has object ids only, perhaps none, so that the string behind it is the next name already; so it is
-    behind an empty name, which stands for an element that is no name. */
-OdResBufPtr ResBufSkipValue(const OdResBufPtr& pResBuf, const OdString& strName);
+/** Walks over a chain of parameters and calls read(name, element) at each name, with the element where its value begins
+    or null. A reader that knows the name takes the value, moves the element behind it and returns true; otherwise name
+    and value are passed over: one string, or all up to the next string. A name that ends in "ARRAY" has object ids
+   only, perhaps none, so that a string behind it is the next name already. */
+using ParameterReader = std::function<bool(const OdString& strName, OdResBufPtr& pElement)>;
+void WalkParameters(const OdResBufPtr& pChain, const ParameterReader& read);
+
+/** The string behind the name "JSON", else the first string that is the value of any name, else the only element of the
+    chain when it is a string, else an empty text. Throws OdError_InvalidArgument (68, "pResBuf") for a "JSON" of
+   another type. */
+OdString FindJsonText(const OdResBufPtr& pChain);
 
 OdResBufPtr ResBufGetOdString(const OdResBufPtr& pResBuf, OdString& value);
 OdResBufPtr ResBufGetBool(const OdResBufPtr& pResBuf, bool& value);

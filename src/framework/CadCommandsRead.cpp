@@ -68,15 +68,48 @@ static bool IsString(const OdResBufPtr& pElement)
     return pElement && pElement->restype() == OdResBuf::kRtString;
 }
 
-OdResBufPtr CadCommands::ResBufSkipValue(const OdResBufPtr& pResBuf, const OdString& strName)
+static OdResBufPtr SkipValue(OdResBufPtr pElement, const OdString& strName)
 {
-    const bool bMayBeString = !strName.isEmpty() && strName.right(5).iCompare(L"ARRAY") != 0;
-    if (IsString(pResBuf))
-        return bMayBeString ? pResBuf->next() : pResBuf;
-    OdResBufPtr pElement = pResBuf;
+    if (IsString(pElement))
+        return strName.right(5).iCompare(L"ARRAY") == 0 ? pElement : pElement->next();
     while (pElement && !IsString(pElement))
         pElement = pElement->next();
     return pElement;
+}
+
+void CadCommands::WalkParameters(const OdResBufPtr& pChain, const ParameterReader& read)
+{
+    OdResBufPtr pElement = pChain;
+    while (pElement)
+    {
+        const bool bIsName = IsString(pElement);
+        OdString strName;
+        pElement = ResBufGetName(pElement, strName);
+        if (bIsName && !read(strName, pElement))
+            pElement = SkipValue(pElement, strName);
+    }
+}
+
+OdString CadCommands::FindJsonText(const OdResBufPtr& pChain)
+{
+    OdString strJson, strFirst;
+    bool bHasJson = false, bHasFirst = false;
+    WalkParameters(pChain,
+                   [&](const OdString& strName, OdResBufPtr& pElement)
+                   {
+                       if (!bHasFirst && IsString(pElement))
+                       {
+                           strFirst = pElement->getString();
+                           bHasFirst = true;
+                       }
+                       if (strName != L"JSON")
+                           return false;
+                       pElement = ResBufGetOdString(pElement, strJson);
+                       return bHasJson = true;
+                   });
+    if (bHasJson || bHasFirst)
+        return bHasJson ? strJson : strFirst;
+    return IsString(pChain) && !pChain->next() ? pChain->getString() : OdString();
 }
 
 OdResBufPtr CadCommands::ResBufGetOdString(const OdResBufPtr& pResBuf, OdString& value)

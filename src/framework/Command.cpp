@@ -37,6 +37,9 @@ static CheckedObject ObjectOf(EFrameCheck eCheck, OdEdCommandContext* pContext)
         return {pContext->funcIO(), CFunctionIO::desc()};
     case EFrameCheck::HasDatabase:
         return {pContext->baseDatabase(), OdDbDatabase::desc()};
+    case EFrameCheck::HasHostServices:
+        const OdDbDatabasePtr pDb = OdDbDatabase::cast(pContext->baseDatabase());
+        return {pDb && pDb->appServices() ? pDb.get() : nullptr, OdDbDatabase::desc()};
     }
     return {};
 }
@@ -109,10 +112,37 @@ OdString CCommandCall::AskString(const OdString& strPrompt, const OdString& strK
     return pUserIO->getString(strPrompt, iOptions, OdString(), strKeywords);
 }
 
+OdString CCommandCall::JsonText(const OdString& strPrompt, int iOptions)
+{
+    const bool bHasParameters = FunctionIO() && FunctionIO()->param();
+    return bHasParameters ? CadCommands::FindJsonText(Parameters()) : AskString(strPrompt, OdString(), iOptions);
+}
+
 OdResBufPtr CCommandCall::Call(const OdChar* pszGroup, const OdChar* pszCommand, const OdResBufPtr& pParameters,
                                const OdChar* pszResult)
 {
     const CFunctionIOScope own(*FunctionIO());
     CadCommands::Execute(&m_context, pszCommand, pszGroup, pParameters);
     return CadCommands::GetValueFromResult(&m_context, pszResult);
+}
+
+OdDbObjectId CCommandCall::CallForId(const OdChar* pszGroup, const OdChar* pszCommand, const OdResBufPtr& pParameters)
+{
+    OdDbObjectId id;
+    CadCommands::ResBufGetObjectId(Call(pszGroup, pszCommand, pParameters, L"OBJECTID"), Database(), id);
+    return id;
+}
+
+OdDbObjectIdArray CCommandCall::CallForIds(const OdChar* pszGroup, const OdChar* pszCommand,
+                                           const OdResBufPtr& pParameters)
+{
+    OdDbObjectIdArray ids;
+    CadCommands::ResBufGetObjectIdArray(Call(pszGroup, pszCommand, pParameters, L"OBJECTIDARRAY"), Database(), ids);
+    return ids;
+}
+
+void CCommandCall::Run(const OdChar* pszGroup, const OdChar* pszCommand, const OdResBufPtr& pParameters)
+{
+    const CFunctionIOScope own(*FunctionIO());
+    CadCommands::Execute(&m_context, pszCommand, pszGroup, pParameters);
 }

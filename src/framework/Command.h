@@ -25,7 +25,8 @@ enum class EFrameCheck
     IsDrawingUserIO,  ///< it is an OdDbUserIO
     HasFunctionIO,    ///< there is a function IO
     IsOurFunctionIO,  ///< it is a CFunctionIO
-    HasDatabase       ///< there is a database
+    HasDatabase,      ///< there is a database
+    HasHostServices   ///< the database was made through the services of a host
 };
 
 /** The class of error that a failing check throws. */
@@ -75,10 +76,22 @@ public:
        "pUserIO") when there is nobody to ask, and what OdEdUserIO::getString throws. */
     OdString AskString(const OdString& strPrompt, const OdString& strKeywords = OdString(), int iOptions = 0);
 
+    /** The JSON text that the caller gave: the parameter "JSON", else the first value of the chain that is a string,
+        else an empty text. Without any parameter object the user is asked for it. Throws as AskString, and
+        OdError_InvalidArgument (68, "pResBuf") for a "JSON" that is no string. */
+    OdString JsonText(const OdString& strPrompt, int iOptions = 0);
+
     /** Runs another command and returns the value of that name in its result, null when it has none. Afterwards the
         parameters and the result of this command are what they were before, also when the other one throws. */
     OdResBufPtr Call(const OdChar* pszGroup, const OdChar* pszCommand, const OdResBufPtr& pParameters,
                      const OdChar* pszResult);
+
+    /** As Call, for the results "OBJECTID" and "OBJECTIDARRAY"; null and empty when there is none. */
+    OdDbObjectId CallForId(const OdChar* pszGroup, const OdChar* pszCommand, const OdResBufPtr& pParameters);
+    OdDbObjectIdArray CallForIds(const OdChar* pszGroup, const OdChar* pszCommand, const OdResBufPtr& pParameters);
+
+    /** As Call, for a command that gives nothing. */
+    void Run(const OdChar* pszGroup, const OdChar* pszCommand, const OdResBufPtr& pParameters);
 
     /** The chain that the frame leaves as the result; null for none. */
     OdResBufPtr m_pResult;

@@ -8,8 +8,10 @@ namespace CommandGroup
 inline constexpr const OdChar* kTransaction = L"Quend.Zol.Cad.Transaction";
 inline constexpr const OdChar* kExtendedData = L"Quend.Zol.Cad.ExtendedData";
 inline constexpr const OdChar* kLabel = L"Quend.Zol.Cad.BSystemLabel";
+inline constexpr const OdChar* kDrawingBorder = L"Quend.Zol.Cad.DrawingBorder";
 // Groups of the host.
 inline constexpr const OdChar* kSelectionSet = L"Quend.Zol.Cad.SelectionSet";
+inline constexpr const OdChar* kViewer = L"Quend.Zol.Cad.Viewer";
 inline constexpr const OdChar* kTextParser = L"Quend.Zol.Cad.TextParser";
 } // namespace CommandGroup
 

@@ -1,8 +1,16 @@
 // Moves texts between JSON values and OdString.
 #include "framework/Json.h"
 
+#include <cmath>
+
+#include <rapidjson/error/en.h>
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
+
+#include "OdError.h"
+#include "RxSystemServices.h"
+#include "module/ground/Messages.h"
+#include "module/ground/Text.h"
 
 static bool IsHighSurrogate(OdChar character)
 {
@@ -51,4 +59,59 @@ const JsonValue* FindMember(const JsonValue& object, const OdChar* pszName)
 {
     const auto found = object.FindMember(pszName);
     return found == object.MemberEnd() || found->value.IsNull() ? nullptr : &found->value;
+}
+
+// ---- Texts from outside
+// ----------------------------------------------------------------------------------------------
+
+[[noreturn]] static void ThrowNoJson(const JsonDocument& document)
+{
+    OdString strPlace;
+    strPlace.format(L"%llu", static_cast<unsigned long long>(document.GetErrorOffset()));
+    const OdString strFault(rapidjson::GetParseError_En(document.GetParseError()));
+    throw OdError(static_cast<OdResult>(eMessageNoJson),
+                  odSystemServices()->formatMessage(eMessageNoJson, strPlace.c_str(), strFault.c_str()));
+}
+
+// Iteratively, for a text may nest deeper than the stack reaches.
+CJsonText::CJsonText(const OdString& strText) : m_text(Trimmed(strText).view())
+{
+    m_document.ParseInsitu<rapidjson::kParseIterativeFlag>(m_text.data());
+    if (m_document.HasParseError())
+        ThrowNoJson(m_document);
+}
+
+// ---- Points
+// ----------------------------------------------------------------------------------------------------------
+
+static void ReadCoordinate(const JsonValue& point, const OdChar* pszName, double& coordinate)
+{
+    const JsonValue* pMember = FindMember(point, pszName);
+    if (pMember && pMember->IsNumber())
+        coordinate = pMember->GetDouble();
+}
+
+OdGePoint3d ReadJsonPoint(const JsonValue& value, const OdGePoint3d& defaultPoint)
+{
+    OdGePoint3d point = defaultPoint;
+    if (!value.IsObject())
+        return point;
+    ReadCoordinate(value, L"X", point.x);
+    ReadCoordinate(value, L"Y", point.y);
+    ReadCoordinate(value, L"Z", point.z);
+    return point;
+}
+
+static JsonValue CoordinateAsJson(double coordinate)
+{
+    return std::isfinite(coordinate) ? JsonValue(coordinate) : JsonValue();
+}
+
+JsonValue WriteJsonPoint(const OdGePoint3d& point, JsonAllocator& allocator)
+{
+    JsonValue value(rapidjson::kObjectType);
+    value.AddMember(L"X", CoordinateAsJson(point.x), allocator);
+    value.AddMember(L"Y", CoordinateAsJson(point.y), allocator);
+    value.AddMember(L"Z", CoordinateAsJson(point.z), allocator);
+    return value;
 }

@@ -3,6 +3,7 @@
 
 #include <rapidjson/document.h>
 
+#include "Ge/GePoint3d.h"
 #include "OdString.h"
 
 using JsonEncoding = rapidjson::UTF16<wchar_t>;
@@ -19,6 +20,29 @@ JsonValue JsonOfText(const OdString& strText, JsonAllocator& allocator);
 
 /** The value written as text, without blanks between its parts. */
 OdString WriteJson(const JsonValue& value);
+
+/** A CJsonText is a JSON text that came from outside, parsed. */
+class CJsonText
+{
+public:
+    /** Parses the text without the blanks and quotes around it. Throws OdError with the message 926, whose number is
+       its code too, for what is no JSON. */
+    explicit CJsonText(const OdString& strText);
+
+    /** What the text says; it lives as long as this object. */
+    const JsonValue& Root() const { return m_document; }
+
+private:
+    std::wstring m_text; ///< the document's strings lie in it
+    JsonDocument m_document;
+};
+
+/** A point, {"X": 1.0, "Y": 2.0, "Z": 0.0}. A member that is missing, null or no number leaves its coordinate as it is;
+    so does a value that is no object. */
+OdGePoint3d ReadJsonPoint(const JsonValue& value, const OdGePoint3d& defaultPoint);
+
+/** A coordinate that is no finite number is written as null. */
+JsonValue WriteJsonPoint(const OdGePoint3d& point, JsonAllocator& allocator);
 
 /** The member of an object, null when it is missing or is the JSON null. */
 const JsonValue* FindMember(const JsonValue& object, const OdChar* pszName);

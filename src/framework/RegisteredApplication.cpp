@@ -41,18 +41,17 @@ void RegisterApplication(OdDbDatabase& db, const OdString& strName, const OdChar
 
 CCommandRegisterCustomApplication::CCommandRegisterCustomApplication() : CCommand(kRegister, kChecks) {}
 
-static OdString ReadName(OdResBufPtr pParameter)
+static OdString ReadName(const OdResBufPtr& pParameters)
 {
     OdString strValue;
-    while (pParameter)
-    {
-        OdString strName;
-        pParameter = CadCommands::ResBufGetName(pParameter, strName);
-        if (strName.iCompare(L"NAME") == 0)
-            pParameter = CadCommands::ResBufGetOdString(pParameter, strValue);
-        else
-            pParameter = CadCommands::ResBufSkipValue(pParameter, strName);
-    }
+    CadCommands::WalkParameters(pParameters,
+                                [&](const OdString& strName, OdResBufPtr& pElement)
+                                {
+                                    if (strName != L"NAME")
+                                        return false;
+                                    pElement = CadCommands::ResBufGetOdString(pElement, strValue);
+                                    return true;
+                                });
     return strValue;
 }
 

@@ -54,19 +54,15 @@ const ParameterRow* FindRow(const OdString& strName, unsigned uiKnown)
 LabelParameters ReadLabelParameters(CCommandCall& call, unsigned uiKnown)
 {
     LabelParameters parameters;
-    OdResBufPtr pElement = call.Parameters();
-    while (pElement)
-    {
-        OdString strName;
-        pElement = CadCommands::ResBufGetName(pElement, strName);
-        const ParameterRow* pRow = FindRow(strName, uiKnown);
-        if (!pRow)
-        {
-            pElement = CadCommands::ResBufSkipValue(pElement, strName);
-            continue;
-        }
-        pElement = pRow->read(pElement, call.Database(), parameters);
-        parameters.uiGiven |= pRow->eParameter;
-    }
+    CadCommands::WalkParameters(call.Parameters(),
+                                [&](const OdString& strName, OdResBufPtr& pElement)
+                                {
+                                    const ParameterRow* pRow = FindRow(strName, uiKnown);
+                                    if (!pRow)
+                                        return false;
+                                    pElement = pRow->read(pElement, call.Database(), parameters);
+                                    parameters.uiGiven |= pRow->eParameter;
+                                    return true;
+                                });
     return parameters;
 }

@@ -15,18 +15,12 @@ CBSystemLabelPtr RequireLabel(const OdDbObjectId& id, bool bAllowDeleted)
 
 OdDbObjectId CallForId(CCommandCall& call, const OdChar* pszCommand, const OdResBufPtr& pParameters)
 {
-    OdDbObjectId id;
-    CadCommands::ResBufGetObjectId(call.Call(CommandGroup::kLabel, pszCommand, pParameters, L"OBJECTID"),
-                                   call.Database(), id);
-    return id;
+    return call.CallForId(CommandGroup::kLabel, pszCommand, pParameters);
 }
 
 OdDbObjectIdArray CallForIds(CCommandCall& call, const OdChar* pszCommand, const OdResBufPtr& pParameters)
 {
-    OdDbObjectIdArray ids;
-    CadCommands::ResBufGetObjectIdArray(call.Call(CommandGroup::kLabel, pszCommand, pParameters, L"OBJECTIDARRAY"),
-                                        call.Database(), ids);
-    return ids;
+    return call.CallForIds(CommandGroup::kLabel, pszCommand, pParameters);
 }
 
 OdDbDictionaryPtr CallForDictionary(CCommandCall& call)

@@ -7,8 +7,12 @@ enum EMessage : unsigned int
 {
     eMessageRunFailed = 902,          ///< name of the command
     eMessageUnknownCommand = 904,     ///< name of the command
+    eMessageJsonNoObject = 924,       ///< none
+    eMessageJsonLacks = 925,          ///< what is missing
+    eMessageNoJson = 926,             ///< place in the text, what is wrong there
     eMessageRunCancelled = 941,       ///< name of the command
     eMessageRunEnded = 942,           ///< name of the command
+    eMessageBorderGuid = 959,         ///< the present GUID
     eMessageChooseLabels = 961,       ///< hint of the keywords
     eMessageLabelKeywords = 1013,     ///< none: five keywords
     eMessageInvalidArgument = 20001,  ///< function, argument, text of the code
@@ -18,7 +22,10 @@ enum EMessage : unsigned int
     eMessageSelectionSetName = 20012, ///< none
     eMessageLabelHandle = 20013,      ///< none
     eMessageLabelGuid = 20014,        ///< none
-    eMessageLabelName = 20015         ///< none
+    eMessageLabelName = 20015,        ///< none
+    eMessageBorderCorner = 20016,     ///< none
+    eMessageBorderOpposite = 20017,   ///< none
+    eMessageBorderJson = 20018        ///< none
 };
 
 /** Makes the texts known to the system services, and withdraws them. */
