@@ -35,27 +35,30 @@ public:
 
     virtual ~OdUnitsFormatter() = default;
 
-    /** A length in the form that the drawing says. precision is the number of decimal places, or the power of two that
-        fractions go to, 0 to 8; smaller and greater ones count as these. zeros is a combination of what DIMZIN says
-        about the zeros that are left out: in feet and inches 0 to 3 (0: zero feet and exactly zero inches, 1: none, 2:
-        zero feet, 3: zero inches), 4 those before the decimal point, 8 those at the end. */
+    /** A length in the form that the drawing says (LUNITS, LUPREC, DIMZIN). precision is the number of decimal places,
+        or the power of two that fractions go to, 0 to 8; smaller and greater ones count as these. zeros says which
+        zeros are left out, as DIMZIN does: in feet and inches 0 zero feet and exactly zero inches, 1 none, 2 zero
+        inches, 3 zero feet; 4 those before the decimal point, 8 those at the end. In a drawing whose UNITMODE is 1
+        nothing that is written has blanks, so that it may be typed. Throws OdError (eInvalidInput) for a value that is
+        not finite. */
     virtual OdString formatLinear(double value) const = 0;
     virtual OdString formatLinear(double value, LUnits units, int precision, int zeros) const = 0;
 
-    /** A length from a text in any of the forms, whichever the drawing uses. */
+    /** A length from a text in any of the forms, whichever the drawing uses: 12.5, 1.25E+1, 1'-0 1/2", 12 1/2. */
     virtual double unformatLinear(const OdString& text) const = 0;
 
-    /** An angle in radians in the form that the drawing says. Surveyor's angles are written as bearings; precision is
-       the number of decimal places, in degrees, minutes and seconds 0 to 8 for how much is written (0: degrees, 1 and
-       2: minutes, 3 and 4: seconds, more: their decimal places). */
+    /** An angle in radians, counter-clockwise from east, in the form that the drawing says (AUNITS, AUPREC, DIMAZIN).
+        One outside of a full turn is written as the one within that it equals. precision is the number of decimal
+        places; of degrees, minutes and seconds, which bearings are written in too, it says how much is written (0:
+        degrees, 1 and 2: minutes, 3 and 4: seconds, more: their decimal places). Throws as formatLinear. */
     virtual OdString formatAngle(double value) const = 0;
     virtual OdString formatAngle(double value, AUnits units, int precision, int zeros) const = 0;
 
     /** An angle in radians from a text in any of the forms; a plain number is in the form that the drawing says. */
     virtual double unformatAngle(const OdString& text) const = 0;
 
-    /** A colour by its name ("ByLayer", "ByBlock", "red" to "magenta" and "white"), else its number, else "R,G,B"; one
-        from a colour book as "book$colour". */
+    /** A colour by its name ("ByLayer", "ByBlock", "red" to "magenta" and "white"), else its number, else as "R,G,B".
+        Throws OdError (eInvalidInput) for a colour that is none. */
     virtual OdString formatCmColor(const OdCmColorBase& value) const = 0;
     /** Never null. */
     virtual OdCmColorBasePtr unformatCmColor(const OdString& text) const = 0;

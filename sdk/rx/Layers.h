@@ -11,6 +11,7 @@ enum Order
     kGeometry = 10,
     kDrawing = 20, ///< database objects derive from what can be drawn
     kDatabase = 30,
+    kUnits = 35,
     kEntities = 40,
     kFiles = 50,
     kCommands = 60

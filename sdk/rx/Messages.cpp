@@ -99,6 +99,9 @@ constexpr OdMessageEntry kMessages[] = {
     {eInvalidObjectId, L"The object id is not valid"},
     {eNullPtr, L"A null pointer was given"},
     {eUnknownCommand, L"Unknown command"},
+    // The ways to select, in the order of OdDbVisualSelection::Mode and then those without a shape. Capitals are what
+    // has to be typed.
+    {1020, L"POint Box Window Crossing Fence WPolygon CPolygon ALL Last Previous Handle Json"},
 };
 
 struct Table
