@@ -40,3 +40,12 @@ endif()
 find_package(RapidJSON REQUIRED)
 add_library(rapidjson INTERFACE)
 target_include_directories(rapidjson SYSTEM INTERFACE ${RAPIDJSON_INCLUDE_DIRS})
+
+# zol_library(<target> <pkg-config module>...): a library of the system.
+find_package(PkgConfig REQUIRED)
+function(zol_library target)
+    pkg_check_modules(${target} REQUIRED IMPORTED_TARGET ${ARGN})
+    add_library(${target} INTERFACE)
+    target_link_libraries(${target} INTERFACE PkgConfig::${target})
+endfunction()
+zol_library(font_libraries harfbuzz fribidi fontconfig)

@@ -8,6 +8,7 @@
 #include "entities/Fields.h"
 #include "entities/MTextLayout.h"
 #include "entities/MTextParser.h"
+#include "entities/TextStyles.h"
 
 using namespace entityfields;
 using entitytables::kMText;
@@ -35,11 +36,23 @@ std::wstring contentsOf(const OdDbMText& text)
     return std::wstring(odUtf8ToString(contents).view());
 }
 
+OdDbMText::AttachmentPoint attachmentOf(const Reader& fields)
+{
+    const int stored = fields.integer(71);
+    const bool known = stored >= OdDbMText::kTopLeft && stored <= OdDbMText::kBottomRight;
+    return known ? static_cast<OdDbMText::AttachmentPoint>(stored) : OdDbMText::kTopLeft;
+}
+
+constexpr mtext::Alignment kAlignments[] = {mtext::Alignment::kLeft, mtext::Alignment::kCenter,
+                                            mtext::Alignment::kRight};
+
 mtext::Layout layoutOf(const OdDbMText& text)
 {
     const Reader fields = read<kMText>(text);
     mtext::Style style;
+    style.text = textstyles::styleOf(fields.stub(7));
     style.height = fields.real(40);
+    style.alignment = kAlignments[(attachmentOf(fields) - 1) % 3];
     style.width = fields.real(41);
     style.spacingFactor = fields.real(44);
     style.exactSpacing = fields.integer(73) == OdDb::kExactly;
@@ -64,6 +77,31 @@ int columnOf(OdDbMText::AttachmentPoint attachment)
 int rowOf(OdDbMText::AttachmentPoint attachment)
 {
     return (attachment - 1) / 3;
+}
+
+/// The plane that a layout lies in.
+struct Sheet
+{
+    OdGePoint3d corner; ///< the layout's top left corner
+    OdGeVector3d along;
+    OdGeVector3d up;
+    OdGeVector3d normal;
+
+    OdGePoint3d at(double x, double y) const { return corner + along * x + up * y; }
+};
+
+Sheet sheetOf(const OdDbMText& text, const mtext::Layout& layout)
+{
+    const Reader fields = read<kMText>(text);
+    const ocs::Frame frame = ocs::frameOf(fields.normal());
+    Sheet sheet;
+    sheet.along = directionOf(fields, frame);
+    sheet.normal = frame.z;
+    sheet.up = frame.z.crossProduct(sheet.along);
+    const OdDbMText::AttachmentPoint attachment = attachmentOf(fields);
+    sheet.corner = fields.point(10) - sheet.along * (layout.frame * columnOf(attachment) * 0.5) +
+                   sheet.up * (layout.height * rowOf(attachment) * 0.5);
+    return sheet;
 }
 
 /// Modes in the order of columns and rows.
@@ -166,12 +204,15 @@ void OdDbMText::setHeight(double height)
 
 double OdDbMText::actualWidth() const
 {
-    return layoutOf(*this).width;
+    const OdGeExtents2d ink = mtext::inkOf(layoutOf(*this));
+    return ink.isValidExtents() ? ink.maxPoint().x - ink.minPoint().x : 0.0;
 }
 
 double OdDbMText::actualHeight() const
 {
-    return layoutOf(*this).height;
+    const mtext::Layout layout = layoutOf(*this);
+    const OdGeExtents2d ink = mtext::inkOf(layout);
+    return layout.height + (ink.isValidExtents() ? std::max(ink.maxPoint().y, 0.0) : 0.0);
 }
 
 double OdDbMText::textHeight() const
@@ -187,8 +228,7 @@ void OdDbMText::setTextHeight(double height)
 
 OdDbMText::AttachmentPoint OdDbMText::attachment() const
 {
-    const int stored = read<kMText>(*this).integer(71);
-    return stored >= kTopLeft && stored <= kBottomRight ? static_cast<AttachmentPoint>(stored) : kTopLeft;
+    return attachmentOf(read<kMText>(*this));
 }
 
 void OdDbMText::setAttachment(AttachmentPoint attachment)
@@ -268,22 +308,30 @@ bool OdDbMText::isPlanar() const
 
 bool OdDbMText::subWorldDraw(OdGiWorldDraw* worldDraw) const
 {
-    const Reader fields = read<kMText>(*this);
     const mtext::Layout layout = layoutOf(*this);
-    const ocs::Frame frame = ocs::frameOf(fields.normal());
-    const OdGeVector3d along = directionOf(fields, frame);
-    const OdGeVector3d up = frame.z.crossProduct(along);
-    const OdGePoint3d top = fields.point(10) + up * (layout.height * rowOf(attachment()) * 0.5);
-    const double align = columnOf(attachment()) * 0.5;
-    for (const mtext::LineOfRuns& line : layout.lines)
+    const Sheet sheet = sheetOf(*this, layout);
+    const OdCmEntityColor color = worldDraw->subEntityTraits().trueColor();
+    const auto setColor = [&](const mtext::Look& look)
     {
-        for (const mtext::Run& run : line.runs)
-        {
-            const OdGePoint3d start = top + along * (run.x - line.width * align) + up * run.y;
-            worldDraw->geometry().text(start, frame.z, along, run.height, run.widthFactor, run.oblique,
-                                       OdString(run.characters.c_str()));
-        }
+        OdCmEntityColor own = color;
+        if (look.color)
+            own.setColor(*look.color);
+        worldDraw->subEntityTraits().setTrueColor(own);
+    };
+    for (const mtext::Run& run : layout.runs)
+    {
+        const OdGiTextStyle style = mtext::styleOf(layout, run.look);
+        setColor(run.look);
+        worldDraw->geometry().text(sheet.at(run.x, run.y), sheet.normal, sheet.along, run.characters.c_str(),
+                                   static_cast<OdInt32>(run.characters.size()), true, &style);
     }
+    for (const mtext::Bar& bar : layout.bars)
+    {
+        const OdGePoint3d points[2] = {sheet.at(bar.start.x, bar.start.y), sheet.at(bar.end.x, bar.end.y)};
+        setColor(bar.look);
+        worldDraw->geometry().polyline(2, points);
+    }
+    worldDraw->subEntityTraits().setTrueColor(color);
     return true;
 }
 

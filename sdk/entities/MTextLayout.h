@@ -5,18 +5,21 @@
 #include <string_view>
 #include <vector>
 
+#include "Ge/GeExtents2d.h"
+#include "entities/MTextLook.h"
+
 namespace mtext
 {
 
 /// What the whole text is set in.
 struct Style
 {
+    OdGiTextStyle text; ///< font, width factor and slant; its size counts for nothing
     double height = 1.0;
     double width = 0.0; ///< where lines are broken, 0 for nowhere
     double spacingFactor = 1.0;
-    bool exactSpacing = false; ///< high characters do not move lines apart
-    double widthFactor = 1.0;
-    double oblique = 0.0; ///< radians
+    bool exactSpacing = false;              ///< high characters do not move lines apart
+    Alignment alignment = Alignment::kLeft; ///< of paragraphs that have none of their own
 };
 
 /// Characters of one look within a line. The place is the start of their base line, x from the left edge and y upward
@@ -26,28 +29,36 @@ struct Run
     std::wstring characters;
     double x = 0.0;
     double y = 0.0;
-    double height = 0.0;
-    double widthFactor = 1.0;
-    double oblique = 0.0;
     double width = 0.0; ///< of all its characters
+    Look look;
 };
 
-/// One line: its runs, and the part of the width that its visible characters take.
-struct LineOfRuns
+/// The line between the parts of a fraction.
+struct Bar
 {
-    std::vector<Run> runs;
-    double width = 0.0;
-    double height = 0.0; ///< of its highest characters
+    OdGePoint2d start;
+    OdGePoint2d end;
+    Look look;
 };
 
 struct Layout
 {
-    std::vector<LineOfRuns> lines;
+    std::vector<OdGiTextStyle> fonts; ///< of which looks name one
+    std::vector<Run> runs;
+    std::vector<Bar> bars;
+    std::size_t lines = 0;
+    double frame = 0.0;  ///< the width that lines are aligned in
     double width = 0.0;  ///< of the widest line
-    double height = 0.0; ///< from the top of the first line to the base line of the last
+    double height = 0.0; ///< from the top of the first line to the lowest point of the last
 };
 
 /// Lays out contents; takes time in proportion to their length.
 Layout layOut(std::wstring_view contents, const Style& style);
+
+/// The style to draw a run of the layout in.
+OdGiTextStyle styleOf(const Layout& layout, const Look& look);
+
+/// What is seen of a layout, from its left and top edge; invalid when there is nothing to see.
+OdGeExtents2d inkOf(const Layout& layout);
 
 } // namespace mtext

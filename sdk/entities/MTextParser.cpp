@@ -1,7 +1,7 @@
 // Implements the reader of multi-line text contents; the header draws the format.
 #include "entities/MTextParser.h"
 
-#include "entities/TextCodes.h"
+#include "gi/TextCodes.h"
 
 namespace mtext
 {
@@ -200,6 +200,7 @@ bool Parser::readText(Piece& piece, PieceKind kind)
     const std::size_t end = m_rest.find(L';');
     const std::size_t length = end == std::wstring_view::npos ? m_rest.size() : end;
     piece.text = m_rest.substr(2, length - 2);
+    piece.character = m_rest[1];
     return takeKind(piece, kind, length + (end == std::wstring_view::npos ? 0 : 1));
 }
 

@@ -45,7 +45,7 @@ enum class PieceKind : std::uint8_t
     kLineAlignment, // number 0, 1, 2
     kColorIndex,    // number
     kTrueColor,     // number 0xBBGGRR
-    kFont,          // text: name and options
+    kFont,          // text: name and options, character: f or F
     kParagraph,     // text: options
     kUnderline,     // number 1 on, 0 off, -1 the other way
     kOverline,

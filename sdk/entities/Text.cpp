@@ -5,8 +5,8 @@
 #include "Gi/GiWorldDraw.h"
 #include "entities/Drawing.h"
 #include "entities/Fields.h"
-#include "entities/TextCodes.h"
 #include "entities/TextLine.h"
+#include "entities/TextStyles.h"
 
 using namespace entityfields;
 using entitytables::kAttribute;
@@ -62,13 +62,14 @@ Line lineOf(const OdDbText& text, const OdString& shown)
     const Reader fields = read<kText>(text);
     const AlignmentPlace vertical = verticalAlignmentOf(text);
     Line line;
-    line.characters = textcodes::visibleText(shown.view());
+    line.characters = shown;
     line.position = fields.point(10);
     line.alignment = fields.point(11);
-    line.height = fields.real(40);
-    line.widthFactor = fields.real(41);
+    line.style = textstyles::styleOf(fields.stub(7));
+    line.style.setTextSize(fields.real(40));
+    line.style.setXScale(fields.real(41));
+    line.style.setObliquingAngle(fields.angle(51));
     line.rotation = fields.angle(50);
-    line.oblique = fields.angle(51);
     line.horizontal = static_cast<OdDb::TextHorzMode>(fields.integer(72));
     line.vertical =
         static_cast<OdDb::TextVertMode>(Reader(text, vertical.table, vertical.table.atom()).integer(vertical.code));

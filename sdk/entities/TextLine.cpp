@@ -3,7 +3,7 @@
 
 #include "Gi/GiWorldDraw.h"
 #include "entities/Drawing.h"
-#include "gi/TextMetrics.h"
+#include "gi/fonts/Shaper.h"
 
 namespace textline
 {
@@ -16,9 +16,13 @@ struct Placed
 {
     OdGePoint3d start;
     double rotation;
-    double height;
-    double widthFactor;
+    OdGiTextStyle style;
 };
+
+double widthOf(const Line& line)
+{
+    return fonts::shape(line.style, line.characters.view(), false).width;
+}
 
 /// How far the base line's start lies before the alignment point, in parts of the line's width.
 double horizontalPart(OdDb::TextHorzMode mode)
@@ -43,7 +47,7 @@ double verticalPart(const Line& line)
     switch (line.vertical)
     {
     case OdDb::kTextBottom:
-        return -textmetrics::kDescent;
+        return -fonts::Font::of(line.style).descent();
     case OdDb::kTextVertMid:
         return 0.5;
     case OdDb::kTextTop:
@@ -59,30 +63,30 @@ bool isBetweenTwoPoints(const Line& line)
 }
 
 /// The text fills the distance of its two points: by its height when aligned, by its width factor when fitted.
-Placed placeBetweenPoints(const Line& line, double naturalWidth)
+Placed placeBetweenPoints(const Line& line)
 {
     const double dx = line.alignment.x - line.position.x;
     const double dy = line.alignment.y - line.position.y;
-    const double distance = std::hypot(dx, dy);
-    Placed placed{line.position, line.rotation, line.height, line.widthFactor};
-    if (distance == 0.0 || naturalWidth == 0.0)
+    const double stretch = std::hypot(dx, dy) / widthOf(line);
+    Placed placed{line.position, line.rotation, line.style};
+    if (!(stretch > 0.0) || !std::isfinite(stretch))
         return placed;
     placed.rotation = std::atan2(dy, dx);
     if (line.horizontal == OdDb::kTextAlign)
-        placed.height = distance / (naturalWidth * line.widthFactor);
+        placed.style.setTextSize(line.style.textSize() * stretch);
     else
-        placed.widthFactor = distance / (naturalWidth * line.height);
+        placed.style.setXScale(line.style.xScale() * stretch);
     return placed;
 }
 
-Placed placeAtPoint(const Line& line, double naturalWidth)
+Placed placeAtPoint(const Line& line)
 {
-    Placed placed{line.position, line.rotation, line.height, line.widthFactor};
+    Placed placed{line.position, line.rotation, line.style};
     if (line.horizontal == OdDb::kTextLeft && line.vertical == OdDb::kTextBase)
         return placed;
-    const double width = naturalWidth * line.height * line.widthFactor;
-    const double left = (line.backward ? -1.0 : 1.0) * horizontalPart(line.horizontal) * width;
-    const double down = (line.upsideDown ? -1.0 : 1.0) * verticalPart(line) * line.height;
+    const double part = horizontalPart(line.horizontal);
+    const double left = part == 0.0 ? 0.0 : (line.backward ? -1.0 : 1.0) * part * widthOf(line);
+    const double down = (line.upsideDown ? -1.0 : 1.0) * verticalPart(line) * line.style.textSize();
     const double c = std::cos(line.rotation);
     const double s = std::sin(line.rotation);
     placed.start =
@@ -94,15 +98,13 @@ Placed placeAtPoint(const Line& line, double naturalWidth)
 
 void draw(OdGiWorldDraw& worldDraw, const Line& line)
 {
-    const double naturalWidth = textmetrics::measure(line.characters).width;
-    const Placed placed =
-        isBetweenTwoPoints(line) ? placeBetweenPoints(line, naturalWidth) : placeAtPoint(line, naturalWidth);
+    const Placed placed = isBetweenTwoPoints(line) ? placeBetweenPoints(line) : placeAtPoint(line);
     // Characters that run backward or stand upside down are seen from behind, turned once more where both hold.
     const OdGeVector3d direction = line.frame.direction(placed.rotation) * (line.backward ? -1.0 : 1.0);
     const OdGeVector3d normal = line.frame.z * (line.backward != line.upsideDown ? -1.0 : 1.0);
     drawing::setThickness(worldDraw, line.thickness);
-    worldDraw.geometry().text(line.frame.toWorld(placed.start), normal, direction, placed.height, placed.widthFactor,
-                              line.oblique, OdString(line.characters.c_str()));
+    worldDraw.geometry().text(line.frame.toWorld(placed.start), normal, direction, line.characters.c_str(),
+                              line.characters.getLength(), false, &placed.style);
 }
 
 } // namespace textline

@@ -2,9 +2,8 @@
 // direction and its size.
 #pragma once
 
-#include <string>
-
 #include "DbEnums.h"
+#include "Gi/GiTextStyle.h"
 #include "OdString.h"
 #include "entities/Ocs.h"
 
@@ -17,13 +16,11 @@ namespace textline
 /// Points are in the coordinates of the text's plane, angles in radians.
 struct Line
 {
-    std::wstring characters;
+    OdString characters; ///< with their %% codes
     OdGePoint3d position;
     OdGePoint3d alignment;
-    double height = 1.0;
-    double widthFactor = 1.0;
+    OdGiTextStyle style;
     double rotation = 0.0;
-    double oblique = 0.0;
     OdDb::TextHorzMode horizontal = OdDb::kTextLeft;
     OdDb::TextVertMode vertical = OdDb::kTextBase;
     bool backward = false;

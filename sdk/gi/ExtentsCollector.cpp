@@ -4,6 +4,9 @@
 #include <array>
 #include <cmath>
 
+#include "gi/TextPlane.h"
+#include "gi/fonts/Shaper.h"
+
 namespace gi
 {
 
@@ -42,6 +45,18 @@ std::array<double, 6> extremeParameters(const EllipticCurve& curve)
     const double y = std::atan2(curve.minor.y, curve.major.y);
     const double z = std::atan2(curve.minor.z, curve.major.z);
     return {x, x + kPi, y, y + kPi, z, z + kPi};
+}
+
+/// True when each of the two directions runs along one of the world's axes, so that a box in their plane is one there.
+bool runAlongAxes(const OdGeVector3d& first, const OdGeVector3d& second)
+{
+    constexpr double kSmall = 1e-12;
+    const auto isAlongAxis = [](const OdGeVector3d& v)
+    {
+        const double least = kSmall * v.length();
+        return (std::fabs(v.x) > least) + (std::fabs(v.y) > least) + (std::fabs(v.z) > least) <= 1;
+    };
+    return isAlongAxis(first) && isAlongAxis(second);
 }
 
 } // namespace
@@ -113,6 +128,38 @@ void ExtentsGeometry::polygon(OdInt32 numPoints, const OdGePoint3d* points)
 {
     for (OdInt32 i = 0; i < numPoints; ++i)
         addPoint(toWorld() * points[i]);
+}
+
+void ExtentsGeometry::text(const OdGePoint3d& position, const OdGeVector3d& normal, const OdGeVector3d& direction,
+                           const OdChar* message, OdInt32 length, bool raw, const OdGiTextStyle* textStyle)
+{
+    const OdGiTextStyle style = textStyle ? *textStyle : OdGiTextStyle();
+    const OdGiShapedText shaped = odgiShapeText(style, message, length, raw);
+    if (!shaped.ink.isValidExtents())
+        return;
+    const auto addBox = [this](const TextPlane& plane, const OdGeExtents2d& box)
+    {
+        for (const double x : {box.minPoint().x, box.maxPoint().x})
+        {
+            for (const double y : {box.minPoint().y, box.maxPoint().y})
+                addPoint(toWorld() * plane.at(x, y));
+        }
+    };
+    const TextPlane plane(position, normal, direction, shaped.fonts.front().slant);
+    if (runAlongAxes(toWorld() * plane.along(), toWorld() * plane.up()))
+        return addBox(plane, shaped.ink);
+    for (const OdGiTextBar& bar : shaped.bars)
+        addBox(plane, bar);
+    std::vector<std::shared_ptr<const fonts::Typeface>> typefaces;
+    for (const OdGiGlyphFont& font : shaped.fonts)
+        typefaces.push_back(fonts::typefaceOf(font));
+    const double height = style.textSize();
+    const double width = height * style.xScale();
+    for (const OdGiGlyph& glyph : shaped.glyphs)
+    {
+        for (const OdGePoint2d& corner : typefaces[glyph.font]->hullOf(glyph.index))
+            addPoint(toWorld() * plane.at(glyph.x + corner.x * width, glyph.y + corner.y * height));
+    }
 }
 
 } // namespace gi

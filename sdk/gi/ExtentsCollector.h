@@ -20,6 +20,9 @@ public:
                   double startAngle, double endAngle) override;
     void polyline(OdInt32 numPoints, const OdGePoint3d* points, const OdGeVector3d* normal) override;
     void polygon(OdInt32 numPoints, const OdGePoint3d* points) override;
+    using Geometry::text;
+    void text(const OdGePoint3d& position, const OdGeVector3d& normal, const OdGeVector3d& direction,
+              const OdChar* message, OdInt32 length, bool raw, const OdGiTextStyle* textStyle) override;
 
 private:
     void addPoint(const OdGePoint3d& world);

@@ -3,7 +3,9 @@
 
 #include <cmath>
 
-#include "gi/TextMetrics.h"
+#include "Gi/GiTextStyle.h"
+#include "gi/TextPlane.h"
+#include "gi/fonts/Shaper.h"
 
 namespace gi
 {
@@ -51,16 +53,27 @@ void Geometry::polygon(OdInt32 numPoints, const OdGePoint3d* points)
 }
 
 void Geometry::text(const OdGePoint3d& position, const OdGeVector3d& normal, const OdGeVector3d& direction,
+                    const OdChar* message, OdInt32 length, bool raw, const OdGiTextStyle* textStyle)
+{
+    const OdGiShapedText shaped = odgiShapeText(textStyle ? *textStyle : OdGiTextStyle(), message, length, raw);
+    if (!shaped.ink.isValidExtents())
+        return;
+    const TextPlane plane(position, normal, direction, shaped.fonts.front().slant);
+    const OdGePoint2d& low = shaped.ink.minPoint();
+    const OdGePoint2d& high = shaped.ink.maxPoint();
+    const OdGePoint3d corners[4] = {plane.at(low.x, low.y), plane.at(high.x, low.y), plane.at(high.x, high.y),
+                                    plane.at(low.x, high.y)};
+    polygon(4, corners);
+}
+
+void Geometry::text(const OdGePoint3d& position, const OdGeVector3d& normal, const OdGeVector3d& direction,
                     double height, double width, double oblique, const OdString& message)
 {
-    const textmetrics::Size size = textmetrics::measure({message.c_str(), static_cast<size_t>(message.getLength())});
-    if (size.width == 0.0)
-        return;
-    const OdGeVector3d along = direction * (size.width * height * width);
-    const OdGeVector3d up = normal.crossProduct(direction) * height + direction * (std::tan(oblique) * height);
-    const OdGePoint3d corners[4] = {position - up * size.descent, position + along - up * size.descent,
-                                    position + along + up, position + up};
-    polygon(4, corners);
+    OdGiTextStyle style;
+    style.setTextSize(height);
+    style.setXScale(width);
+    style.setObliquingAngle(oblique);
+    text(position, normal, direction, message.c_str(), message.getLength(), true, &style);
 }
 
 void Geometry::xline(const OdGePoint3d&, const OdGePoint3d&) {}

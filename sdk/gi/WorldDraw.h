@@ -28,6 +28,8 @@ public:
     void circularArc(const OdGePoint3d& center, double radius, const OdGeVector3d& normal,
                      const OdGeVector3d& startVector, double sweepAngle, OdGiArcType arcType) override;
     void polygon(OdInt32 numPoints, const OdGePoint3d* points) override;
+    void text(const OdGePoint3d& position, const OdGeVector3d& normal, const OdGeVector3d& direction,
+              const OdChar* message, OdInt32 length, bool raw, const OdGiTextStyle* textStyle) override;
     void text(const OdGePoint3d& position, const OdGeVector3d& normal, const OdGeVector3d& direction, double height,
               double width, double oblique, const OdString& message) override;
     void xline(const OdGePoint3d& first, const OdGePoint3d& second) override;

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "DbEntity.h"
+#include "Gi/GiShapedText.h"
 #include "Gi/GiWorldDraw.h"
 #include "StaticRxObject.h"
 
@@ -19,6 +20,13 @@ class TextCatcher : public OdGiGeometry
 {
 public:
     SeenText seen;
+
+    void text(const OdGePoint3d&, const OdGeVector3d&, const OdGeVector3d& direction, const OdChar* message,
+              OdInt32 length, bool raw, const OdGiTextStyle* style) override
+    {
+        seen.characters += OdString(odgiShapeText(style ? *style : OdGiTextStyle(), message, length, raw).text);
+        seen.direction = direction;
+    }
 
     void text(const OdGePoint3d&, const OdGeVector3d&, const OdGeVector3d& direction, double, double, double,
               const OdString& message) override

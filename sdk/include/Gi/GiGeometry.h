@@ -8,6 +8,7 @@
 #include "RxObject.h"
 
 class OdGiDrawable;
+class OdGiTextStyle;
 
 enum OdGiArcType
 {
@@ -48,8 +49,14 @@ public:
     // A closed area with straight edges.
     virtual void polygon(OdInt32 numPoints, const OdGePoint3d* points) = 0;
 
-    // A line of text. position is the start of its base line, direction where it runs, height that of capital letters,
-    // width the factor of character widths, oblique the slant in radians.
+    // A line of text. position is the start of its base line, direction the unit vector along it, normal the unit
+    // vector towards who reads it. With raw false, codes that begin with %% stand for characters, underline and
+    // overline. odgiShapeText tells what the line looks like. A null style is a new OdGiTextStyle.
+    virtual void text(const OdGePoint3d& position, const OdGeVector3d& normal, const OdGeVector3d& direction,
+                      const OdChar* message, OdInt32 length, bool raw, const OdGiTextStyle* textStyle) = 0;
+
+    // The same in the font of drawings: height is that of capital letters, width the factor of character widths,
+    // oblique the slant in radians.
     virtual void text(const OdGePoint3d& position, const OdGeVector3d& normal, const OdGeVector3d& direction,
                       double height, double width, double oblique, const OdString& message) = 0;
 

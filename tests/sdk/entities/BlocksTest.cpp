@@ -15,7 +15,6 @@
 #include "DbIdMapping.h"
 #include "DbLine.h"
 #include "EntityTest.h"
-#include "gi/TextMetrics.h"
 #include "gi/WorldDraw.h"
 
 namespace
@@ -238,7 +237,7 @@ TEST_F(DrawingTest, AttributesBelongToTheirReferenceInEverything)
     const OdDbObjectId attributeId = reference->appendAttribute(attribute);
     EXPECT_THROW(reference->appendAttribute(attribute), OdError);
     attribute.release();
-    const double width = textmetrics::measure(L"HHH").width * 2;
+    const double width = shapedText(L"HHH").ink.maxPoint().x * 2;
     expectBox(OdGeExtents3d(OdGePoint3d(), OdGePoint3d()), {0, 0, 0, 0, 0, 0}, 0, "");
     const Box before = boxOf(*reference);
     EXPECT_NEAR(before.x1, width, 1e-9);

@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <cstdlib>
+#include <cwchar>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -10,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include "DbEntity.h"
+#include "Gi/GiShapedText.h"
 #include "OdError.h"
 #include "RxInit.h"
 #include "db/DxfClassTable.h"
@@ -75,6 +77,12 @@ inline OdDbEntityPtr entityFrom(std::string_view dxfName, std::string_view text)
     OdDbEntityPtr entity = OdDbEntity::cast(odrxSafeCreateObject(className));
     oddb::ObjectCore::putGroups(*entity, groups);
     return entity;
+}
+
+/// A line of text of height 1 in the font of drawings.
+inline OdGiShapedText shapedText(const wchar_t* text)
+{
+    return odgiShapeText(OdGiTextStyle(), text, static_cast<OdInt32>(std::wcslen(text)), true);
 }
 
 struct Box

@@ -4,7 +4,6 @@
 #include <vector>
 
 #include "EntityTest.h"
-#include "gi/TextMetrics.h"
 
 namespace
 {
@@ -257,57 +256,84 @@ TEST_F(EntityTest, EllipticArcsInSpaceReachAsFarAsWalkingAlongThem)
     }
 }
 
-struct TextCase
-{
-    const char* what;
-    const char* groups;
-    double u0, v0, u1, v1; ///< in text heights and widths before the turn: part of the width, height
-    double turn;
-};
-
-/// Boxes of texts "HHH" of height 2 that stand at (10, 20), from the width that the measuring gives.
+/// Boxes of texts "HHH" of height 2 that stand at (10, 20), from what is seen of the line.
 TEST_F(EntityTest, TextsReachFromTheirAlignmentPointByTheirSize)
 {
-    const double w = textmetrics::measure(L"HHH").width * 2;
-    const double d = textmetrics::kDescent * 2;
+    const OdGiShapedText line = shapedText(L"HHH");
+    const double w = line.width * 2;
+    const double l = line.ink.minPoint().x * 2;
+    const double r = line.ink.maxPoint().x * 2;
+    const OdGiShapedText deep = shapedText(L"HgH");
+    const double d = -2 * shapedText(L"gpqy").ink.minPoint().y;
+    ASSERT_GT(l, 0.0);
+    ASSERT_LT(r, w);
+    ASSERT_NEAR(line.ink.minPoint().y, 0.0, 1e-9);
     const struct
     {
         const char* what;
         std::string groups;
         Box box;
+        double tolerance = 1e-6;
     } rows[] = {
-        {"left", "10 10|20 20|30 0|40 2|1 HHH", {10, 20, 0, 10 + w, 22, 0}},
+        {"left", "10 10|20 20|30 0|40 2|1 HHH", {10 + l, 20, 0, 10 + r, 22, 0}},
         {"with a descender",
          "10 10|20 20|30 0|40 2|1 HgH",
-         {10, 20 - d, 0, 10 + textmetrics::measure(L"HgH").width * 2, 22, 0}},
-        {"half as wide", "10 10|20 20|30 0|40 2|1 HHH|41 0.5", {10, 20, 0, 10 + w / 2, 22, 0}},
-        {"turned by 90 degrees", "10 10|20 20|30 0|40 2|1 HHH|50 90", {8, 20, 0, 10, 20 + w, 0}},
-        {"turned by 180 degrees", "10 10|20 20|30 0|40 2|1 HHH|50 180", {10 - w, 18, 0, 10, 20, 0}},
-        {"slanted by 45 degrees", "10 10|20 20|30 0|40 2|1 HHH|51 45", {10, 20, 0, 10 + w + 2, 22, 0}},
-        {"centred", "10 0|20 0|30 0|40 2|1 HHH|72 1|11 10|21 20|31 0", {10 - w / 2, 20, 0, 10 + w / 2, 22, 0}},
-        {"right", "10 0|20 0|30 0|40 2|1 HHH|72 2|11 10|21 20|31 0", {10 - w, 20, 0, 10, 22, 0}},
-        {"middle", "10 0|20 0|30 0|40 2|1 HHH|72 4|11 10|21 20|31 0", {10 - w / 2, 19, 0, 10 + w / 2, 21, 0}},
-        {"top right", "10 0|20 0|30 0|40 2|1 HHH|72 2|11 10|21 20|31 0|100 AcDbText|73 3", {10 - w, 18, 0, 10, 20, 0}},
+         {10 + l, 20 + deep.ink.minPoint().y * 2, 0, 10 + deep.ink.maxPoint().x * 2, 22, 0}},
+        {"half as wide", "10 10|20 20|30 0|40 2|1 HHH|41 0.5", {10 + l / 2, 20, 0, 10 + r / 2, 22, 0}},
+        {"turned by 90 degrees", "10 10|20 20|30 0|40 2|1 HHH|50 90", {8, 20 + l, 0, 10, 20 + r, 0}},
+        {"turned by 180 degrees", "10 10|20 20|30 0|40 2|1 HHH|50 180", {10 - r, 18, 0, 10 - l, 20, 0}},
+        {"slanted by 45 degrees, its corners being round",
+         "10 10|20 20|30 0|40 2|1 HHH|51 45",
+         {10 + l, 20, 0, 10 + r + 2, 22, 0},
+         0.06},
+        {"centred", "10 0|20 0|30 0|40 2|1 HHH|72 1|11 10|21 20|31 0", {10 - w / 2 + l, 20, 0, 10 - w / 2 + r, 22, 0}},
+        {"right", "10 0|20 0|30 0|40 2|1 HHH|72 2|11 10|21 20|31 0", {10 - w + l, 20, 0, 10 - w + r, 22, 0}},
+        {"middle", "10 0|20 0|30 0|40 2|1 HHH|72 4|11 10|21 20|31 0", {10 - w / 2 + l, 19, 0, 10 - w / 2 + r, 21, 0}},
+        {"top right",
+         "10 0|20 0|30 0|40 2|1 HHH|72 2|11 10|21 20|31 0|100 AcDbText|73 3",
+         {10 - w + l, 18, 0, 10 - w + r, 20, 0}},
         {"bottom left",
          "10 0|20 0|30 0|40 2|1 HHH|72 0|11 10|21 20|31 0|100 AcDbText|73 1",
-         {10, 20 + d, 0, 10 + w, 22 + d, 0}},
+         {10 + l, 20 + d, 0, 10 + r, 22 + d, 0}},
         {"aligned between points",
          "10 10|20 20|30 0|40 2|1 HHH|72 3|11 20|21 20|31 0",
-         {10, 20, 0, 20, 20 + 20 / w, 0}},
-        {"fitted between points", "10 10|20 20|30 0|40 2|1 HHH|72 5|11 20|21 20|31 0", {10, 20, 0, 20, 22, 0}},
-        {"backward", "10 10|20 20|30 0|40 2|1 HHH|71 2", {10 - w, 20, 0, 10, 22, 0}},
-        {"upside down", "10 10|20 20|30 0|40 2|1 HHH|71 4", {10, 18, 0, 10 + w, 20, 0}},
-        {"both", "10 10|20 20|30 0|40 2|1 HHH|71 6", {10 - w, 18, 0, 10, 20, 0}},
-        {"codes of characters and styles", "10 10|20 20|30 0|40 2|1 %%uHH%%u%%072", {10, 20, 0, 10 + w, 22, 0}},
-        {"seen from behind", "10 10|20 20|30 0|40 2|1 HHH|210 0|220 0|230 -1", {-10 - w, 20, 0, -10, 22, 0}},
-        {"with thickness", "39 5|10 10|20 20|30 1|40 2|1 HHH", {10, 20, 1, 10 + w, 22, 1}},
+         {10 + 10 * l / w, 20, 0, 10 + 10 * r / w, 20 + 20 / w, 0}},
+        {"fitted between points",
+         "10 10|20 20|30 0|40 2|1 HHH|72 5|11 20|21 20|31 0",
+         {10 + 10 * l / w, 20, 0, 10 + 10 * r / w, 22, 0}},
+        {"backward", "10 10|20 20|30 0|40 2|1 HHH|71 2", {10 - r, 20, 0, 10 - l, 22, 0}},
+        {"upside down", "10 10|20 20|30 0|40 2|1 HHH|71 4", {10 + l, 18, 0, 10 + r, 20, 0}},
+        {"both", "10 10|20 20|30 0|40 2|1 HHH|71 6", {10 - r, 18, 0, 10 - l, 20, 0}},
+        {"codes of characters", "10 10|20 20|30 0|40 2|1 HH%%072", {10 + l, 20, 0, 10 + r, 22, 0}},
+        {"seen from behind", "10 10|20 20|30 0|40 2|1 HHH|210 0|220 0|230 -1", {-10 - r, 20, 0, -10 - l, 22, 0}},
+        {"with thickness", "39 5|10 10|20 20|30 1|40 2|1 HHH", {10 + l, 20, 1, 10 + r, 22, 1}},
     };
     for (const auto& row : rows)
     {
         OdGeExtents3d extents;
         ASSERT_EQ(entityFrom("TEXT", "100 AcDbText|" + row.groups)->getGeomExtents(extents), eOk) << row.what;
-        expectBox(extents, row.box, 1e-9, row.what);
+        expectBox(extents, row.box, row.tolerance, row.what);
     }
+}
+
+TEST_F(EntityTest, UnderlinedAndOverlinedTextsReachToTheirLines)
+{
+    const Box plain = boxOf(*entityFrom("TEXT", "100 AcDbText|10 0|20 0|30 0|40 2|1 HHH"));
+    const Box lined = boxOf(*entityFrom("TEXT", "100 AcDbText|10 0|20 0|30 0|40 2|1 %%oHH%%uH%%o%%u"));
+    EXPECT_LT(lined.y0, plain.y0 - 0.2);
+    EXPECT_GT(lined.y1, plain.y1 + 0.2);
+    EXPECT_NEAR(lined.x1, shapedText(L"HHH").width * 2, 1e-9);
+}
+
+/// Glyphs are not boxes: the extents of a turned line follow their outlines.
+TEST_F(EntityTest, TurnedTextsReachAsFarAsTheirOutlines)
+{
+    // A letter o is as wide and as high in whatever direction it is seen, but for the little it is no circle.
+    const Box upright = boxOf(*entityFrom("TEXT", "100 AcDbText|10 0|20 0|30 0|40 2|1 O|7 STANDARD"));
+    const Box turned = boxOf(*entityFrom("TEXT", "100 AcDbText|10 0|20 0|30 0|40 2|1 O|50 45"));
+    const double diagonal = std::hypot(upright.x1 - upright.x0, upright.y1 - upright.y0);
+    EXPECT_LT(turned.x1 - turned.x0, 0.95 * diagonal);
+    EXPECT_GT(turned.x1 - turned.x0, std::min(upright.x1 - upright.x0, upright.y1 - upright.y0));
 }
 
 TEST_F(EntityTest, WhatDrawsNothingHasNoExtentsAndLeavesTheBoxAlone)

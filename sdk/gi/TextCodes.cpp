@@ -1,5 +1,5 @@
 // Implements the %%, \U+ and \M+ codes of single-line text.
-#include "entities/TextCodes.h"
+#include "gi/TextCodes.h"
 
 namespace textcodes
 {
@@ -111,21 +111,27 @@ Character readNumberedCharacter(std::wstring_view text)
     return {};
 }
 
+Visible readVisible(std::wstring_view text)
+{
+    const Code code = text.front() == L'%' ? readPercentCode(text) : Code();
+    if (code.kind != CodeKind::kNone)
+        return {code.kind, code.character, code.length};
+    const Character numbered = text.front() == L'\\' ? readNumberedCharacter(text) : Character();
+    if (numbered.length != 0)
+        return {CodeKind::kCharacter, numbered.value, numbered.length};
+    return {CodeKind::kCharacter, text.front(), 1};
+}
+
 std::wstring visibleText(std::wstring_view text)
 {
     std::wstring visible;
     visible.reserve(text.size());
     while (!text.empty())
     {
-        const Code code = text.front() == L'%' ? readPercentCode(text) : Code();
-        const Character numbered = text.front() == L'\\' ? readNumberedCharacter(text) : Character();
-        if (code.kind == CodeKind::kCharacter)
-            visible.push_back(code.character);
-        else if (numbered.length != 0)
-            visible.push_back(numbered.value);
-        else if (code.kind == CodeKind::kNone)
-            visible.push_back(text.front());
-        text.remove_prefix(code.length + numbered.length == 0 ? 1 : code.length + numbered.length);
+        const Visible next = readVisible(text);
+        if (next.kind == CodeKind::kCharacter)
+            visible.push_back(next.character);
+        text.remove_prefix(next.length);
     }
     return visible;
 }

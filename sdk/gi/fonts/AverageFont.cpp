@@ -1,10 +1,11 @@
-// Implements text measuring with a table of advance widths.
-#include "gi/TextMetrics.h"
+// Implements the measures of characters with a table of advance widths.
+#include "gi/fonts/AverageFont.h"
 
 #include <algorithm>
 #include <cstdint>
+#include <string_view>
 
-namespace textmetrics
+namespace fonts
 {
 
 namespace
@@ -47,7 +48,7 @@ bool isCombining(wchar_t c)
 
 } // namespace
 
-double advance(wchar_t character)
+double averageAdvance(wchar_t character)
 {
     constexpr wchar_t kTab = 9;
     if (character == kTab)
@@ -59,25 +60,15 @@ double advance(wchar_t character)
     return (isFullWidth(character) ? kFullWidth : kOtherWidth) / kCapitalHeight;
 }
 
-double descent(wchar_t character)
+double averageDescent(wchar_t character)
 {
     constexpr std::wstring_view kDeep = L"gjpqy()[]{}|@_";
     constexpr std::wstring_view kShallow = L",;$Q";
+    constexpr double kDescent = 0.29;
     constexpr double kShallowDescent = 0.15;
     if (kDeep.find(character) != std::wstring_view::npos)
         return kDescent;
     return kShallow.find(character) != std::wstring_view::npos ? kShallowDescent : 0.0;
 }
 
-Size measure(std::wstring_view characters)
-{
-    Size size;
-    for (const wchar_t character : characters)
-    {
-        size.width += advance(character);
-        size.descent = std::max(size.descent, descent(character));
-    }
-    return size;
-}
-
-} // namespace textmetrics
+} // namespace fonts

@@ -43,6 +43,17 @@ Code readPercentCode(std::wstring_view text);
 // The character that text begins with as \U+XXXX (a pair of surrogates is one character) or \M+nXXXX.
 Character readNumberedCharacter(std::wstring_view text);
 
+// What text begins with: one character that a reader sees, or a code that switches a line style.
+struct Visible
+{
+    CodeKind kind = CodeKind::kCharacter; // never kNone
+    wchar_t character = 0;
+    std::size_t length = 1;
+};
+
+// text must not be empty.
+Visible readVisible(std::wstring_view text);
+
 // The characters that a reader of a single-line text sees.
 std::wstring visibleText(std::wstring_view text);
 

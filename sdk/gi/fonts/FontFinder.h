@@ -1,0 +1,50 @@
+// Finds installed fonts.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "gi/fonts/FontNames.h"
+
+namespace fonts
+{
+
+/// A font as it is installed.
+struct FontFile
+{
+    std::string path;
+    std::string family;
+    int face = 0;
+    bool bold = false;
+    bool italic = false;
+
+    bool operator==(const FontFile& other) const { return path == other.path && face == other.face; }
+};
+
+/// Whether characters are in a font. Shares what the system keeps of the font.
+class Coverage
+{
+public:
+    /// Of a set of the system, which it keeps.
+    explicit Coverage(void* charset) : m_charset(charset) {}
+    bool has(wchar_t character) const;
+
+private:
+    void* m_charset;
+};
+
+/// A font that may serve for characters another one lacks.
+struct Substitute
+{
+    FontFile file;
+    Coverage coverage;
+};
+
+/// The installed outline font that comes next to the request: the file, the family, one of equal metrics, a plain one.
+/// Its path is empty when no font is installed.
+FontFile findFont(const FontRequest& request);
+
+/// The installed outline fonts in the order in which they come next to the request.
+std::vector<Substitute> findSubstitutes(const FontRequest& request);
+
+} // namespace fonts
