@@ -8,6 +8,7 @@ namespace CommandGroup
 inline constexpr const OdChar* kTransaction = L"Quend.Zol.Cad.Transaction";
 inline constexpr const OdChar* kExtendedData = L"Quend.Zol.Cad.ExtendedData";
 inline constexpr const OdChar* kLabel = L"Quend.Zol.Cad.BSystemLabel";
+inline constexpr const OdChar* kAnnotation = L"Quend.Zol.Cad.Annotation";
 inline constexpr const OdChar* kDrawingBorder = L"Quend.Zol.Cad.DrawingBorder";
 // Groups of the host.
 inline constexpr const OdChar* kSelectionSet = L"Quend.Zol.Cad.SelectionSet";

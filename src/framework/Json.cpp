@@ -4,8 +4,6 @@
 #include <cmath>
 
 #include <rapidjson/error/en.h>
-#include <rapidjson/stringbuffer.h>
-#include <rapidjson/writer.h>
 
 #include "OdError.h"
 #include "RxSystemServices.h"
@@ -49,9 +47,14 @@ JsonValue JsonOfText(const OdString& strText, JsonAllocator& allocator)
 
 OdString WriteJson(const JsonValue& value)
 {
-    rapidjson::GenericStringBuffer<JsonEncoding> buffer;
-    rapidjson::Writer<decltype(buffer), JsonEncoding, JsonEncoding> writer(buffer);
+    JsonBuffer buffer;
+    JsonWriter writer(buffer);
     value.Accept(writer);
+    return TextOfBuffer(buffer);
+}
+
+OdString TextOfBuffer(const JsonBuffer& buffer)
+{
     return OdString(buffer.GetString(), static_cast<int>(buffer.GetSize() / sizeof(wchar_t)));
 }
 
@@ -114,4 +117,11 @@ JsonValue WriteJsonPoint(const OdGePoint3d& point, JsonAllocator& allocator)
     value.AddMember(L"Y", CoordinateAsJson(point.y), allocator);
     value.AddMember(L"Z", CoordinateAsJson(point.z), allocator);
     return value;
+}
+
+void WriteJsonPoint(const OdGePoint3d& point, JsonWriter& writer)
+{
+    char memory[1024];
+    JsonAllocator allocator(memory, sizeof memory);
+    WriteJsonPoint(point, allocator).Accept(writer);
 }

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <rapidjson/document.h>
+#include <rapidjson/stringbuffer.h>
+#include <rapidjson/writer.h>
 
 #include "Ge/GePoint3d.h"
 #include "OdString.h"
@@ -10,6 +12,8 @@ using JsonEncoding = rapidjson::UTF16<wchar_t>;
 using JsonAllocator = rapidjson::MemoryPoolAllocator<>;
 using JsonValue = rapidjson::GenericValue<JsonEncoding, JsonAllocator>;
 using JsonDocument = rapidjson::GenericDocument<JsonEncoding, JsonAllocator>;
+using JsonBuffer = rapidjson::GenericStringBuffer<JsonEncoding>;
+using JsonWriter = rapidjson::Writer<JsonBuffer, JsonEncoding, JsonEncoding>;
 
 /** The text of a JSON string. A character that was written as an escaped pair of surrogates is the same as one that was
     written as itself. */
@@ -20,6 +24,9 @@ JsonValue JsonOfText(const OdString& strText, JsonAllocator& allocator);
 
 /** The value written as text, without blanks between its parts. */
 OdString WriteJson(const JsonValue& value);
+
+/** What has been written to the buffer. */
+OdString TextOfBuffer(const JsonBuffer& buffer);
 
 /** A CJsonText is a JSON text that came from outside, parsed. */
 class CJsonText
@@ -43,6 +50,7 @@ OdGePoint3d ReadJsonPoint(const JsonValue& value, const OdGePoint3d& defaultPoin
 
 /** A coordinate that is no finite number is written as null. */
 JsonValue WriteJsonPoint(const OdGePoint3d& point, JsonAllocator& allocator);
+void WriteJsonPoint(const OdGePoint3d& point, JsonWriter& writer);
 
 /** The member of an object, null when it is missing or is the JSON null. */
 const JsonValue* FindMember(const JsonValue& object, const OdChar* pszName);

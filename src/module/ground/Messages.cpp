@@ -16,6 +16,7 @@ constexpr OdMessageEntry kMessages[] = {
     {eMessageRunEnded, L"Command \"%ls\" is done."},
     {eMessageBorderGuid, L"GUID of the drawing border <%ls>:"},
     {eMessageChooseLabels, L"Handle of a label, or which labels %ls:"},
+    {eMessageAnnotationJson, L"Annotations as JSON:"},
     // Capitals are what has to be typed of a keyword; none of them may read like a hexadecimal handle.
     {eMessageLabelKeywords, L"aLl Selected Handle Guid Name"},
     {eMessageInvalidArgument, L"%ls cannot use the argument %ls: %ls."},
@@ -29,6 +30,18 @@ constexpr OdMessageEntry kMessages[] = {
     {eMessageBorderCorner, L"Corner of the drawing border:"},
     {eMessageBorderOpposite, L"Opposite corner:"},
     {eMessageBorderJson, L"Drawing border as JSON:"},
+    // What is wrong with an annotation; the last of them puts the others in a sentence.
+    {eMessageKeyMissing, L"\"%ls\" is missing"},
+    {eMessageKeyNoNumber, L"\"%ls\" is not a number"},
+    {eMessageKeyNoInteger, L"\"%ls\" is not an integer of 32 bits"},
+    {eMessageKeyNoBoolean, L"\"%ls\" is neither true nor false"},
+    {eMessageKeyNoString, L"\"%ls\" is not a string"},
+    {eMessageKeyNotPositive, L"\"%ls\" is not above 0"},
+    {eMessageKeyNegative, L"\"%ls\" is below 0"},
+    {eMessageKeyTooGreat, L"\"%ls\" is too great"},
+    {eMessageNoObject, L"it is no object"},
+    {eMessageNormalIsZero, L"\"Nx\", \"Ny\" and \"Nz\" are all 0"},
+    {eMessageAnnotationInvalid, L"Annotation [%ls] cannot be used: %ls."},
 };
 
 } // namespace

@@ -14,6 +14,7 @@ enum EMessage : unsigned int
     eMessageRunEnded = 942,           ///< name of the command
     eMessageBorderGuid = 959,         ///< the present GUID
     eMessageChooseLabels = 961,       ///< hint of the keywords
+    eMessageAnnotationJson = 963,     ///< none
     eMessageLabelKeywords = 1013,     ///< none: five keywords
     eMessageInvalidArgument = 20001,  ///< function, argument, text of the code
     eMessageInvalidValue = 20002,     ///< function, value, text of the code
@@ -25,7 +26,18 @@ enum EMessage : unsigned int
     eMessageLabelName = 20015,        ///< none
     eMessageBorderCorner = 20016,     ///< none
     eMessageBorderOpposite = 20017,   ///< none
-    eMessageBorderJson = 20018        ///< none
+    eMessageBorderJson = 20018,       ///< none
+    eMessageKeyMissing = 20022,       ///< key
+    eMessageKeyNoNumber = 20023,      ///< key
+    eMessageKeyNoInteger = 20024,     ///< key
+    eMessageKeyNoBoolean = 20025,     ///< key
+    eMessageKeyNoString = 20026,      ///< key
+    eMessageKeyNotPositive = 20027,   ///< key
+    eMessageKeyNegative = 20028,      ///< key
+    eMessageKeyTooGreat = 20029,      ///< key
+    eMessageNoObject = 20030,         ///< none
+    eMessageNormalIsZero = 20031,     ///< none
+    eMessageAnnotationInvalid = 20032 ///< index, reason
 };
 
 /** Makes the texts known to the system services, and withdraws them. */

@@ -6,6 +6,7 @@
 #include "ModuleServices.h"
 #include "RxModule.h"
 #include "StaticRxObject.h"
+#include "annotations/AnnotationCommands.h"
 #include "framework/CommandReactor.h"
 #include "framework/RegisteredApplication.h"
 #include "framework/TransactionCommands.h"
@@ -38,6 +39,9 @@ protected:
 private:
     // The commands in the order in which they are registered.
     using Commands = std::tuple<                                   //
+        OdStaticRxObject<CCommandCreateAnnotation>,                //
+        OdStaticRxObject<CCommandModifyAnnotation>,                //
+        OdStaticRxObject<CCommandDeleteAnnotation>,                //
         OdStaticRxObject<CCommandBSystemLabelCreate>,              //
         OdStaticRxObject<CCommandBSystemLabelCreateFromSelection>, //
         OdStaticRxObject<CCommandBSystemLabelGetAllIds>,           //

@@ -1,0 +1,119 @@
+// A block definition of a stamp holds, from back to front, each at most once:
+//
+//   HATCH        the background: solid, within the outline
+//   INSERT       the image: a reference to a block definition that holds the IMAGE
+//   LWPOLYLINE   the border: the outline
+//   MTEXT        the text
+#include "annotations/AnnotationContent.h"
+
+#include "DbBlockTableRecord.h"
+#include "DbHatch.h"
+#include "DbPolyline.h"
+#include "annotations/AnnotationOutline.h"
+
+namespace Annotation
+{
+
+namespace
+{
+
+constexpr OdInt32 kLoopType = OdDbHatch::kExternal | OdDbHatch::kPolyline;
+
+// ---- The entities of a definition
+// ------------------------------------------------------------------------------------
+
+/// The entities that a definition has; null for those that are missing.
+struct Content
+{
+    OdDbHatchPtr pBackground;
+    OdDbPolylinePtr pBorder;
+    OdDbMTextPtr pText;
+};
+
+template<class Entity>
+void TakeFirst(OdSmartPtr<Entity>& pFirst, const OdDbObjectPtr& pObject)
+{
+    if (!pFirst)
+        pFirst = Entity::cast(pObject);
+}
+
+Content FindContent(const OdDbBlockTableRecord& definition)
+{
+    Content content;
+    for (OdDbObjectIteratorPtr pEntities = definition.newIterator(); !pEntities->done(); pEntities->step())
+    {
+        const OdDbObjectPtr pEntity = pEntities->entity(OdDb::kForWrite);
+        TakeFirst(content.pBackground, pEntity);
+        TakeFirst(content.pBorder, pEntity);
+        TakeFirst(content.pText, pEntity);
+    }
+    return content;
+}
+
+/// Makes the entity when it is missing.
+template<class Entity>
+Entity& Require(OdSmartPtr<Entity>& pEntity, OdDbBlockTableRecord& definition)
+{
+    if (!pEntity)
+    {
+        pEntity = Entity::createObject();
+        definition.appendOdDbEntity(pEntity);
+    }
+    pEntity->setLayer(definition.database()->getLayerZeroId());
+    return *pEntity;
+}
+
+// ---- Filling them
+// ----------------------------------------------------------------------------------------------------
+
+void FillBackground(const AnnotationProperties& properties, const Outline& outline, OdDbHatch& hatch)
+{
+    while (hatch.numLoops() > 0)
+        hatch.removeLoopAt(hatch.numLoops() - 1);
+    hatch.appendLoop(kLoopType, outline.points, outline.bulges);
+    hatch.setPattern(OdDbHatch::kPreDefined, L"SOLID");
+    hatch.setHatchStyle(OdDbHatch::kOuter);
+    hatch.setAssociative(false);
+    hatch.setColor(properties.backgroundColor, true);
+    hatch.setTransparency(properties.backgroundTransparency, true);
+}
+
+void FillBorder(const AnnotationProperties& properties, const Outline& outline, OdDbPolyline& border)
+{
+    border.reset();
+    for (unsigned i = 0; i < outline.points.size(); ++i)
+        border.addVertexAt(i, outline.points[i], outline.bulges[i], -1.0, -1.0);
+    border.setClosed(true);
+    border.setColor(properties.borderColor, true);
+    border.setTransparency(properties.borderTransparency, true);
+    border.setConstantWidth(properties.borderThickness);
+}
+
+void PlaceReference(const AnnotationProperties& properties, OdDbBlockReference& reference, CAnnotationDrawing& drawing)
+{
+    reference.setLayer(drawing.Layer());
+    reference.setNormal(properties.normal);
+    reference.setPosition(properties.position);
+    reference.setScaleFactors(OdGeScale3d(1.0, 1.0, 1.0));
+    reference.setRotation(properties.angle / 180.0 * OdaPI);
+}
+
+} // namespace
+
+// What is missing is made from back to front; the text is filled first, for the box may take its size.
+void BuildAnnotationContent(AnnotationProperties& properties, OdDbBlockReference& reference,
+                            CAnnotationDrawing& drawing)
+{
+    PlaceReference(properties, reference, drawing);
+    const OdDbBlockTableRecordPtr pDefinition = reference.blockTableRecord().safeOpenObject(OdDb::kForWrite);
+    Content content = FindContent(*pDefinition);
+    OdDbHatch& background = Require(content.pBackground, *pDefinition);
+    OdDbPolyline& border = Require(content.pBorder, *pDefinition);
+    OdDbMText& text = Require(content.pText, *pDefinition);
+    FillText(properties, text, drawing.TextStyle(), drawing.TextMeasure());
+    const Outline outline = MakeOutline(properties);
+    FillBackground(properties, outline, background);
+    FillBorder(properties, outline, border);
+}
+
+} // namespace Annotation

@@ -1,0 +1,41 @@
+// What all stamps of a drawing share: their layer, their text style, the names of their block definitions.
+#pragma once
+
+#include "DbBlockTable.h"
+#include "DbDatabase.h"
+#include "annotations/AnnotationText.h"
+
+namespace Annotation
+{
+
+/** A CAnnotationDrawing is a drawing as one request sees it. It makes what stamps need when it is asked for it first.
+    It is used within one transaction. */
+class CAnnotationDrawing
+{
+public:
+    explicit CAnnotationDrawing(OdDbDatabase& db) : m_db(db) {}
+    CAnnotationDrawing(const CAnnotationDrawing&) = delete;
+    CAnnotationDrawing& operator=(const CAnnotationDrawing&) = delete;
+
+    OdDbDatabase& Database() { return m_db; }
+    CTextMeasure& TextMeasure() { return m_measure; }
+
+    /** The layer of all stamps and the text style of their texts, created when they are missing. */
+    OdDbObjectId Layer();
+    OdDbObjectId TextStyle();
+
+    /** A new block definition with the first free of the names "Name", "Name_2", "Name_3" and so on, where all names
+        before a free one are taken. Returns its id. */
+    OdDbObjectId AddDefinition(const OdChar* pszName);
+
+private:
+    OdString FreeName(const OdDbBlockTable& blocks, const OdChar* pszName);
+
+    OdDbDatabase& m_db;
+    CTextMeasure m_measure;
+    OdDbObjectId m_idLayer;
+    OdDbObjectId m_idTextStyle;
+    std::map<std::wstring, int> m_lastNumbers; // of the names given so far
+};
+
+} // namespace Annotation

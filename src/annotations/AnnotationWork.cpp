@@ -1,0 +1,166 @@
+// Each record is worked on in a transaction of its own, so that one that fails leaves nothing behind.
+#include "annotations/AnnotationWork.h"
+
+#include "DbBlockTableRecord.h"
+#include "DbLayout.h"
+#include "EditorRefresher.h"
+#include "ModuleServices.h"
+#include "annotations/AnnotationChecks.h"
+#include "annotations/AnnotationContent.h"
+#include "annotations/AnnotationJson.h"
+#include "framework/TransactionScope.h"
+
+using Annotation::AnnotationProperties;
+using Annotation::CAnnotationDrawing;
+
+namespace
+{
+
+constexpr const OdChar* kDefinitionName = L"Annotation";
+constexpr const OdChar* kEditorKey = L"EDITOROBJECT";
+
+// ---- What is answered
+// ------------------------------------------------------------------------------------------------
+
+/// The array of results as it is written.
+class CResults
+{
+public:
+    CResults() : m_writer(m_buffer) { m_writer.StartArray(); }
+
+    void Add(const AnnotationProperties& record, const OdDbObjectId& idReference)
+    {
+        Annotation::WriteAnnotationResult(record, idReference, m_writer);
+    }
+    OdResBufPtr Chain()
+    {
+        m_writer.EndArray();
+        return CadCommands::SetParameterOdString(L"JSON", TextOfBuffer(m_buffer));
+    }
+
+private:
+    JsonBuffer m_buffer;
+    JsonWriter m_writer;
+};
+
+// ---- Where stamps are
+// ------------------------------------------------------------------------------------------------
+
+/// The space of the current layout, open for write.
+OdDbBlockTableRecordPtr OpenSpace(OdDbDatabase& db)
+{
+    const OdDbLayoutPtr pLayout = db.currentLayoutId().safeOpenObject(OdDb::kForWrite);
+    return pLayout->getBlockTableRecordId().safeOpenObject(OdDb::kForWrite);
+}
+
+/// The reference that a record names, open for write.
+OdDbBlockReferencePtr OpenReference(OdDbDatabase& db, const AnnotationProperties& record)
+{
+    return db.getOdDbObjectId(OdDbHandle(record.handle)).safeOpenObject(OdDb::kForWrite);
+}
+
+template<class Work>
+void ForEachInTransaction(OdDbDatabase& db, AnnotationRecords& records, Work work)
+{
+    for (AnnotationProperties& record : records)
+    {
+        CTransactionScope transaction(db);
+        work(record);
+        transaction.End();
+    }
+}
+
+OdDbBlockReferencePtr AddReference(CAnnotationDrawing& drawing, OdDbBlockTableRecord& space)
+{
+    const OdDbBlockReferencePtr pReference = OdDbBlockReference::createObject();
+    pReference->setBlockTableRecord(drawing.AddDefinition(kDefinitionName));
+    space.appendOdDbEntity(pReference);
+    return pReference;
+}
+
+// ---- The editor
+// ------------------------------------------------------------------------------------------------------
+
+/// Tells the editor of a drawing, if it has one that wants to know.
+class CEditor
+{
+public:
+    explicit CEditor(const OdDbDatabase& db)
+    {
+        if (CModuleServices* pServices = CModuleServices::Find())
+            m_pObject = pServices->arbitraryData(&db, kEditorKey);
+    }
+    void Refresh(const OdDbObjectId& idReference)
+    {
+        if (auto* pRefresher = dynamic_cast<CEditorRefresher*>(m_pObject.get()))
+            pRefresher->Refresh(idReference);
+    }
+
+private:
+    OdRxObjectPtr m_pObject;
+};
+
+/// True when nothing draws the definition any more.
+bool IsUnused(const OdDbBlockTableRecord& definition)
+{
+    OdDbObjectIdArray ids;
+    definition.getBlockReferenceIds(ids);
+    return ids.isEmpty();
+}
+
+void EraseWithDefinition(OdDbBlockReference& reference)
+{
+    const OdDbBlockTableRecordPtr pDefinition = reference.blockTableRecord().safeOpenObject(OdDb::kForWrite);
+    reference.erase(true);
+    reference.downgradeOpen();
+    if (IsUnused(*pDefinition))
+        pDefinition->erase(true);
+    pDefinition->downgradeOpen();
+}
+
+} // namespace
+
+void CreateAnnotations(CCommandCall& call, AnnotationRecords& records)
+{
+    Annotation::RequireDrawable(records);
+    CAnnotationDrawing drawing(*call.Database());
+    const OdDbBlockTableRecordPtr pSpace = OpenSpace(*call.Database());
+    CResults results;
+    ForEachInTransaction(*call.Database(), records,
+                         [&](AnnotationProperties& record)
+                         {
+                             const OdDbBlockReferencePtr pReference = AddReference(drawing, *pSpace);
+                             Annotation::BuildAnnotationContent(record, *pReference, drawing);
+                             results.Add(record, pReference->objectId());
+                         });
+    call.m_pResult = results.Chain();
+}
+
+void ModifyAnnotations(CCommandCall& call, AnnotationRecords& records)
+{
+    Annotation::RequireDrawable(records);
+    CAnnotationDrawing drawing(*call.Database());
+    const OdDbBlockTableRecordPtr pSpace = OpenSpace(*call.Database());
+    CEditor editor(*call.Database());
+    CResults results;
+    ForEachInTransaction(*call.Database(), records,
+                         [&](AnnotationProperties& record)
+                         {
+                             const OdDbBlockReferencePtr pReference = OpenReference(*call.Database(), record);
+                             Annotation::BuildAnnotationContent(record, *pReference, drawing);
+                             editor.Refresh(pReference->objectId());
+                             results.Add(record, pReference->objectId());
+                         });
+    call.m_pResult = results.Chain();
+}
+
+void DeleteAnnotations(CCommandCall& call, AnnotationRecords& records)
+{
+    const OdDbBlockTableRecordPtr pSpace = OpenSpace(*call.Database());
+    ForEachInTransaction(*call.Database(), records,
+                         [&](AnnotationProperties& record)
+                         {
+                             if (!record.handle.isEmpty())
+                                 EraseWithDefinition(*OpenReference(*call.Database(), record));
+                         });
+}
