@@ -154,9 +154,9 @@ void ExtentsGeometry::text(const OdGePoint3d& position, const OdGeVector3d& norm
     for (const OdGiGlyphFont& font : shaped.fonts)
         typefaces.push_back(fonts::typefaceOf(font));
     const double height = style.textSize();
-    const double width = height * style.xScale();
     for (const OdGiGlyph& glyph : shaped.glyphs)
     {
+        const double width = height * shaped.fonts[glyph.font].widthPart;
         for (const OdGePoint2d& corner : typefaces[glyph.font]->hullOf(glyph.index))
             addPoint(toWorld() * plane.at(glyph.x + corner.x * width, glyph.y + corner.y * height));
     }

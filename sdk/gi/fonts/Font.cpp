@@ -38,7 +38,11 @@ std::shared_ptr<const Typeface> typefaceOf(const OdGiGlyphFont& font)
     return typefaceOf(FontFile{font.path, {}, font.face});
 }
 
-Font::Font(FontRequest request) : m_request(std::move(request)), m_typeface(typefaceOf(findFont(m_request))) {}
+Font::Font(FontRequest request)
+    : m_request(std::move(request)), m_typeface(typefaceOf(findFont(m_request))),
+      m_widthPart(widthPartFor(m_request.family, m_typeface->file().family, 1.0 / m_typeface->emSize()))
+{
+}
 
 Font::Font(std::unique_ptr<Typeface> typeface)
     : m_typeface(std::move(typeface)), m_substitutes(std::vector<Substitute>())
@@ -62,7 +66,7 @@ const Font& Font::of(const OdGiTextStyle& style)
 
 FoundGlyph Font::found(const Typeface& typeface, OdUInt32 glyph) const
 {
-    return {&typeface, glyph, &typeface.measuresOf(glyph)};
+    return {&typeface, glyph, &typeface.measuresOf(glyph), &typeface == m_typeface.get() ? m_widthPart : 1.0};
 }
 
 FoundGlyph Font::find(wchar_t character) const

@@ -25,6 +25,9 @@ struct FoundGlyph
     const Typeface* typeface = nullptr;
     OdUInt32 glyph = 0;
     const GlyphMeasures* measures = nullptr;
+    double widthPart = 1.0; ///< what widths are multiplied by
+
+    double advance() const { return measures->advance * widthPart; }
 };
 
 /// Lives as long as the program. For one thread.
@@ -43,6 +46,8 @@ public:
     bool needsSlant() const { return m_request.italic && !m_typeface->file().italic; }
 
     FoundGlyph find(wchar_t character) const;
+    /// A glyph of a file that find has given.
+    FoundGlyph found(const Typeface& typeface, OdUInt32 glyph) const;
 
     /// How far letters such as g, p and y reach below the base line, in text heights.
     double descent() const;
@@ -50,10 +55,10 @@ public:
 private:
     FoundGlyph search(wchar_t character) const;
     FoundGlyph searchSubstitutes(wchar_t character) const;
-    FoundGlyph found(const Typeface& typeface, OdUInt32 glyph) const;
 
     FontRequest m_request;
     std::shared_ptr<const Typeface> m_typeface;
+    double m_widthPart = 1.0;
     mutable std::array<FoundGlyph, 0x180> m_common; ///< of the first characters, empty where not yet asked for
     mutable std::unordered_map<wchar_t, FoundGlyph> m_others;
     mutable std::optional<std::vector<Substitute>> m_substitutes;

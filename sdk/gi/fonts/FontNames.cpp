@@ -75,6 +75,22 @@ constexpr std::string_view kTechnicalTypefaces[] = {"isocp",  "isocp2",  "isocp3
                                                     "isoct2", "isoct3",  "isocteur", "romans",   "simplex",
                                                     "txt",    "technic", "romand",   "iso3098",  "din1451"};
 
+// The height of capitals in parts of the em square, of fonts that others of the same advance widths stand for.
+struct EqualWidths
+{
+    std::string_view family;
+    std::string_view substitute;
+    double capHeight;
+};
+
+constexpr EqualWidths kEqualWidths[] = {
+    {"arial", "Liberation Sans", 1466.0 / 2048.0},
+    {"helvetica", "Liberation Sans", 1466.0 / 2048.0},
+    {"arial narrow", "Liberation Sans Narrow", 1466.0 / 2048.0},
+    {"times new roman", "Liberation Serif", 1356.0 / 2048.0},
+    {"courier new", "Liberation Mono", 1170.0 / 2048.0},
+};
+
 std::string lowered(std::string_view text)
 {
     std::string lower(text);
@@ -147,6 +163,17 @@ FontRequest outlineFont(std::string_view name, std::string_view file, bool bold,
 }
 
 } // namespace
+
+double widthPartFor(std::string_view meantFamily, std::string_view family, double capHeightOfEm)
+{
+    const std::string meant = lowered(meantFamily);
+    for (const EqualWidths& row : kEqualWidths)
+    {
+        if (row.family == meant && row.substitute == family)
+            return capHeightOfEm / row.capHeight;
+    }
+    return 1.0;
+}
 
 FontRequest requestFor(std::string_view fileName, std::string_view typeface, bool bold, bool italic)
 {

@@ -136,16 +136,17 @@ double slantOf(const OdGiTextStyle& style, const Font& font)
     return (std::isfinite(angle) ? std::tan(angle) : 0.0) + (font.needsSlant() ? kItalicSlant : 0.0);
 }
 
-OdUInt32 fontIndex(OdGiShapedText& shaped, std::vector<const Typeface*>& typefaces, const Typeface* typeface,
+OdUInt32 fontIndex(OdGiShapedText& shaped, std::vector<const Typeface*>& typefaces, const FoundGlyph& found,
                    const OdGiTextStyle& style, double slant)
 {
+    const Typeface* typeface = found.typeface;
     const auto known = std::find(typefaces.begin(), typefaces.end(), typeface);
     if (known != typefaces.end())
         return static_cast<OdUInt32>(known - typefaces.begin());
     typefaces.push_back(typeface);
     const FontFile& file = typeface->file();
     shaped.fonts.push_back({file.path, file.family, file.face, file.bold, file.italic,
-                            typeface->emSize() * style.textSize(), style.xScale(), slant});
+                            typeface->emSize() * style.textSize(), style.xScale() * found.widthPart, slant});
     return static_cast<OdUInt32>(typefaces.size() - 1);
 }
 
@@ -166,8 +167,9 @@ void addInk(OdGiShapedText& shaped, const PlacedGlyph& glyph, double size, doubl
     const OdGeExtents2d& ink = glyph.found.measures->ink;
     if (!ink.isValidExtents())
         return;
-    shaped.ink.addPoint({(glyph.x + ink.minPoint().x) * widthScale, (glyph.y + ink.minPoint().y) * size});
-    shaped.ink.addPoint({(glyph.x + ink.maxPoint().x) * widthScale, (glyph.y + ink.maxPoint().y) * size});
+    const double part = glyph.found.widthPart;
+    shaped.ink.addPoint({(glyph.x + ink.minPoint().x * part) * widthScale, (glyph.y + ink.minPoint().y) * size});
+    shaped.ink.addPoint({(glyph.x + ink.maxPoint().x * part) * widthScale, (glyph.y + ink.maxPoint().y) * size});
 }
 
 } // namespace
@@ -190,7 +192,7 @@ OdGiShapedText shape(const OdGiTextStyle& style, std::wstring_view message, bool
     shaped.glyphs.reserve(placed.size());
     for (const PlacedGlyph& glyph : placed)
     {
-        const OdUInt32 index = fontIndex(shaped, typefaces, glyph.found.typeface, style, slant);
+        const OdUInt32 index = fontIndex(shaped, typefaces, glyph.found, style, slant);
         shaped.glyphs.push_back({index, glyph.found.glyph, glyph.character, glyph.x * widthScale, glyph.y * size});
         addInk(shaped, glyph, size, widthScale);
         bars.add(glyph, decoded.barsAt(glyph.character));

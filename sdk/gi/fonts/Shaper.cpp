@@ -51,7 +51,7 @@ void placeSimple(const Font& font, std::wstring_view text, double tracking, std:
         if (isControl(text[i]) && !tab)
             continue;
         const FoundGlyph found = font.find(tab ? L' ' : text[i]);
-        const double advance = found.measures->advance * (tab ? kTabSpaces : 1) * tracking;
+        const double advance = found.advance() * (tab ? kTabSpaces : 1) * tracking;
         placed.push_back({found, static_cast<OdUInt32>(i), x, 0.0, advance});
         x += advance;
     }
@@ -153,8 +153,8 @@ void shapePiece(const Piece& piece, std::wstring_view text, hb_buffer_t* buffer)
     hb_shape(piece.typeface->shapingFont(), buffer, kFeatures, std::size(kFeatures));
 }
 
-double placePiece(const Piece& piece, std::wstring_view text, double x, double tracking, hb_buffer_t* buffer,
-                  std::vector<PlacedGlyph>& placed)
+double placePiece(const Font& font, const Piece& piece, std::wstring_view text, double x, double tracking,
+                  hb_buffer_t* buffer, std::vector<PlacedGlyph>& placed)
 {
     shapePiece(piece, text, buffer);
     const double scale = 1.0 / piece.typeface->unitsPerHeight();
@@ -163,10 +163,11 @@ double placePiece(const Piece& piece, std::wstring_view text, double x, double t
     const hb_glyph_position_t* places = hb_buffer_get_glyph_positions(buffer, &count);
     for (unsigned int i = 0; i < count; ++i)
     {
-        const FoundGlyph found{piece.typeface, glyphs[i].codepoint, &piece.typeface->measuresOf(glyphs[i].codepoint)};
-        const double advance = places[i].x_advance * scale * tracking;
+        const FoundGlyph found = font.found(*piece.typeface, glyphs[i].codepoint);
+        const double across = scale * found.widthPart;
+        const double advance = places[i].x_advance * across * tracking;
         placed.push_back(
-            {found, glyphs[i].cluster, x + places[i].x_offset * scale, places[i].y_offset * scale, advance});
+            {found, glyphs[i].cluster, x + places[i].x_offset * across, places[i].y_offset * scale, advance});
         x += advance;
     }
     return x;
@@ -179,7 +180,7 @@ void placeJoining(const Font& font, std::wstring_view text, double tracking, std
     orderAsSeen(pieces);
     double x = 0.0;
     for (const Piece& piece : pieces)
-        x = placePiece(piece, text, x, tracking, buffer.get(), placed);
+        x = placePiece(font, piece, text, x, tracking, buffer.get(), placed);
 }
 
 } // namespace
