@@ -25,6 +25,11 @@ OdDbViewTable::OdDbViewTable() : OdDbSymbolTable(SymbolTable::View) {}
 OdDbViewportTable::OdDbViewportTable() : OdDbSymbolTable(SymbolTable::Viewport) {}
 OdDbBlockTable::OdDbBlockTable() : OdDbSymbolTable(SymbolTable::Block) {}
 
+OdDbObjectId OdDbViewportTable::getActiveViewportId() const
+{
+    return getAt(L"*Active");
+}
+
 OdDbObjectId OdDbBlockTable::getModelSpaceId() const
 {
     assertReadEnabled();

@@ -1,6 +1,12 @@
 // Windows on sheets of paper.
 #include "DbViewport.h"
+
+#include <cmath>
+
+#include "DbBlockTableRecord.h"
+#include "DbLayout.h"
 #include "Gi/GiWorldDraw.h"
+#include "OdError.h"
 #include "entities/Fields.h"
 
 using namespace entityfields;
@@ -10,6 +16,12 @@ namespace
 {
 
 constexpr int kSheet = 1; // the number of the viewport that is the sheet itself
+
+void requireFinite(double value)
+{
+    if (!std::isfinite(value))
+        throw OdError(eInvalidInput);
+}
 
 } // namespace
 
@@ -61,9 +73,21 @@ OdGePoint2d OdDbViewport::viewCenter() const
     return OdGePoint2d(center.x, center.y);
 }
 
+void OdDbViewport::setViewCenter(const OdGePoint2d& center)
+{
+    requireFinite(center.x + center.y);
+    setPoint(*this, kViewport, 12, OdGePoint3d(center.x, center.y, 0.0));
+}
+
 OdGePoint3d OdDbViewport::viewTarget() const
 {
     return read<kViewport>(*this).point(17);
+}
+
+void OdDbViewport::setViewTarget(const OdGePoint3d& target)
+{
+    requireFinite(target.x + target.y + target.z);
+    setPoint(*this, kViewport, 17, target);
 }
 
 OdGeVector3d OdDbViewport::viewDirection() const
@@ -71,14 +95,32 @@ OdGeVector3d OdDbViewport::viewDirection() const
     return read<kViewport>(*this).vector(16);
 }
 
+void OdDbViewport::setViewDirection(const OdGeVector3d& direction)
+{
+    requireDirection(direction);
+    setVector(*this, kViewport, 16, direction);
+}
+
 double OdDbViewport::viewHeight() const
 {
     return read<kViewport>(*this).real(45);
 }
 
+void OdDbViewport::setViewHeight(double height)
+{
+    requirePositive(height);
+    setReal(*this, kViewport, 45, height);
+}
+
 double OdDbViewport::twistAngle() const
 {
     return read<kViewport>(*this).angle(51);
+}
+
+void OdDbViewport::setTwistAngle(double angle)
+{
+    requireFinite(angle);
+    setAngle(*this, kViewport, 51, angle);
 }
 
 double OdDbViewport::lensLength() const
@@ -102,4 +144,18 @@ bool OdDbViewport::subWorldDraw(OdGiWorldDraw* worldDraw) const
     const OdGePoint3d corners[4] = {center - right - up, center + right - up, center + right + up, center - right + up};
     worldDraw->geometry().polygon(4, corners);
     return true;
+}
+
+// ---- The view of a sheet  ------------------------------------------------------------------------------------------
+
+OdDbObjectId OdDbLayout::overallVportId() const
+{
+    const OdDbBlockTableRecordPtr block = OdDbBlockTableRecord::cast(getBlockTableRecordId().openObject());
+    if (block.isNull())
+        return {};
+    for (OdDbObjectIteratorPtr entity = block->newIterator(); !entity->done(); entity->step())
+        if (const OdDbViewportPtr viewport = OdDbViewport::cast(entity->entity()); !viewport.isNull())
+            if (viewport->number() == kSheet)
+                return viewport->objectId();
+    return {};
 }

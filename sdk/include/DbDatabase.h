@@ -90,7 +90,8 @@ public:
     OdDbObjectId currentLayoutId() const;
 
     /** What the user looks through: the active viewport record of the model; of a sheet the viewport that is the sheet
-        itself, or the layout when the sheet has none. Null in a damaged drawing. */
+        itself, or the layout when the sheet has none. Null in a damaged drawing. Views are changed by their setters, as
+        any object; for a change that is not to be undone, recording is switched off meanwhile (disableUndoRecording). */
     OdDbObjectId activeViewportId() const;
 
     /** Records that every drawing has; null in a damaged one that has not. */
@@ -151,7 +152,8 @@ public:
     void abortTransaction();
     int numActiveTransactions() const;
 
-    /** True while the journal puts recorded states back. Dictionaries and tables then refuse changes silently. */
+    /** True while the journal puts recorded states back and tells listeners of it. Objects then pass changes over, and
+        the operations above throw OdError eUndoOperationNotAvailable. */
     bool isUndoing() const;
 
     // ---- Settings ----------------------------------------------------------------------------------------------

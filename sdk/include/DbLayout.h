@@ -24,6 +24,10 @@ public:
     int getTabOrder() const;
     void setTabOrder(int order);
 
+    /** The VIEWPORT that stands for the sheet itself and holds how much of it is shown (OdDbViewport::number() is 1);
+        null for the model, and for a sheet that was never shown. */
+    OdDbObjectId overallVportId() const;
+
     void getLimits(OdGePoint2d& minimum, OdGePoint2d& maximum) const;
     void getExtents(OdGePoint3d& minimum, OdGePoint3d& maximum) const;
 

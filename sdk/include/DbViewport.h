@@ -20,11 +20,21 @@ public:
     OdInt16 number() const;
     bool isOn() const;
 
+    /** What is seen: the point that is looked at, from where, and the middle and height of the picture in the plane
+       that is looked at. The width follows from the proportions of the viewport. Setting operations throw
+        OdError(eNotOpenForWrite), and OdError(eInvalidInput) for values without meaning; nothing is changed then. */
     OdGePoint2d viewCenter() const;
+    void setViewCenter(const OdGePoint2d& center);
     OdGePoint3d viewTarget() const;
+    void setViewTarget(const OdGePoint3d& target);
+    /** From the target to the eye. */
     OdGeVector3d viewDirection() const;
+    void setViewDirection(const OdGeVector3d& direction);
     double viewHeight() const;
+    void setViewHeight(double height);
+    /** The turn of the picture in radians. */
     double twistAngle() const;
+    void setTwistAngle(double angle);
     double lensLength() const;
     /** Drawing units of the paper per drawing unit of model space; 0 when the view has no height. */
     double customScale() const;

@@ -9,6 +9,9 @@ class OdDbViewportTable : public OdDbSymbolTable
 public:
     ODDB_DECLARE_MEMBERS(OdDbViewportTable);
 
+    /** The viewport that is worked in: the first one named "*Active"; null when there is none. */
+    OdDbObjectId getActiveViewportId() const;
+
 protected:
     OdDbViewportTable();
 };
