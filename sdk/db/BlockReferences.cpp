@@ -19,16 +19,22 @@ bool isReference(const OdDbObject& object)
     return object.isKindOf(OdDbBlockReference::desc());
 }
 
-// The block that a reference names, whatever the subclass is called that has the name.
-OdDbStub* blockOf(const OdDbStub& reference)
+// What a reference says of its block, whatever the subclass is called that has it.
+struct BlockName
+{
+    OdDbStub* block = nullptr;
+    bool isText = false;
+};
+
+BlockName blockOf(const OdDbStub& reference)
 {
     const Groups groups = ObjectCore::groups(*reference.object);
-    const std::optional<GroupView> block = groups.findAny(kBlockCode);
-    if (!block)
-        return nullptr;
-    if (block->type() == GroupType::Text)
-        return findSymbol(*reference.database, SymbolTable::Block, block->text());
-    return block->stub();
+    const std::optional<GroupView> name = groups.findAny(kBlockCode);
+    if (!name)
+        return {};
+    if (name->type() == GroupType::Text)
+        return {findSymbol(*reference.database, SymbolTable::Block, name->text()), true};
+    return {name->stub(), false};
 }
 
 } // namespace
@@ -39,7 +45,8 @@ BlockReferences& BlockReferences::of(DatabaseImpl& database)
     if (!references.m_database)
     {
         references.m_database = &database;
-        database.database.addReactor(&references);
+        // In front of all others, who may ask when they are told.
+        database.reactors.insert(database.reactors.begin(), &references);
     }
     return references;
 }
@@ -56,7 +63,7 @@ const OdDbObjectIdArray& BlockReferences::find(OdDbStub& block)
     return list.ids;
 }
 
-// References go with the block that they are in.
+// References go with the block that they are in, and are told of themselves then.
 void BlockReferences::note(const OdDbObject& object)
 {
     if (!m_built)
@@ -64,13 +71,16 @@ void BlockReferences::note(const OdDbObject& object)
     if (isReference(object))
         m_changed.push_back(ObjectCore::stub(object));
     else if (object.isKindOf(OdDbBlockTableRecord::desc()))
-        m_built = false;
+        noteNames();
 }
 
 void BlockReferences::bringUpToDate()
 {
     if (!m_built)
         return build();
+    if (m_namesChanged)
+        m_changed.insert(m_changed.end(), m_named.begin(), m_named.end());
+    m_namesChanged = false;
     for (OdDbStub* reference : m_changed)
         file(*reference);
     m_changed.clear();
@@ -81,6 +91,8 @@ void BlockReferences::build()
     m_lists.clear();
     m_filed.clear();
     m_changed.clear();
+    m_named.clear();
+    m_namesChanged = false;
     m_database->stubs.visit(
         [&](OdDbStub& stub)
         {
@@ -92,7 +104,12 @@ void BlockReferences::build()
 
 void BlockReferences::file(OdDbStub& reference)
 {
-    const OdDbStub* block = OdDbObjectId(&reference).isEffectivelyErased() ? nullptr : blockOf(reference);
+    const BlockName name = blockOf(reference);
+    const OdDbStub* block = OdDbObjectId(&reference).isEffectivelyErased() ? nullptr : name.block;
+    if (name.isText)
+        m_named.insert(&reference);
+    else
+        m_named.erase(&reference);
     const OdDbStub*& filed = m_filed[&reference];
     if (filed == block)
         return;

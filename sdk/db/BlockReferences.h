@@ -2,6 +2,7 @@
 #pragma once
 
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "DatabaseImpl.h"
@@ -23,6 +24,8 @@ public:
 
     /// Called after a reference was made to draw another block.
     void noteChange(OdDbStub& reference) { m_changed.push_back(&reference); }
+    /// Called when there is another block, or one has another name: files may have names of blocks that they lack.
+    void noteNames() { m_namesChanged = true; }
 
     void objectAppended(const OdDbDatabase*, const OdDbObject* object) override { note(*object); }
     void objectUnAppended(const OdDbDatabase*, const OdDbObject* object) override { note(*object); }
@@ -44,8 +47,10 @@ private:
 
     DatabaseImpl* m_database = nullptr;
     bool m_built = false;
+    bool m_namesChanged = false;
     std::vector<OdDbStub*> m_changed;
-    std::unordered_map<const OdDbStub*, List> m_lists;            // by block
+    std::unordered_set<OdDbStub*> m_named;             // references that keep the name of their block as text
+    std::unordered_map<const OdDbStub*, List> m_lists; // by block
     std::unordered_map<const OdDbStub*, const OdDbStub*> m_filed; // references and the block whose list has them
 };
 

@@ -7,6 +7,7 @@
 #include "BlockReferences.h"
 #include "DbBlockBegin.h"
 #include "DbEntity.h"
+#include "ErasingWithOwner.h"
 #include "OdError.h"
 #include "RecordFields.h"
 #include "RxObjectImpl.h"
@@ -328,9 +329,46 @@ void OdDbBlockTableRecord::setExplodable(bool explodable)
     kFields.setInteger(*this, 280, explodable);
 }
 
+// ---- Erasing -------------------------------------------------------------------------------------------------------
+
+namespace
+{
+
+std::vector<OdDbStub*> everythingIn(const oddb::BlockContents& contents)
+{
+    std::vector<OdDbStub*> all = contents.entities;
+    for (OdDbStub* frame : {contents.begin, contents.end})
+        if (frame)
+            all.push_back(frame);
+    return all;
+}
+
+// Undoes what was done so far when one of the entities cannot be erased.
+class AllOrNothing
+{
+public:
+    explicit AllOrNothing(OdDbDatabase& database) : m_database(database) { database.startTransaction(); }
+    ~AllOrNothing() { m_done ? m_database.endTransaction() : m_database.abortTransaction(); }
+    AllOrNothing(const AllOrNothing&) = delete;
+    AllOrNothing& operator=(const AllOrNothing&) = delete;
+    void done() { m_done = true; }
+
+private:
+    OdDbDatabase& m_database;
+    bool m_done = false;
+};
+
+} // namespace
+
 OdResult OdDbBlockTableRecord::subErase(bool erasing)
 {
     if (erasing && !getLayoutId().isErased())
         return eCannotBeErasedByCaller;
-    return OdDbSymbolTableRecord::subErase(erasing);
+    if (const OdResult result = OdDbSymbolTableRecord::subErase(erasing); result != eOk || !isDBRO())
+        return result;
+    AllOrNothing change(*database());
+    const OdResult result = oddb::eraseWithOwner(everythingIn(*m_contents), erasing);
+    if (result == eOk)
+        change.done();
+    return result;
 }

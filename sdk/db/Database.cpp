@@ -14,9 +14,7 @@ OdDbDatabase::OdDbDatabase() : m_impl(new oddb::DatabaseImpl(*this)) {}
 
 OdDbDatabase::~OdDbDatabase()
 {
-    const std::vector<OdDbDatabaseReactor*> told = m_impl->reactors;
-    for (OdDbDatabaseReactor* reactor : told)
-        reactor->goodbye(this);
+    m_impl->notifyGoodbye();
     delete m_impl;
 }
 

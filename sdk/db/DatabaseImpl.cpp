@@ -1,6 +1,8 @@
 // The insides of a database: making stubs, taking over objects that were read, telling listeners.
 #include "DatabaseImpl.h"
 
+#include <algorithm>
+
 #include "ObjectCore.h"
 #include "OdError.h"
 
@@ -54,6 +56,18 @@ void DatabaseImpl::adopt(OdDbStub& stub, OdDbObject* object, OdDbStub* owner)
 
 // ---- Listeners -----------------------------------------------------------------------------------------------------
 
+bool DatabaseImpl::hasReactor(const OdDbDatabaseReactor* reactor) const
+{
+    return std::find(reactors.begin(), reactors.end(), reactor) != reactors.end();
+}
+
+bool DatabaseImpl::hasReactor(const OdDbStub& stub, const OdDbObjectReactor* reactor) const
+{
+    const auto found = objectReactors.find(&stub);
+    return found != objectReactors.end() &&
+           std::find(found->second.begin(), found->second.end(), reactor) != found->second.end();
+}
+
 // Listeners may come and go while they are told.
 template<class Tell>
 void DatabaseImpl::tellReactors(const Tell& tell)
@@ -62,7 +76,8 @@ void DatabaseImpl::tellReactors(const Tell& tell)
         return;
     const std::vector<OdDbDatabaseReactor*> told = reactors;
     for (OdDbDatabaseReactor* reactor : told)
-        tell(*reactor);
+        if (hasReactor(reactor))
+            tell(*reactor);
 }
 
 template<class Tell>
@@ -75,7 +90,8 @@ void DatabaseImpl::tellObjectReactors(const OdDbObject& object, const Tell& tell
         return;
     const std::vector<OdDbObjectReactor*> told = found->second;
     for (OdDbObjectReactor* reactor : told)
-        tell(*reactor);
+        if (hasReactor(*ObjectCore::stub(object), reactor))
+            tell(*reactor);
 }
 
 void DatabaseImpl::tellPersistentReactors(const OdDbObject& object, const std::function<void(OdDbObject&)>& tell)
@@ -98,7 +114,8 @@ void DatabaseImpl::notifyErased(const OdDbObject& object, bool erased)
 
 void DatabaseImpl::notifyModified(const OdDbObject& object)
 {
-    if (loading || journal.isReplaying())
+    // An object whose making was taken back may still have been held open.
+    if (loading || journal.isReplaying() || ObjectCore::stub(object)->has(OdDbStub::kUndone))
         return;
     const bool xdata = object.isModifiedXData();
     tellObjectReactors(object,
@@ -118,13 +135,20 @@ void DatabaseImpl::notifyAppended(const OdDbObject& object)
         tellReactors([&](OdDbDatabaseReactor& reactor) { reactor.objectAppended(&database, &object); });
 }
 
-void DatabaseImpl::notifyUndone(const OdDbObject& object, bool undone)
+void DatabaseImpl::notifyCopied(const OdDbObject& object, const OdDbObject& copy)
 {
-    tellObjectReactors(object, [&](OdDbObjectReactor& reactor)
-                       { undone ? reactor.unappended(&object) : reactor.reappended(&object); });
-    tellReactors(
-        [&](OdDbDatabaseReactor& reactor)
-        { undone ? reactor.objectUnAppended(&database, &object) : reactor.objectReAppended(&database, &object); });
+    tellObjectReactors(object, [&](OdDbObjectReactor& reactor) { reactor.copied(&object, &copy); });
+}
+
+void DatabaseImpl::notifyGoodbye()
+{
+    tellReactors([&](OdDbDatabaseReactor& reactor) { reactor.goodbye(&database); });
+    while (!objectReactors.empty())
+    {
+        const auto told = objectReactors.extract(objectReactors.begin());
+        for (OdDbObjectReactor* reactor : told.mapped())
+            reactor->goodbye(told.key()->object);
+    }
 }
 
 FileFormat& fileFormat()

@@ -77,6 +77,9 @@ public:
 
     std::vector<OdDbDatabaseReactor*> reactors;
     std::unordered_map<const OdDbStub*, std::vector<OdDbObjectReactor*>> objectReactors;
+    /// True while the listener is attached: one that is told may have withdrawn another.
+    bool hasReactor(const OdDbDatabaseReactor* reactor) const;
+    bool hasReactor(const OdDbStub& stub, const OdDbObjectReactor* reactor) const;
 
     /// The stub for a new object: the given handle, which must be free, or the next one.
     OdDbStub* newStub(OdUInt64 handle);
@@ -95,9 +98,11 @@ public:
     void notifyErased(const OdDbObject& object, bool erased);
     void notifyModified(const OdDbObject& object);
     void notifyAppended(const OdDbObject& object);
+    void notifyCopied(const OdDbObject& object, const OdDbObject& copy);
+    /// Called when the database ends, while its objects are there.
+    void notifyGoodbye();
     /// Opens each persistent reactor of the object for notification and calls tell with it.
     void tellPersistentReactors(const OdDbObject& object, const std::function<void(OdDbObject&)>& tell);
-    void notifyUndone(const OdDbObject& object, bool undone);
 
 private:
     static constexpr OdUInt64 kLastHandle = ~OdUInt64(0);

@@ -2,20 +2,30 @@
 #include "DatabaseImpl.h"
 #include "OdError.h"
 
+// Listeners and objects that are read back must not start one replay inside another.
+static void requireNoReplay(const oddb::Journal& journal)
+{
+    if (journal.isReplaying())
+        throw OdError(eUndoOperationNotAvailable);
+}
+
 static void requireNoTransaction(const oddb::Journal& journal)
 {
+    requireNoReplay(journal);
     if (journal.transactions() > 0)
         throw OdError(eUndoOperationNotAvailable);
 }
 
 static void requireTransaction(const oddb::Journal& journal)
 {
+    requireNoReplay(journal);
     if (journal.transactions() == 0)
         throw OdError(eNoActiveTransactions);
 }
 
 void OdDbDatabase::startUndoRecord()
 {
+    requireNoReplay(m_impl->journal);
     m_impl->journal.startRecord();
 }
 
@@ -55,6 +65,7 @@ void OdDbDatabase::dropUndoRecordsAfter(OdUInt64 mark)
 
 void OdDbDatabase::disableUndoRecording(bool disable)
 {
+    requireNoReplay(m_impl->journal);
     m_impl->journal.disable(disable);
 }
 
@@ -75,6 +86,7 @@ bool OdDbDatabase::isUndoRecordOpen() const
 
 void OdDbDatabase::startTransaction()
 {
+    requireNoReplay(m_impl->journal);
     m_impl->journal.startTransaction();
 }
 

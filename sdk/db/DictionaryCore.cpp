@@ -36,6 +36,7 @@ public:
     {
         put(forward ? m_before : m_after, forward ? m_after : m_before);
     }
+    OdDbStub* changed() const override { return &m_dictionary; }
 
 private:
     // Changes that were not recorded may have come in between: then what is not there is passed over.

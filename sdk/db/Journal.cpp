@@ -71,7 +71,7 @@ void Journal::recordCreated(OdDbStub& stub)
 void Journal::recordErased(OdDbStub& stub)
 {
     if (takesSteps())
-        push(Kind::Erased, &stub);
+        push(Kind::Erased, &stub, nullptr, 0, stub.has(OdDbStub::kErasedWithOwner));
 }
 
 void Journal::recordReactorAdded(OdDbStub& stub, OdDbStub* reactor)

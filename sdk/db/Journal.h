@@ -22,6 +22,7 @@
 #include <vector>
 
 #include "Groups.h"
+#include "ReplayNews.h"
 #include "Stub.h"
 
 namespace oddb
@@ -35,6 +36,9 @@ public:
 
     /// Takes the change back (forward false) or brings it again (forward true) without recording anything.
     virtual void replay(OdDbDatabase& database, bool forward) = 0;
+
+    /// The object that has another state then, for its listeners; null when there is none.
+    virtual OdDbStub* changed() const { return nullptr; }
 };
 
 class Journal
@@ -101,7 +105,7 @@ private:
         Groups, ///< payload: groups of the object
         Image,  ///< payload: bytes that the object wrote to an undo filer
         Created,
-        Erased,
+        Erased,              ///< flag: whether it was erased with its owner
         ReactorAdded,        ///< payload: the reactor
         ReactorRemoved,      ///< payload: the reactor
         ReactorPlace,        ///< payload: what stood in front of the reactor that the next step removes
@@ -161,11 +165,12 @@ private:
 
     void replayBackward(std::size_t begin, std::size_t end);
     void replayForward(std::size_t begin, std::size_t end);
-    void replay(Step& step, bool forward);
+    void replay(Step& step, bool forward, ReplayNews& news);
+    void replayState(Step& step, bool forward);
+    static void replayErased(Step& step);
+    void finishReplay(ReplayNews& news);
     void replayGroups(Step& step);
     void replayImage(Step& step);
-    void replayCreated(OdDbStub& stub, bool forward);
-    void replayErased(OdDbStub& stub);
     void replayXData(Step& step, OdDbObject& object);
     void putBack(OdDbStub& stub, const Groups& image);
     static bool hasState(const OdDbObject& object, const Groups& image);

@@ -39,21 +39,59 @@ bool Journal::isState(const Step& step)
 void Journal::replayBackward(std::size_t begin, std::size_t end)
 {
     ReplayScope scope(*this);
+    ReplayNews news(m_database.impl());
     for (std::size_t i = end; i > begin; --i)
-        replay(m_steps[i - 1], false);
+        replay(m_steps[i - 1], false, news);
+    finishReplay(news);
 }
 
 void Journal::replayForward(std::size_t begin, std::size_t end)
 {
     ReplayScope scope(*this);
+    ReplayNews news(m_database.impl());
     for (std::size_t i = begin; i < end; ++i)
-        replay(m_steps[i], true);
+        replay(m_steps[i], true, news);
+    finishReplay(news);
 }
 
-void Journal::replay(Step& step, bool forward)
+// Nor may listeners change anything.
+void Journal::finishReplay(ReplayNews& news)
+{
+    news.tell();
+    restoreGuarded();
+}
+
+void Journal::replay(Step& step, bool forward, ReplayNews& news)
 {
     if (step.kind == Kind::Change)
-        return static_cast<JournalChange*>(step.payload)->replay(m_database, forward);
+    {
+        auto* change = static_cast<JournalChange*>(step.payload);
+        change->replay(m_database, forward);
+        if (OdDbStub* changed = change->changed())
+            news.noteModified(*changed);
+        return;
+    }
+    OdDbStub& stub = *step.stub;
+    if (step.kind == Kind::Created)
+    {
+        stub.set(OdDbStub::kErased, !forward);
+        stub.set(OdDbStub::kUndone, !forward);
+        news.noteMade(stub, forward);
+    }
+    else if (step.kind == Kind::Erased)
+    {
+        replayErased(step);
+        news.noteErased(stub, stub.has(OdDbStub::kErased));
+    }
+    else
+    {
+        replayState(step, forward);
+        news.noteModified(stub);
+    }
+}
+
+void Journal::replayState(Step& step, bool forward)
+{
     OdDbObject& object = *step.stub->object;
     auto* other = static_cast<OdDbStub*>(step.payload);
     switch (step.kind)
@@ -62,10 +100,6 @@ void Journal::replay(Step& step, bool forward)
         return replayGroups(step);
     case Kind::Image:
         return replayImage(step);
-    case Kind::Created:
-        return replayCreated(*step.stub, forward);
-    case Kind::Erased:
-        return replayErased(*step.stub);
     case Kind::ReactorAdded:
         forward ? ObjectCore::putReactor(object, other) : ObjectCore::takeReactor(object, other);
         return;
@@ -88,9 +122,20 @@ void Journal::replay(Step& step, bool forward)
     case Kind::Owner:
         step.payload = ObjectCore::owner(object);
         return ObjectCore::putOwner(object, other);
+    case Kind::Created:
+    case Kind::Erased:
     case Kind::Change:
         return;
     }
+}
+
+void Journal::replayErased(Step& step)
+{
+    OdDbStub& stub = *step.stub;
+    const bool withOwner = stub.has(OdDbStub::kErasedWithOwner);
+    stub.set(OdDbStub::kErased, !stub.has(OdDbStub::kErased));
+    stub.set(OdDbStub::kErasedWithOwner, step.flag);
+    step.flag = withOwner;
 }
 
 void Journal::replayGroups(Step& step)
@@ -112,19 +157,6 @@ void Journal::replayXData(Step& step, OdDbObject& object)
         ObjectCore::takeXData(object, application);
     step.flag = present.has_value();
     step.payload = present ? present->detach() : nullptr;
-}
-
-void Journal::replayCreated(OdDbStub& stub, bool forward)
-{
-    stub.set(OdDbStub::kErased, !forward);
-    stub.set(OdDbStub::kUndone, !forward);
-    m_database.impl().notifyUndone(*stub.object, !forward);
-}
-
-void Journal::replayErased(OdDbStub& stub)
-{
-    stub.set(OdDbStub::kErased, !stub.has(OdDbStub::kErased));
-    m_database.impl().notifyErased(*stub.object, stub.has(OdDbStub::kErased));
 }
 
 void Journal::replayImage(Step& step)

@@ -1,6 +1,7 @@
 // Erasing objects and bringing them back.
 #include "DatabaseImpl.h"
 #include "DbObject.h"
+#include "ErasingWithOwner.h"
 #include "ObjectState.h"
 
 using State = oddb::ObjectCore::State;
@@ -20,6 +21,7 @@ OdResult OdDbObject::erase(bool eraseIt)
     oddb::DatabaseImpl& impl = m_stub->database->impl();
     impl.journal.recordErased(*m_stub);
     m_stub->set(OdDbStub::kErased, eraseIt);
+    m_stub->set(OdDbStub::kErasedWithOwner, false);
     State::set(*this, State::kModified);
     State::set(*this, State::kEraseToggled);
     impl.notifyErased(*this, eraseIt);
@@ -45,3 +47,36 @@ OdResult OdDbObject::subErase(bool)
 void OdDbObject::modified(const OdDbObject*) {}
 
 void OdDbObject::erased(const OdDbObject*, bool) {}
+
+namespace oddb
+{
+
+namespace
+{
+
+bool isConcerned(const OdDbStub& stub, bool erasing)
+{
+    return stub.object && stub.isErased() != erasing && !stub.has(OdDbStub::kUndone) &&
+           (erasing || stub.has(OdDbStub::kErasedWithOwner));
+}
+
+} // namespace
+
+OdResult eraseWithOwner(std::span<OdDbStub* const> owned, bool erasing)
+{
+    for (const OdDbStub* stub : owned)
+        if (isConcerned(*stub, erasing) && State::isWriting(*stub->object))
+            return eWasOpenForWrite;
+    for (OdDbStub* stub : owned)
+    {
+        if (!isConcerned(*stub, erasing))
+            continue;
+        const OdResult result = OdDbObjectId(stub).safeOpenObject(OdDb::kForWrite, true)->erase(erasing);
+        if (result != eOk)
+            return result;
+        stub->set(OdDbStub::kErasedWithOwner, erasing);
+    }
+    return eOk;
+}
+
+} // namespace oddb

@@ -10,11 +10,11 @@ class OdDbStub
 public:
     enum Flag : std::uint32_t
     {
-        kErased = 1, ///< the object is erased
-        kUndone = 2, ///< erased because its making was undone
-        kFresh = 4,  ///< made since the mark in preimageMark
-        kMarked = 8, ///< for the use of one algorithm at a time, which clears it
-        kReferenced = 16
+        kErased = 1,          ///< the object is erased
+        kUndone = 2,          ///< erased because its making was undone
+        kFresh = 4,           ///< made since the mark in preimageMark
+        kMarked = 8,          ///< for the use of one algorithm at a time, which clears it
+        kErasedWithOwner = 16 ///< erased as its owner was, and to be brought back with it
     };
 
     OdUInt64 handle = 0;

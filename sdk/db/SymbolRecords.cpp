@@ -1,4 +1,5 @@
 // Records of symbol tables: finding them by name, going over them, giving them other names.
+#include "BlockReferences.h"
 #include "DatabaseImpl.h"
 #include "HeaderNames.h"
 #include "ObjectCore.h"
@@ -78,12 +79,22 @@ OdDbSymbolTable* SymbolTableCore::tableOf(const OdDbSymbolTableRecord& record)
 namespace
 {
 
+void noteNames(DatabaseImpl& database, SymbolTable table)
+{
+    if (table == SymbolTable::Block)
+        BlockReferences::of(database).noteNames();
+}
+
 // A record gets its name back with its groups; the table only has to know.
 class NameChange : public JournalChange
 {
 public:
     explicit NameChange(SymbolRecords& records) : m_records(records) {}
-    void replay(OdDbDatabase&, bool) override { m_records.forgetNames(); }
+    void replay(OdDbDatabase& database, bool) override
+    {
+        m_records.forgetNames();
+        noteNames(database.impl(), m_records.kind);
+    }
 
 private:
     SymbolRecords& m_records;
@@ -107,6 +118,7 @@ void SymbolTableCore::changeName(OdDbSymbolTableRecord& record, std::string_view
         databaseImpl(record)->journal.record(std::make_unique<NameChange>(records(*table)));
         renameInHeader(*databaseImpl(record), records(*table).kind, symbolName(ObjectCore::stub(record)), utf8Name);
         records(*table).rename(ObjectCore::stub(record), utf8Name);
+        noteNames(*databaseImpl(record), records(*table).kind);
     }
     ObjectCore::changeGroups(record, withText(ObjectCore::groups(record), cls, *cls.subclasses.back(), 2, utf8Name));
 }

@@ -417,7 +417,6 @@ OdResult OdDbEntity::subErase(bool erasing)
 {
     if (const OdResult result = OdDbObject::subErase(erasing); result != eOk)
         return result;
-    if (oddb::SubentityList* list = subentities())
-        erasing ? list->eraseElements() : list->restoreElements();
-    return eOk;
+    const oddb::SubentityList* list = subentities();
+    return list ? list->eraseElements(erasing) : eOk;
 }

@@ -60,6 +60,7 @@ OdDbObjectPtr ObjectCopier::copy(const OdDbObject& source, OdDbObject* owner, bo
         readFields(*made, source);
     copyCommon(*made, source);
     copyOwned(source, *made);
+    oddb::databaseImpl(source)->notifyCopied(source, *made);
     return made;
 }
 
@@ -273,6 +274,7 @@ void ObjectCopier::translate()
         if (!pair.isCloned())
             continue;
         const OdDbObjectPtr made = pair.value().safeOpenObject(OdDb::kForWrite);
+        made->assertWriteEnabled(false);
         const OdDbObjectPtr source = pair.key().safeOpenObject();
         if (made->keepsGroups())
             translateGroups(*made);

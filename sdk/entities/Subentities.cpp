@@ -9,6 +9,7 @@
 #include "DbFiler.h"
 #include "OdError.h"
 #include "RxObjectImpl.h"
+#include "db/ErasingWithOwner.h"
 
 namespace oddb
 {
@@ -79,26 +80,12 @@ bool SubentityList::hasElements() const
     return std::any_of(m_elements.begin(), m_elements.end(), [](const OdDbStub* stub) { return !stub->isErased(); });
 }
 
-void SubentityList::eraseElements()
+OdResult SubentityList::eraseElements(bool erasing) const
 {
-    m_erasedWithOwner.clear();
     std::vector<OdDbStub*> all = m_elements;
     if (m_sequenceEnd)
         all.push_back(m_sequenceEnd);
-    for (OdDbStub* stub : all)
-    {
-        if (stub->isErased())
-            continue;
-        OdDbObjectId(stub).safeOpenObject(OdDb::kForWrite)->erase();
-        m_erasedWithOwner.push_back(stub);
-    }
-}
-
-void SubentityList::restoreElements()
-{
-    for (OdDbStub* stub : m_erasedWithOwner)
-        OdDbObjectId(stub).safeOpenObject(OdDb::kForWrite, true)->erase(false);
-    m_erasedWithOwner.clear();
+    return eraseWithOwner(all, erasing);
 }
 
 OdDbObjectId appendSubentity(OdDbEntity& owner, SubentityList& list, OdDbEntity* element)

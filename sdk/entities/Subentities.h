@@ -30,13 +30,11 @@ public:
     /// True when an element is left that is not erased.
     bool hasElements() const;
 
-    /// Erases the elements with their owner, and brings back those that were erased with it. Throws what opening
-    /// throws.
-    void eraseElements();
-    void restoreElements();
+    /// Erases the elements with their owner, or brings back those that were erased with it. Returns eWasOpenForWrite,
+    /// with nothing changed, when one of them is open for write.
+    OdResult eraseElements(bool erasing) const;
 
 private:
-    std::vector<OdDbStub*> m_erasedWithOwner;
     std::vector<OdDbStub*> m_elements;
     OdDbStub* m_sequenceEnd = nullptr;
 };

@@ -18,7 +18,12 @@ struct BlockContents;
 } // namespace oddb
 
 /** An OdDbBlockTableRecord owns entities and keeps them in the order in which they are drawn. Setting operations throw
-    OdError(eNotOpenForWrite) and change nothing then. */
+    OdError(eNotOpenForWrite) and change nothing then.
+
+    Erasing a block erases its entities with it, and bringing it back brings those back that went with it; each of them
+    is told of. An entity that is open for write elsewhere ends the erasing with OdError(eWasOpenForWrite).
+    The blocks of layouts are erased with their layouts only: erase() returns eCannotBeErasedByCaller. References to an
+    erased block stay, and draw nothing. */
 class OdDbBlockTableRecord : public OdDbSymbolTableRecord
 {
 public:

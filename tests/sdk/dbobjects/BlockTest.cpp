@@ -2,12 +2,14 @@
 #include <algorithm>
 #include <vector>
 
+#include "Db2dPolyline.h"
 #include "DbBlockBegin.h"
 #include "DbBlockReference.h"
 #include "DbBlockTable.h"
 #include "DbBlockTableRecord.h"
 #include "DbLayout.h"
 #include "DbLine.h"
+#include "DbVertex.h"
 #include "ObjectsTest.h"
 
 namespace
@@ -162,6 +164,51 @@ TEST_F(BlockTest, LeavesTheReferencesOfErasedBlocksOut)
     EXPECT_EQ(referencesTo(drawn), Ids());
     EXPECT_EQ(block(holder, OdDb::kForWrite)->erase(false), eOk);
     EXPECT_EQ(referencesTo(drawn), Ids{inside});
+}
+
+TEST_F(BlockTest, IsErasedWithAllThatWasInIt)
+{
+    const OdDbObjectId id = makeBlock(L"block"), inner = makeBlock(L"inner");
+    const OdDbObjectId line = addLine(id), gone = addLine(id), nested = addReference(id, inner);
+    OdDb2dPolylinePtr polyline = OdDb2dPolyline::createObject();
+    const OdDbObjectId polylineId = block(id, OdDb::kForWrite)->appendOdDbEntity(polyline);
+    const OdDbObjectId kept = polyline->appendVertex(OdDb2dVertex::createObject());
+    const OdDbObjectId lost = polyline->appendVertex(OdDb2dVertex::createObject());
+    open(lost, OdDb::kForWrite)->erase();
+    open(gone, OdDb::kForWrite)->erase();
+    const Ids all{id, line, nested, polylineId, kept, block(id)->getBlockBeginId(), block(id)->getBlockEndId()};
+    const auto expectErased = [&](bool erased, const char* when)
+    {
+        for (const OdDbObjectId& each : all)
+            EXPECT_EQ(each.isErased(), erased) << when;
+        EXPECT_TRUE(gone.isErased() && lost.isErased()) << when;
+        EXPECT_EQ(referencesTo(inner), erased ? Ids() : Ids{nested}) << when;
+    };
+    const auto erase = [&](bool erasing)
+    { recorded([&] { EXPECT_EQ(open(id, OdDb::kForWrite)->erase(erasing), eOk); }); };
+
+    EXPECT_EQ(open(id, OdDb::kForWrite)->erase(), eWasOpenForWrite) << "the polyline is open";
+    expectErased(false, "refused");
+    polyline = nullptr;
+    erase(true);
+    expectErased(true, "erased");
+    erase(false);
+    expectErased(false, "brought back");
+    database->undo();
+    expectErased(true, "its coming back undone");
+    erase(false);
+    expectErased(false, "brought back again");
+    database->undo();
+    database->undo();
+    expectErased(false, "all undone");
+    database->redo();
+    expectErased(true, "redone");
+    database->undo();
+    recorded([&] { open(line, OdDb::kForWrite)->erase(); });
+    erase(true);
+    erase(false);
+    EXPECT_TRUE(line.isErased()) << "it was erased by itself this time";
+    EXPECT_FALSE(kept.isErased());
 }
 
 TEST_F(BlockTest, ComesToAnEndWithBlocksThatDrawEachOther)
