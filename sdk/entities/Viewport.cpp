@@ -146,7 +146,7 @@ bool OdDbViewport::subWorldDraw(OdGiWorldDraw* worldDraw) const
     return true;
 }
 
-// ---- The view of a sheet  ------------------------------------------------------------------------------------------
+// ---- The view of a sheet --------------------------------------------------------------------------------------------
 
 OdDbObjectId OdDbLayout::overallVportId() const
 {
