@@ -2,10 +2,14 @@
 #include "gi/GiClasses.h"
 
 #include "Gi/GiDrawableOverrule.h"
+#include "Gi/GiRasterImage.h"
 #include "Gi/GiWorldDraw.h"
 #include "Gs/Gs.h"
+#include "RxRasterServices.h"
 #include "rx/Layers.h"
 
+ODRX_NO_CONS_DEFINE_MEMBERS(OdGiRasterImage, OdRxObject)
+ODRX_NO_CONS_DEFINE_MEMBERS(OdRxRasterServices, OdRxModule)
 ODRX_NO_CONS_DEFINE_MEMBERS(OdGsModel, OdRxObject)
 ODRX_NO_CONS_DEFINE_MEMBERS(OdGsView, OdRxObject)
 
@@ -22,10 +26,14 @@ void registerClasses()
     OdGiDrawableOverrule::rxInit();
     OdGsModel::rxInit();
     OdGsView::rxInit();
+    OdGiRasterImage::rxInit();
+    OdRxRasterServices::rxInit();
 }
 
 void unregisterClasses()
 {
+    OdRxRasterServices::rxUninit();
+    OdGiRasterImage::rxUninit();
     OdGsView::rxUninit();
     OdGsModel::rxUninit();
     OdGiDrawableOverrule::rxUninit();
