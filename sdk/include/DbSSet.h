@@ -73,9 +73,20 @@ public:
     /** A new, empty selection of objects of the database. Throws OdError as createObject() does. */
     static OdSmartPtr<OdDbSelectionSet> createObject(const OdDbDatabase* database);
 
-    /** Selects among what a viewport shows, which is given as OdDbDatabase::activeViewportId gives it. filter is null
-       or a chain of what the entities must have. Returns a set that may be empty. Throws OdError: eNullObjectId,
-       eInvalidInput for a number of points that the mode cannot do with. */
+    /** Selects among what a viewport shows, which is given as OdDbDatabase::activeViewportId gives it: entities of its
+       space that are not invisible, by what they draw on layers that are neither off nor frozen. Points are one for
+       kPoint, two opposite corners for kBox, kWindow and kCrossing, two or more for kFence, three or more for polygons,
+       whose inside is what an odd number of their turns surrounds. What lies on the border counts as inside. kPoint
+       takes at most one entity, of those within a pick box of 0.3 percent of the view's height around the point: lines
+       before texts and filled areas, what is nearest, what lies on top. Parts of entities are not told apart.
+
+       filter is null or an OdResBuf chain: elements of type 0 are names of entity types as files have them, those of
+       type 8 names of layers, each perhaps several with commas in between; an entity must have what every element says.
+
+       Returns a set in the order in which entities are drawn; it may be empty. The first selection in a space builds an
+       index of it, which follows all changes from then on; the time of the others grows with what they find. Throws
+       OdError: eNullObjectId, eNotApplicable for a viewport that is none, eInvalidInput for a number of points that the
+       mode cannot do with, eNotThatKindOfClass and eInvalidResBuf for a filter that is none. */
     static OdSmartPtr<OdDbSelectionSet>
     select(const OdDbObjectId& viewportId, int numPoints, const OdGePoint3d* points,
            OdDbVisualSelection::Mode mode = OdDbVisualSelection::kCrossing,

@@ -15,14 +15,17 @@ namespace OdEd
 enum SelectFlags : unsigned
 {
     kSelDefault = 0,
-    kSelPickLastPoint = 0x1,     ///< the last point is the first one picked
-    kSelSingleEntity = 0x2,      ///< a point where there is nothing does not begin a box
-    kSelIgnorePickfirst = 0x4,   ///< what was selected before does not answer the question
-    kSelSinglePass = 0x8,        ///< one pick is the answer
-    kSelAllowEmpty = 0x10,       ///< selecting nothing is an answer
-    kSelRemove = 0x20,           ///< what is picked is taken out of the selection
-    kSelLeaveHighlighted = 0x40, ///< the selection stays highlighted
-    kSelAllowSubents = 0x400     ///< parts of entities may be selected too
+    kSelPickLastPoint = 0x1,                ///< the last point is the first one picked
+    kSelSingleEntity = 0x2,                 ///< a point where there is nothing does not begin a box
+    kSelIgnorePickfirst = 0x4,              ///< what was selected before does not answer the question
+    kSelSinglePass = 0x8,                   ///< one pick is the answer
+    kSelAllowEmpty = 0x10,                  ///< selecting nothing is an answer
+    kSelRemove = 0x20,                      ///< what is picked is taken out of the selection
+    kSelLeaveHighlighted = 0x40,            ///< the selection stays highlighted
+    kSelAllowInactSpaces = 0x80,            ///< entities of other layouts may be selected
+    kSelAllowObjectsOnLockedLayers = 0x100, ///< entities on locked layers may be selected
+    kSelAllowPSVP = 0x200,                  ///< viewports of sheets may be selected
+    kSelAllowSubents = 0x400                ///< parts of entities may be selected too
 };
 
 /** How something is asked for; combined with |. */

@@ -1,0 +1,98 @@
+// Draws an entity onto the shape that a user selects with, and tells whether it lies in the shape, touches it, or how
+// far it is from a point. Only what layers show counts, at any depth of blocks; curves are themselves, not polylines
+// that stand for them; texts and what is filled are areas.
+#pragma once
+
+#include <limits>
+
+#include "gi/WorldDraw.h"
+#include "select/LayerStates.h"
+#include "select/Shape.h"
+#include "select/ViewPlane.h"
+
+class OdDbEntity;
+
+namespace picking
+{
+
+/// What is asked of the entities that are drawn.
+enum class Question
+{
+    kLiesIn,
+    kTouches,
+    kHowFar ///< from the centre of the shape, for what touches it
+};
+
+struct Answer
+{
+    bool isDrawn = false;      ///< anything is shown at all
+    bool touches = false;      ///< something shown touches the shape; not asked for by kLiesIn
+    bool reachesOut = false;   ///< something shown does not lie in the shape; asked for by kLiesIn only
+    bool isIncomplete = false; ///< so much is drawn that the rest was passed over
+    double distance = std::numeric_limits<double>::infinity();     ///< of lines
+    double areaDistance = std::numeric_limits<double>::infinity(); ///< of areas, 0 within
+};
+
+class HitGeometry : public gi::Geometry
+{
+public:
+    explicit HitGeometry(gi::WorldDraw& worldDraw) : Geometry(worldDraw) {}
+
+    void ask(Question question, const Shape& shape, const ViewPlane& plane, LayerStates& layers);
+    void begin();
+    const Answer& answer() const { return m_answer; }
+    bool isAnswered() const;
+
+    void circularArc(const OdGePoint3d& center, double radius, const OdGeVector3d& normal,
+                     const OdGeVector3d& startVector, double sweepAngle, OdGiArcType arcType) override;
+    void ellipArc(const OdGePoint3d& center, const OdGeVector3d& majorAxis, const OdGeVector3d& minorAxis,
+                  double startAngle, double endAngle) override;
+    void polyline(OdInt32 numPoints, const OdGePoint3d* points, const OdGeVector3d* normal) override;
+    void polygon(OdInt32 numPoints, const OdGePoint3d* points) override;
+    void xline(const OdGePoint3d& first, const OdGePoint3d& second) override;
+    void ray(const OdGePoint3d& first, const OdGePoint3d& second) override;
+    void draw(const OdGiDrawable* drawable) override;
+
+private:
+    bool isShownNow();
+    bool isFrozen(const OdDbEntity& entity);
+    bool isFilled() const;
+    OdGePoint2d seen(const OdGePoint3d& point) const { return m_plane.at(toWorld() * point); }
+    OdGeVector3d extrusion(const OdGeVector3d& normal) const;
+    void addSegment(const Segment& segment);
+    void addArc(const EllipticArc& arc);
+    void addExtruded(const EllipticArc& arc, const OdGeVector2d& height);
+    void addArea(const std::vector<OdGePoint2d>& corners);
+    void addLine(const OdGePoint3d& first, const OdGePoint3d& second, bool isOpenAtStart);
+
+    Question m_question = Question::kTouches;
+    const Shape* m_shape = nullptr;
+    OdGePoint2d m_center;
+    ViewPlane m_plane;
+    LayerStates* m_layers = nullptr;
+    Answer m_answer;
+    std::size_t m_pieces = 0;
+    int m_depth = 0;
+    bool m_isText = false;
+    bool m_isSolid = false;
+    std::vector<OdGePoint2d> m_seen; // reused
+};
+
+/// One tester serves many entities, one after the other.
+class HitTester : public gi::WorldDraw
+{
+public:
+    /// All that is given must outlive the tester.
+    HitTester(Question question, const Shape& shape, const ViewPlane& plane, LayerStates& layers);
+
+    /// Draws an entity of the space, which is visible and on a layer that is not frozen.
+    const Answer& test(const OdDbEntity& entity);
+
+    OdGiGeometry& geometry() const override { return m_geometry; }
+    bool regenAbort() const override { return m_geometry.isAnswered(); }
+
+private:
+    mutable OdStaticRxObject<HitGeometry> m_geometry;
+};
+
+} // namespace picking
