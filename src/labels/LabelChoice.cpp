@@ -103,3 +103,8 @@ OdDbObjectIdArray ChooseLabels(CCommandCall& call)
     }
     return ChooseByKeyword(call, iKeyword);
 }
+
+OdDbObjectIdArray GivenOrChosenLabels(CCommandCall& call, const LabelParameters& parameters)
+{
+    return parameters.uiGiven & eParameterObjectIdArray ? parameters.ids : ChooseLabels(call);
+}

@@ -4,7 +4,9 @@
 #include <iterator>
 
 #include "labels/LabelCreation.h"
+#include "labels/LabelDeletion.h"
 #include "labels/LabelQueries.h"
+#include "labels/LabelViews.h"
 
 namespace
 {
@@ -29,6 +31,10 @@ constexpr LabelCommandRow kCommands[] = {
      &CreateLabel},
     {Row(L"CCommandBSystemLabelCreateFromSelection", L"BSYSTEMLABELCREATEFROMSELECTION", kCreation | eCommandFlagHost1),
      eParameterSelectionSetName, &CreateLabelFromSelection},
+    {Row(L"CCommandBSystemLabelDelete", L"BSYSTEMLABELDELETE", eCommandFlagTransaction), eParameterObjectIdArray,
+     &DeleteLabels},
+    {Row(L"CCommandBSystemLabelDolly", L"BSYSTEMLABELDOLLY", eCommandFlagNoUndo), eParameterObjectIdArray,
+     &DollyToLabels},
     {Row(L"CCommandBSystemLabelGetAllIds", L"BSYSTEMLABELGETALLIDS", kQuery), eParameterAllowDeleted, &GetAllIds},
     {Row(L"CCommandBSystemLabelGetAllNames", L"BSYSTEMLABELGETALLNAMES", kQuery),
      eParameterObjectIdArray | eParameterAllowDeleted, &GetAllNames},
@@ -44,6 +50,7 @@ constexpr LabelCommandRow kCommands[] = {
      eParameterSelectionSetName | eParameterAllowDeleted, &GetSelectedIds},
     {Row(L"CCommandBSystemLabelToJson", L"BSYSTEMLABELTOJSON", kQuery),
      eParameterObjectIdArray | eParameterAllowDeleted, &ToJson},
+    {Row(L"CCommandBSystemLabelZoom", L"BSYSTEMLABELZOOM", eCommandFlagNoUndo), eParameterObjectIdArray, &ZoomToLabels},
 };
 static_assert(std::size(kCommands) == eLabelCommandCount);
 

@@ -1,4 +1,4 @@
-// The commands that query and create labels: one row of a table for each, with the function that does the work.
+// The commands on labels: one row of a table for each, with the function that does the work.
 #pragma once
 
 #include "framework/Command.h"
@@ -18,6 +18,8 @@ enum ELabelCommand
 {
     eLabelCreate,
     eLabelCreateFromSelection,
+    eLabelDelete,
+    eLabelDolly,
     eLabelGetAllIds,
     eLabelGetAllNames,
     eLabelGetDictionaryId,
@@ -26,6 +28,7 @@ enum ELabelCommand
     eLabelGetIdFromName,
     eLabelGetSelectedIds,
     eLabelToJson,
+    eLabelZoom,
     eLabelCommandCount
 };
 
@@ -56,6 +59,8 @@ public:
 
 using CCommandBSystemLabelCreate = CLabelCommandOf<eLabelCreate>;
 using CCommandBSystemLabelCreateFromSelection = CLabelCommandOf<eLabelCreateFromSelection>;
+using CCommandBSystemLabelDelete = CLabelCommandOf<eLabelDelete>;
+using CCommandBSystemLabelDolly = CLabelCommandOf<eLabelDolly>;
 using CCommandBSystemLabelGetAllIds = CLabelCommandOf<eLabelGetAllIds>;
 using CCommandBSystemLabelGetAllNames = CLabelCommandOf<eLabelGetAllNames>;
 using CCommandBSystemLabelGetDictionaryId = CLabelCommandOf<eLabelGetDictionaryId>;
@@ -64,3 +69,4 @@ using CCommandBSystemLabelGetIdFromHandle = CLabelCommandOf<eLabelGetIdFromHandl
 using CCommandBSystemLabelGetIdFromName = CLabelCommandOf<eLabelGetIdFromName>;
 using CCommandBSystemLabelGetSelectedIds = CLabelCommandOf<eLabelGetSelectedIds>;
 using CCommandBSystemLabelToJson = CLabelCommandOf<eLabelToJson>;
+using CCommandBSystemLabelZoom = CLabelCommandOf<eLabelZoom>;

@@ -118,9 +118,7 @@ void GetAllNames(CCommandCall& call, const LabelParameters& parameters)
 
 void ToJson(CCommandCall& call, const LabelParameters& parameters)
 {
-    const bool bGiven = parameters.uiGiven & eParameterObjectIdArray;
-    const OdDbObjectIdArray ids = bGiven ? parameters.ids : ChooseLabels(call);
-    ReturnJsonOfLabels(call, ids, parameters.bAllowDeleted,
+    ReturnJsonOfLabels(call, GivenOrChosenLabels(call, parameters), parameters.bAllowDeleted,
                        [](JsonDocument& document, const CBSystemLabel& label, JsonAllocator& allocator)
                        {
                            JsonValue object;

@@ -12,6 +12,7 @@
 #include "ZolExtendedData.h"
 #include "module/ground/Text.h"
 #include "objects/Guid.h"
+#include "objects/ObjectDictionary.h"
 #include "objects/ReferenceList.h"
 
 ODRX_DXF_DEFINE_MEMBERS(CBSystemLabel, OdDbObject, DBOBJECT_CONSTR, OdDb::vAC32, OdDb::kMRelease55, 0, L"BSYSTEMLABEL",
@@ -32,29 +33,9 @@ OdResult CBSystemLabel::subGetClassID(void* classId) const
 // ---- Identity
 // --------------------------------------------------------------------------------------------------------
 
-static OdDbDictionaryPtr CreateDictionary(OdDbDictionary& namedObjects, const OdString& strName)
-{
-    const OdDbDictionaryPtr pDictionary = OdDbDictionary::createObject();
-    namedObjects.upgradeOpen();
-    namedObjects.setAt(strName, pDictionary.get());
-    namedObjects.downgradeOpen();
-    return pDictionary;
-}
-
 OdDbDictionaryPtr CBSystemLabel::GetDictionary(const OdDbDatabase* pDb)
 {
-    constexpr const OdChar* pszFunction = L"CBSystemLabel::GetDictionary";
-    if (!pDb)
-        throw OdError_InvalidArgument(eNoDatabase, L"pDb", pszFunction);
-    const OdDbDictionaryPtr pNamedObjects = pDb->getNamedObjectsDictionaryId().openObject();
-    if (!pNamedObjects)
-        throw OdError_InvalidValue(eNullObjectPointer, L"pNamedObjectsDictionary", pszFunction);
-    OdDbDictionaryPtr pDictionary = pNamedObjects->getAt(m_strDictionaryName, OdDb::kForRead);
-    if (!pDictionary)
-        pDictionary = CreateDictionary(*pNamedObjects, m_strDictionaryName);
-    if (!pDictionary)
-        throw OdError_InvalidValue(eNullObjectPointer, L"pDictionary", pszFunction);
-    return pDictionary;
+    return OpenObjectDictionary<OdError_InvalidValue>(pDb, m_strDictionaryName, L"CBSystemLabel::GetDictionary");
 }
 
 static OdDbDictionaryPtr RequireDictionary(const OdDbDatabase* pDb, const OdChar* pszFunction)
@@ -75,9 +56,7 @@ OdDbObjectId CBSystemLabel::Initialize(const OdDbDatabase* pDb, const OdString& 
     m_strGuid = strGuid.isEmpty() || IsNullGuid(strGuid) ? CreateGuid() : strGuid;
     m_strLabel = strLabel;
     const OdDbDictionaryPtr pDictionary = RequireDictionary(pDb, pszFunction);
-    pDictionary->upgradeOpen();
-    const OdDbObjectId id = pDictionary->setAt(m_strGuid, this);
-    pDictionary->downgradeOpen();
+    const OdDbObjectId id = PutInDictionary(*pDictionary, m_strGuid, *this);
     SetReferencedObjectIds(ids);
     return id;
 }
@@ -99,9 +78,7 @@ void CBSystemLabel::SetGuid(const OdString& strGuid)
         pDictionary->downgradeOpen();
     }
     m_strGuid = strTrimmed;
-    pDictionary->upgradeOpen();
-    pDictionary->setAt(m_strGuid, this);
-    pDictionary->downgradeOpen();
+    PutInDictionary(*pDictionary, m_strGuid, *this);
 }
 
 OdString CBSystemLabel::GetGuid() const

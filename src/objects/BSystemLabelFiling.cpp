@@ -9,11 +9,6 @@
 // ---- DWG-style filers
 // ------------------------------------------------------------------------------------------------
 
-static bool IsCopyWithinDrawing(const OdDbFiler& filer)
-{
-    return filer.filerType() == OdDbFiler::kCopyFiler || filer.filerType() == OdDbFiler::kDeepCloneFiler;
-}
-
 OdResult CBSystemLabel::dwgInFields(OdDbDwgFiler* pFiler)
 {
     assertWriteEnabled();
@@ -30,16 +25,16 @@ OdResult CBSystemLabel::dwgInFields(OdDbDwgFiler* pFiler)
     return eOk;
 }
 
-// A recorded state is put back as it is, without a look at the dictionary. A copy within the drawing cannot have the
-// GUID of the original, for that is the original's key in the dictionary.
+// A recorded state is put back as it is, without a look at the dictionary.
 void CBSystemLabel::ReadGuid(OdDbDwgFiler& filer)
 {
     const OdString strGuid = filer.rdString();
-    if (filer.filerType() == OdDbFiler::kUndoFiler)
+    const OdDbDictionaryPtr pDictionary = database() ? GetDictionary(database()) : OdDbDictionaryPtr();
+    if (IsPutBack(*this, filer))
         m_strGuid = strGuid;
-    else if (!IsCopyWithinDrawing(filer))
+    else if (!NeedsOwnGuid(*this, filer, strGuid, pDictionary.get()))
         SetGuid(strGuid);
-    else if (m_strGuid.isEmpty() && database())
+    else if (m_strGuid.isEmpty() && pDictionary)
         SetGuid(CreateGuid());
     else if (m_strGuid.isEmpty())
         m_strGuid = CreateGuid();
@@ -48,7 +43,7 @@ void CBSystemLabel::ReadGuid(OdDbDwgFiler& filer)
 void CBSystemLabel::ReadLabel(OdDbDwgFiler& filer)
 {
     const OdString strLabel = filer.rdString();
-    if (filer.filerType() == OdDbFiler::kUndoFiler)
+    if (IsPutBack(*this, filer))
         m_strLabel = strLabel;
     else
         SetLabel(strLabel);

@@ -156,6 +156,8 @@ struct HostCommands
     std::wstring parsedText;
     std::function<void()> whileParsing;
     OdDbObjectIdArray parsedIds;
+    OdResBufPtr viewerAnswer;             ///< of VIEWERGETEXTENTS
+    std::vector<std::string> viewerCalls; ///< what the viewer was told to do
 
     static HostCommands& get()
     {
@@ -195,6 +197,36 @@ inline void sortTexts(OdEdCommandContext* context)
     context->funcIO()->setResult(CadCommands::SetParameterOdString(L"TEXT", OdString(commands.parsedText)).get());
 }
 
+inline std::string shown(const OdGePoint3d& point)
+{
+    return std::to_string(point.x) + " " + std::to_string(point.y) + " " + std::to_string(point.z);
+}
+
+inline void getViewExtents(OdEdCommandContext* context)
+{
+    HostCommands& commands = HostCommands::get();
+    OdDbObjectIdArray ids;
+    const OdDbCommandContextPtr drawing = OdDbCommandContext::cast(context);
+    CadCommands::ResBufGetObjectIdArray(parameter(context, L"OBJECTIDARRAY"), drawing->database(), ids);
+    std::string call = "extents of";
+    for (const OdDbObjectId& id : ids)
+        call += " " + odStringToUtf8(id.getHandle().ascii());
+    commands.viewerCalls.push_back(call);
+    context->funcIO()->setResult(commands.viewerAnswer);
+}
+
+inline void zoomToExtents(OdEdCommandContext* context)
+{
+    OdGeExtents3d extents;
+    CadCommands::ResBufGetOdGeExtents3d(parameter(context, L"EXTENTS"), extents);
+    HostCommands::get().viewerCalls.push_back("zoom " + shown(extents.minPoint()) + ", " + shown(extents.maxPoint()));
+}
+
+inline void dollyToPoint(OdEdCommandContext* context)
+{
+    HostCommands::get().viewerCalls.push_back("dolly " + shown(parameter(context, L"POINT")->getPoint3d()));
+}
+
 /// The SDK with the module loaded, for the whole program.
 class Program : public ::testing::Environment
 {
@@ -206,6 +238,9 @@ public:
         odrxDynamicLinker()->loadApp(kModuleName, false);
         odedRegCmds()->addCommand(L"Quend.Zol.Cad.SelectionSet", L"SELECTIONSETGET", L"", 0, &getSelectionSet);
         odedRegCmds()->addCommand(L"Quend.Zol.Cad.TextParser", L"TEXTPARSERSORT", L"", 0, &sortTexts);
+        odedRegCmds()->addCommand(L"Quend.Zol.Cad.Viewer", L"VIEWERGETEXTENTS", L"", 0, &getViewExtents);
+        odedRegCmds()->addCommand(L"Quend.Zol.Cad.Viewer", L"ZOOMEXTENTS", L"", 0, &zoomToExtents);
+        odedRegCmds()->addCommand(L"Quend.Zol.Cad.Viewer", L"DOLLY", L"", 0, &dollyToPoint);
     }
     void TearDown() override
     {

@@ -3,6 +3,7 @@
 
 #include "BSystemLabel.h"
 #include "CommandHandler.h"
+#include "DrawingBorderData.h"
 #include "OdError.h"
 #include "UserIO.h"
 #include "ZolExtendedData.h"
@@ -13,19 +14,31 @@
 #include "module/registration/DebugEntityDrawableOverrule.h"
 
 static constexpr void (*kRegistration[])() = {
-    &CCommandHandler::rxInit,  &CCommandHandlerCallback::rxInit,
-    &CCommandReactor::rxInit,  &CBaseIO::rxInit,
-    &CFunctionIO::rxInit,      &CStringIO::rxInit,
-    &CUserIO::rxInit,          &CBSystemLabel::rxInit,
-    &CZolExtendedData::rxInit, &CDebugEntityDrawableOverrule::rxInit,
+    &CCommandHandler::rxInit,
+    &CCommandHandlerCallback::rxInit,
+    &CCommandReactor::rxInit,
+    &CBaseIO::rxInit,
+    &CFunctionIO::rxInit,
+    &CStringIO::rxInit,
+    &CUserIO::rxInit,
+    &CDrawingBorderData::rxInit,
+    &CBSystemLabel::rxInit,
+    &CZolExtendedData::rxInit,
+    &CDebugEntityDrawableOverrule::rxInit,
 };
 
 static constexpr OdRxClass** kDeletion[] = {
-    &CCommandHandler::g_pDesc,  &CCommandHandlerCallback::g_pDesc,
-    &CCommandReactor::g_pDesc,  &CBaseIO::g_pDesc,
-    &CFunctionIO::g_pDesc,      &CStringIO::g_pDesc,
-    &CUserIO::g_pDesc,          &CBSystemLabel::g_pDesc,
-    &CZolExtendedData::g_pDesc, &CDebugEntityDrawableOverrule::g_pDesc,
+    &CCommandHandler::g_pDesc,
+    &CCommandHandlerCallback::g_pDesc,
+    &CCommandReactor::g_pDesc,
+    &CBaseIO::g_pDesc,
+    &CFunctionIO::g_pDesc,
+    &CStringIO::g_pDesc,
+    &CUserIO::g_pDesc,
+    &CDrawingBorderData::g_pDesc,
+    &CBSystemLabel::g_pDesc,
+    &CZolExtendedData::g_pDesc,
+    &CDebugEntityDrawableOverrule::g_pDesc,
 };
 
 void RegisterClasses()

@@ -11,6 +11,7 @@
 #include "framework/RegisteredApplication.h"
 #include "framework/TransactionCommands.h"
 #include "labels/LabelCommands.h"
+#include "objects/DrawingBorderCommands.h"
 
 /** The CModuleCad is the one object of the module. Its initApp registers all classes and commands, in the order of
    their tables, and attaches the reactor that tells handlers of their commands; its uninitApp takes all of that away
@@ -39,11 +40,18 @@ protected:
 private:
     // The commands in the order in which they are registered.
     using Commands = std::tuple<                                   //
+        OdStaticRxObject<CCommandDefineDrawingBorderColumnsLines>, //
+        OdStaticRxObject<CCommandDefineDrawingBorder>,             //
+        OdStaticRxObject<CCommandDrawingBorderGetDictionaryId>,    //
+        OdStaticRxObject<CCommandDrawingBorderGetAllIds>,          //
+        OdStaticRxObject<CCommandDrawingBorderGetDrawingBorder>,   //
         OdStaticRxObject<CCommandCreateAnnotation>,                //
         OdStaticRxObject<CCommandModifyAnnotation>,                //
         OdStaticRxObject<CCommandDeleteAnnotation>,                //
         OdStaticRxObject<CCommandBSystemLabelCreate>,              //
         OdStaticRxObject<CCommandBSystemLabelCreateFromSelection>, //
+        OdStaticRxObject<CCommandBSystemLabelDelete>,              //
+        OdStaticRxObject<CCommandBSystemLabelDolly>,               //
         OdStaticRxObject<CCommandBSystemLabelGetAllIds>,           //
         OdStaticRxObject<CCommandBSystemLabelGetAllNames>,         //
         OdStaticRxObject<CCommandBSystemLabelGetDictionaryId>,     //
@@ -52,6 +60,7 @@ private:
         OdStaticRxObject<CCommandBSystemLabelGetIdFromName>,       //
         OdStaticRxObject<CCommandBSystemLabelGetSelectedIds>,      //
         OdStaticRxObject<CCommandBSystemLabelToJson>,              //
+        OdStaticRxObject<CCommandBSystemLabelZoom>,                //
         OdStaticRxObject<CCommandRegisterCustomApplication>,       //
         OdStaticRxObject<CCommandStartTransaction>,                //
         OdStaticRxObject<CCommandEndTransaction>,                  //

@@ -33,8 +33,15 @@ const struct
     const OdChar* name;
     OdUInt32 flags;
 } kCommands[] = {
+    {L"Quend.Zol.Cad.DrawingBorder", L"DEFINEDRAWINGBORDERCOLUMNLINES", 0x20000000},
+    {L"Quend.Zol.Cad.DrawingBorder", L"DEFINEDRAWINGBORDER", 0x20000000},
+    {L"Quend.Zol.Cad.DrawingBorder", L"DRAWINGBORDERGETDICTIONARYID", 0x11000000},
+    {L"Quend.Zol.Cad.DrawingBorder", L"DRAWINGBORDERGETALLIDS", 0x11000000},
+    {L"Quend.Zol.Cad.DrawingBorder", L"GETDRAWINGBORDER", 0x11000000},
     {L"Quend.Zol.Cad.BSystemLabel", L"BSYSTEMLABELCREATE", 0x30000000},
     {L"Quend.Zol.Cad.BSystemLabel", L"BSYSTEMLABELCREATEFROMSELECTION", 0x34000000},
+    {L"Quend.Zol.Cad.BSystemLabel", L"BSYSTEMLABELDELETE", 0x20000000},
+    {L"Quend.Zol.Cad.BSystemLabel", L"BSYSTEMLABELDOLLY", 0x01000000},
     {L"Quend.Zol.Cad.BSystemLabel", L"BSYSTEMLABELGETALLIDS", 0x11000000},
     {L"Quend.Zol.Cad.BSystemLabel", L"BSYSTEMLABELGETALLNAMES", 0x11000000},
     {L"Quend.Zol.Cad.BSystemLabel", L"BSYSTEMLABELGETDICTIONARYID", 0x11000000},
@@ -43,6 +50,7 @@ const struct
     {L"Quend.Zol.Cad.BSystemLabel", L"BSYSTEMLABELGETIDFROMNAME", 0x11000000},
     {L"Quend.Zol.Cad.BSystemLabel", L"BSYSTEMLABELGETSELECTEDIDS", 0x10000000},
     {L"Quend.Zol.Cad.BSystemLabel", L"BSYSTEMLABELTOJSON", 0x11000000},
+    {L"Quend.Zol.Cad.BSystemLabel", L"BSYSTEMLABELZOOM", 0x01000000},
     {L"Quend.Zol.Cad.ExtendedData", L"REGISTERCUSTOMAPPLICATION", 0x21000000},
     {L"Quend.Zol.Cad.Transaction", L"TRANSACTIONSTART", 0x01000000},
     {L"Quend.Zol.Cad.Transaction", L"TRANSACTIONEND", 0x05000000},
@@ -173,6 +181,9 @@ TEST_F(ModuleTest, FramesNameWhatIsMissing)
     } rows[] = {
         {L"BSYSTEMLABELCREATE", "CCommandBSystemLabelCreate", true, true},
         {L"BSYSTEMLABELCREATEFROMSELECTION", "CCommandBSystemLabelCreateFromSelection", true, true},
+        {L"BSYSTEMLABELDELETE", "CCommandBSystemLabelDelete", true, true},
+        {L"BSYSTEMLABELDOLLY", "CCommandBSystemLabelDolly", true, true},
+        {L"BSYSTEMLABELZOOM", "CCommandBSystemLabelZoom", true, true},
         {L"BSYSTEMLABELGETALLIDS", "CCommandBSystemLabelGetAllIds", true, true},
         {L"BSYSTEMLABELGETALLNAMES", "CCommandBSystemLabelGetAllNames", true, true},
         {L"BSYSTEMLABELGETDICTIONARYID", "CCommandBSystemLabelGetDictionaryId", true, true},

@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "DbIdMapping.h"
+#include "ItemsDwgFiler.h"
 #include "ItemsDxfFiler.h"
 #include "framework/Json.h"
 
@@ -103,6 +104,58 @@ TEST_F(LabelFilingTest, DxfGroupsInAnyOtherOrderAreRefused)
     EXPECT_EQ(referencesOf(id), (std::vector{line, db->getOdDbObjectId(OdDbHandle(0xFFFF))}));
     EXPECT_EQ(markOf(line), "") << "reading makes no marks";
     EXPECT_EQ(write(id).back(), std::make_pair(340, OdString(L"FFFF"))) << "what names nothing is written back";
+}
+
+// ---- DWG-style
+// -------------------------------------------------------------------------------------------------------
+
+constexpr OdDbFiler::FilerType kAllFilers[] = {
+    OdDbFiler::kFileFiler,    OdDbFiler::kCopyFiler,        OdDbFiler::kUndoFiler,      OdDbFiler::kBagFiler,
+    OdDbFiler::kIdXlateFiler, OdDbFiler::kPageFiler,        OdDbFiler::kDeepCloneFiler, OdDbFiler::kIdFiler,
+    OdDbFiler::kPurgeFiler,   OdDbFiler::kWblockCloneFiler,
+};
+
+TEST_F(LabelFilingTest, EveryTypeOfFilerGetsAndBringsItsItems)
+{
+    const std::vector<OdDbObjectId> lines = addLines(2);
+    const OdString first = lines[0].getHandle().ascii(), second = lines[1].getHandle().ascii();
+    for (const OdDbFiler::FilerType type : kAllFilers)
+    {
+        const OdDbObjectId id = addLabel(lines, L" E ", kGuid);
+        const auto common = OdRxObjectImpl<ItemsDwgFiler>::createObject(db.get(), type);
+        openLabel(id)->OdDbObject::dwgOutFields(common);
+        DwgItems items = common->items;
+        if (type == OdDbFiler::kWblockCloneFiler)
+            items.emplace_back("hardPointer", CBSystemLabel::GetDictionary(db)->objectId().getHandle().ascii());
+        const std::size_t version = items.size();
+        for (const auto& item : DwgItems{{"int16", L"1"},
+                                         {"string", kGuid},
+                                         {"string", L" E "},
+                                         {"int32", L"2"},
+                                         {"hardPointer", first},
+                                         {"hardPointer", second}})
+            items.push_back(item);
+        const auto out = OdRxObjectImpl<ItemsDwgFiler>::createObject(db.get(), type);
+        openLabel(id)->dwgOutFields(out);
+        EXPECT_EQ(out->items, items) << type;
+
+        items[version + 1].second = L" 'new' ";
+        items[version + 2].second = L" 'F' ";
+        std::swap(items[version + 4], items[version + 5]);
+        const auto in = OdRxObjectImpl<ItemsDwgFiler>::createObject(db.get(), type, items);
+        EXPECT_EQ(openLabel(id, OdDb::kForWrite)->dwgInFields(in), eOk) << type;
+        EXPECT_TRUE(in->isAtEnd()) << type;
+        EXPECT_EQ(CBSystemLabel::GetDictionary(db)->nameAt(id), L"new") << type;
+        EXPECT_EQ(openLabel(id)->GetGuid(), L"new") << type;
+        EXPECT_EQ(openLabel(id)->GetLabel(), L"F") << type;
+        EXPECT_EQ(referencesOf(id), (std::vector{lines[1], lines[0]})) << type;
+
+        items[version].second = L"2";
+        const auto later = OdRxObjectImpl<ItemsDwgFiler>::createObject(db.get(), type, items);
+        EXPECT_EQ(openLabel(id, OdDb::kForWrite)->dwgInFields(later), 1) << type;
+        EXPECT_EQ(later->tell(), version + 1) << "nothing more is read";
+        erase(id);
+    }
 }
 
 // ---- Copies

@@ -1,0 +1,260 @@
+// Attacks drawing borders as objects: identity and dictionary, corners, lists and their validity, undo.
+#include "support/PluginTest.h"
+
+#include "DbUserIO.h"
+#include "DbXrecord.h"
+#include "DrawingBorderData.h"
+
+using namespace plugintest;
+
+namespace
+{
+
+constexpr const OdChar* kNullGuid = L"00000000-0000-0000-0000-000000000000";
+
+class DrawingBorderTest : public PluginTest
+{
+protected:
+    OdDbDictionaryPtr dictionary() { return CDrawingBorderData::GetDictionary(db); }
+    OdDbObjectId addBorder(const OdString& guid = OdString())
+    {
+        const CDrawingBorderDataPtr border = CDrawingBorderData::createObject();
+        return border->Initialize(db, guid);
+    }
+    static CDrawingBorderDataPtr open(OdDbObjectId id, OdDb::OpenMode mode = OdDb::kForRead)
+    {
+        return CDrawingBorderDataPtr(id.safeOpenObject(mode, true));
+    }
+    std::string keyOf(OdDbObjectId id) { return odStringToUtf8(dictionary()->nameAt(id)); }
+    static OdStringArray strings(const std::vector<const OdChar*>& values)
+    {
+        OdStringArray array;
+        for (const OdChar* value : values)
+            array.append(value);
+        return array;
+    }
+};
+
+// ---- Identity
+// --------------------------------------------------------------------------------------------------------
+
+TEST_F(DrawingBorderTest, TheClassIsRegisteredOnce)
+{
+    EXPECT_EQ(thrownBy([] { CDrawingBorderData::rxInit(); }).code, 313);
+    const OdRxClass* record = CDrawingBorderData::desc();
+    EXPECT_EQ(record->name(), L"CDrawingBorderData");
+    EXPECT_EQ(record->dxfName(), L"CDRAWINGBORDERDATA");
+    EXPECT_EQ(record->appName(), L"Quend.Zol.Cad.tx");
+    EXPECT_TRUE(record->isDerivedFrom(OdDbObject::desc()));
+}
+
+TEST_F(DrawingBorderTest, TheDictionaryIsMadeOnce)
+{
+    EXPECT_EQ(thrownBy([] { CDrawingBorderData::GetDictionary(nullptr); }),
+              argumentFault(122, "pDb", "CDrawingBorderData::GetDictionary"));
+    const OdDbDatabasePtr bare = OdDbDatabase::createObject();
+    EXPECT_EQ(thrownBy([&] { CDrawingBorderData::GetDictionary(bare); }),
+              argumentFault(20, "pNamedObjectsDictionary", "CDrawingBorderData::GetDictionary"));
+    const OdDbObjectId id = dictionary()->objectId();
+    EXPECT_EQ(dictionary()->objectId(), id);
+    const OdDbDictionaryPtr named = db->getNamedObjectsDictionaryId().safeOpenObject(OdDb::kForWrite);
+    EXPECT_EQ(named->getAt(L"zol_drawingborderdata"), id);
+    named->setAt(L"ZOL_DRAWINGBORDERDATA", OdDbXrecord::createObject());
+    EXPECT_EQ(thrownBy([&] { dictionary(); }).type, "OdError_NotThatKindOfClass");
+}
+
+TEST_F(DrawingBorderTest, InitializeKeepsTheGuidAsGiven)
+{
+    EXPECT_EQ(keyOf(addBorder(L" {odd} ")), " {odd} ");
+    for (const OdChar* none : {L"", kNullGuid})
+    {
+        const std::string made = keyOf(addBorder(none));
+        ASSERT_EQ(made.size(), 36u);
+        EXPECT_EQ(made.find_first_of("{}"), std::string::npos);
+        EXPECT_NE(made, odStringToUtf8(kNullGuid));
+    }
+    EXPECT_EQ(dictionary()->numEntries(), 3u);
+    const CDrawingBorderDataPtr loose = CDrawingBorderData::createObject();
+    EXPECT_TRUE(loose->Initialize(nullptr, L"x").isNull());
+    EXPECT_FALSE(loose->isDBRO());
+    const OdDbObjectId id = addBorder(L"x");
+    EXPECT_EQ(thrownBy([&] { open(id)->Initialize(db, L"y"); }).code, eNotOpenForWrite);
+}
+
+TEST_F(DrawingBorderTest, SetGuidMovesTheEntry)
+{
+    const OdDbObjectId id = addBorder(L"aaaa");
+    const struct
+    {
+        const OdChar* guid;
+        const char* key;
+    } rows[] = {
+        {L" \t\n\"'bbbb'\" ", "bbbb"}, {L"BBBB", "bbbb"},     {L"", "bbbb"},    {L" '\" ", "bbbb"},
+        {kNullGuid, "bbbb"},           {L"{cccc}", "{cccc}"}, {L" 'ÄÖ'", "ÄÖ"}, {L"äö", "ÄÖ"},
+    };
+    for (const auto& row : rows)
+    {
+        open(id, OdDb::kForWrite)->setGuid(row.guid);
+        EXPECT_EQ(keyOf(id), row.key) << odStringToUtf8(row.guid);
+        EXPECT_EQ(dictionary()->numEntries(), 1u);
+    }
+    EXPECT_EQ(thrownBy([&] { open(id)->setGuid(L"dddd"); }).code, eNotOpenForWrite);
+    const CDrawingBorderDataPtr loose = CDrawingBorderData::createObject();
+    EXPECT_EQ(thrownBy([&] { loose->setGuid(L"x"); }), argumentFault(122, "pDb", "CDrawingBorderData::GetDictionary"));
+}
+
+TEST_F(DrawingBorderTest, AnEntryOfAnotherBorderUnderTheOldGuidStays)
+{
+    const OdDbObjectId first = addBorder(L"aaaa");
+    const OdDbDictionaryPtr entries = dictionary();
+    entries->upgradeOpen();
+    entries->remove(L"aaaa");
+    entries->downgradeOpen();
+    const OdDbObjectId second = addBorder(L"aaaa");
+    open(first, OdDb::kForWrite)->setGuid(L"bbbb");
+    EXPECT_EQ(keyOf(first), "bbbb");
+    EXPECT_EQ(keyOf(second), "aaaa");
+}
+
+TEST_F(DrawingBorderTest, UpdateGuidAsksWithThePresentOneAsDefault)
+{
+    const OdDbObjectId id = addBorder(L"aaaa");
+    const CCommandHandlerPtr handler = CCommandHandler::createObject(L"X", db, host);
+    const CDrawingBorderDataPtr border = open(id, OdDb::kForWrite);
+    EXPECT_EQ(thrownBy([&] { border->UpdateGuid(nullptr); }),
+              argumentFault(417, "pIO", "CDrawingBorderData::UpdateGuid"));
+    const struct
+    {
+        const OdChar* answer;
+        const char* key;
+    } rows[] = {{L"", "aaaa"}, {L" 'bbbb'", "bbbb"}, {L"", "bbbb"}, {kNullGuid, "bbbb"}};
+    for (const auto& row : rows)
+    {
+        const std::string before = keyOf(id);
+        host->answers = {row.answer};
+        border->UpdateGuid(handler->dbUserIO());
+        EXPECT_NE(host->prompts.back().find(before), std::string::npos) << host->prompts.back();
+        EXPECT_EQ(keyOf(id), row.key);
+    }
+    EXPECT_THROW(border->UpdateGuid(handler->dbUserIO()), OdEdCancel);
+    EXPECT_EQ(thrownBy([&] { open(addBorder())->UpdateGuid(nullptr); }).code, eNotOpenForWrite)
+        << "writing is required before anything else";
+}
+
+// ---- What it holds
+// ---------------------------------------------------------------------------------------------------
+
+TEST_F(DrawingBorderTest, CornersAreSorted)
+{
+    const struct
+    {
+        OdGePoint3d given[2];
+        OdGePoint3d first, second;
+    } rows[] = {
+        {{{10, 0, 5}, {0, 20, 1}}, {0, 20, 1}, {10, 0, 5}},
+        {{{0, 20, 1}, {10, 0, 5}}, {0, 20, 1}, {10, 0, 5}},
+        {{{0, 0, 0}, {10, 20, 5}}, {0, 20, 0}, {10, 0, 5}},
+        {{{-1, -2, -3}, {-1, -2, -3}}, {-1, -2, -3}, {-1, -2, -3}},
+    };
+    const CDrawingBorderDataPtr border = CDrawingBorderData::createObject();
+    EXPECT_FALSE(border->AreCornersValid());
+    for (const auto& row : rows)
+    {
+        border->SetCorners(row.given[0], row.given[1]);
+        EXPECT_TRUE(border->AreCornersValid());
+        EXPECT_EQ(border->GetCorners(), std::make_pair(row.first, row.second));
+        border->ForceCornersInvalid();
+        EXPECT_FALSE(border->AreCornersValid());
+        EXPECT_EQ(border->GetCorners().first, row.first) << "the corners stay";
+    }
+}
+
+TEST_F(DrawingBorderTest, ListsBecomeValidAndStaySo)
+{
+    const struct
+    {
+        std::vector<const OdChar*> columns, lines;
+        bool valid; ///< of a border that had no list before
+    } rows[] = {
+        {{}, {}, false}, {{L"1"}, {}, false}, {{}, {L"A"}, false}, {{L""}, {L""}, true}, {{L"1", L"1"}, {L"A"}, true},
+    };
+    for (const auto& row : rows)
+        for (const bool wasValid : {false, true})
+        {
+            const CDrawingBorderDataPtr border = CDrawingBorderData::createObject();
+            EXPECT_FALSE(border->AreColumnLinesValid());
+            if (wasValid)
+                border->SetColumnLineIds(strings({L"9"}), strings({L"Z"}));
+            border->SetColumnLineIds(strings(row.columns), strings(row.lines));
+            EXPECT_EQ(border->AreColumnLinesValid(), row.valid || wasValid);
+            OdStringArray columns = strings({L"old"}), lines = columns;
+            border->GetColumnLineIds(columns, lines);
+            EXPECT_EQ(columns, strings(row.columns));
+            EXPECT_EQ(lines, strings(row.lines));
+            EXPECT_EQ(border->GetColumnIds(), columns);
+            EXPECT_EQ(border->GetLineIds(), lines);
+            border->ForceColumnLinesInvalid();
+            EXPECT_FALSE(border->AreColumnLinesValid());
+            EXPECT_EQ(border->GetLineIds(), lines);
+        }
+}
+
+TEST_F(DrawingBorderTest, NothingIsChangedOrReadUnlessItIsOpen)
+{
+    const OdDbObjectId id = addBorder();
+    const CDrawingBorderDataPtr border = open(id);
+    const std::function<void()> changes[] = {
+        [&] { border->SetCorners({}, {}); },
+        [&] { border->ForceCornersInvalid(); },
+        [&] { border->SetColumnLineIds({}, {}); },
+        [&] { border->ForceColumnLinesInvalid(); },
+        [&] { border->Delete(true); },
+    };
+    for (const auto& change : changes)
+        EXPECT_EQ(thrownBy(change).code, eNotOpenForWrite);
+}
+
+TEST_F(DrawingBorderTest, EveryChangeIsUndoneAndRedone)
+{
+    const OdDbObjectId id = addBorder(L" aaaa ");
+    open(id, OdDb::kForWrite)->SetColumnLineIds(strings({L"1"}), strings({L"A", L"B"}));
+    const auto state = [&]
+    {
+        const CDrawingBorderDataPtr border = open(id);
+        std::string text = keyOf(id) + (border->isErased() ? " erased" : "") + (border->IsDeleted() ? " deleted" : "");
+        text += (border->AreCornersValid() ? " corners " : " ") + std::to_string(border->GetCorners().second.x);
+        text += border->AreColumnLinesValid() ? " lists" : "";
+        return text + std::to_string(border->GetColumnIds().size()) + std::to_string(border->GetLineIds().size());
+    };
+    const std::function<void(CDrawingBorderData&)> changes[] = {
+        [](CDrawingBorderData& border) {
+            border.SetCorners({0, 0, 0}, {5, 6, 7});
+        },
+        [](CDrawingBorderData& border) { border.SetColumnLineIds({}, strings({L"C"})); },
+        [](CDrawingBorderData& border) { border.ForceColumnLinesInvalid(); },
+        [](CDrawingBorderData& border) { border.ForceCornersInvalid(); },
+        [](CDrawingBorderData& border) { border.setGuid(L"bbbb"); },
+        [](CDrawingBorderData& border) { border.Delete(true); },
+        [](CDrawingBorderData& border) { border.erase(); },
+    };
+    std::vector<std::string> states = {state()};
+    for (const auto& change : changes)
+    {
+        db->startUndoRecord();
+        change(*open(id, OdDb::kForWrite));
+        states.push_back(state());
+        ASSERT_NE(states.back(), states[states.size() - 2]);
+    }
+    for (std::size_t i = states.size() - 1; i > 0; --i)
+    {
+        db->undo();
+        EXPECT_EQ(state(), states[i - 1]);
+    }
+    for (std::size_t i = 1; i < states.size(); ++i)
+    {
+        db->redo();
+        EXPECT_EQ(state(), states[i]);
+    }
+}
+
+} // namespace
