@@ -151,6 +151,15 @@ void OdDbLayerTableRecord::setLineWeight(OdDb::LineWeight lineWeight)
     kFields.setInteger(*this, 370, lineWeight);
 }
 
+OdCmTransparency OdDbLayerTableRecord::transparency() const
+{
+    OdCmTransparency transparency(static_cast<OdUInt8>(255));
+    for (OdResBufPtr element = xData(L"AcCmTransparency"); !element.isNull(); element = element->next())
+        if (element->restype() == 1071)
+            transparency.serializeIn(static_cast<OdUInt32>(element->getInt32()));
+    return transparency;
+}
+
 OdDbObjectId OdDbLayerTableRecord::plotStyleNameId() const
 {
     return kFields.stub(*this, 390);

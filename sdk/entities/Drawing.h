@@ -1,9 +1,10 @@
 // Steps that the drawing of several kinds of entities shares.
 #pragma once
 
-#include <span>
+#include <vector>
 
 #include "DbObjectId.h"
+#include "Gi/GiPolyline.h"
 #include "Gi/GiWorldDraw.h"
 #include "entities/Ocs.h"
 
@@ -17,21 +18,11 @@ inline void setThickness(OdGiWorldDraw& worldDraw, double thickness)
         worldDraw.subEntityTraits().setThickness(thickness);
 }
 
-/// One vertex of a flat polyline in the coordinates of its plane; bulge and widths are those of the segment that
-/// starts here.
-struct BulgeVertex
-{
-    double x = 0.0;
-    double y = 0.0;
-    double bulge = 0.0;
-    double startWidth = 0.0;
-    double endWidth = 0.0;
-};
+using BulgeVertex = OdGiPolyline::Vertex;
 
-/// Draws straight segments as lines, bulges as arcs, and segments with a width as the outline of the filled strip. The
-/// strips of neighbouring segments are not mitred.
-void drawBulgePolyline(OdGiWorldDraw& worldDraw, std::span<const BulgeVertex> vertices, bool closed,
-                       const ocs::Frame& frame, double elevation);
+/// Draws a flat polyline; its vertices are in the coordinates of the frame's plane.
+void drawBulgePolyline(OdGiWorldDraw& worldDraw, std::vector<BulgeVertex> vertices, bool closed,
+                       const ocs::Frame& frame, double elevation, bool plinegen = false);
 
 /// Draws the entities of a block definition with the transforms in force. Definitions that are being drawn already end
 /// the recursion, and so do references nested deeper than kDeepestNesting. Attribute definitions are left out

@@ -379,7 +379,7 @@ bool OdDbPolyline::subWorldDraw(OdGiWorldDraw* worldDraw) const
             shape.back().startWidth = shape.back().endWidth = constantWidth;
     }
     drawing::setThickness(*worldDraw, fields.real(39));
-    drawing::drawBulgePolyline(*worldDraw, shape, fields.flag(70, kClosed), ocs::frameOf(fields.normal()),
-                               fields.real(38));
+    drawing::drawBulgePolyline(*worldDraw, std::move(shape), fields.flag(70, kClosed), ocs::frameOf(fields.normal()),
+                               fields.real(38), fields.flag(70, kPlinegen));
     return true;
 }

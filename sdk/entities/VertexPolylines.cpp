@@ -18,7 +18,8 @@ enum Flag
 {
     kClosed = 1,
     kFitted = 2,
-    kSplined = 4
+    kSplined = 4,
+    kPlinegen = 128
 };
 
 enum CurveType
@@ -174,7 +175,7 @@ bool OdDb2dPolyline::subWorldDraw(OdGiWorldDraw* worldDraw) const
     const Reader fields = read<k2dPolyline>(*this);
     drawing::setThickness(*worldDraw, fields.real(39));
     drawing::drawBulgePolyline(*worldDraw, shapeOf(*this), fields.flag(70, kClosed), ocs::frameOf(fields.normal()),
-                               fields.point(10).z);
+                               fields.point(10).z, fields.flag(70, kPlinegen));
     return true;
 }
 

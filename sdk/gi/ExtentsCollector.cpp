@@ -59,6 +59,49 @@ bool runAlongAxes(const OdGeVector3d& first, const OdGeVector3d& second)
     return isAlongAxis(first) && isAlongAxis(second);
 }
 
+/// The box around the part of space that a clip leaves: endless along an axis that its plane stands upright on.
+OdGeExtents3d roomOf(const OdGiClipBoundary& boundary, const OdGeMatrix3d& toWorld)
+{
+    constexpr double kFar = 1e15;
+    OdGeExtents2d outline;
+    outline.addPoints(boundary.m_Points);
+    OdGeMatrix3d fromClipSpace = boundary.m_xToClipSpace;
+    if (!outline.isValidExtents() || fromClipSpace.isSingular())
+        return OdGeExtents3d(OdGePoint3d(-kFar, -kFar, -kFar), OdGePoint3d(kFar, kFar, kFar));
+    fromClipSpace = toWorld * fromClipSpace.invert();
+    const OdGePoint2d& low = outline.minPoint();
+    const OdGePoint2d& high = outline.maxPoint();
+    std::vector<OdGePoint2d> corners(boundary.m_Points.begin(), boundary.m_Points.end());
+    if (corners.size() < 3)
+        corners = {low, {high.x, low.y}, high, {low.x, high.y}};
+    const OdGeVector3d through = fromClipSpace * OdGeVector3d(0.0, 0.0, kFar);
+    OdGeExtents3d room;
+    for (const OdGePoint2d& corner : corners)
+    {
+        const OdGePoint3d world = fromClipSpace * OdGePoint3d(corner.x, corner.y, 0.0);
+        room.addPoint(world + through);
+        room.addPoint(world - through);
+    }
+    return room;
+}
+
+/// What two boxes have in common; no box when they have nothing.
+OdGeExtents3d commonPart(const OdGeExtents3d& first, const OdGeExtents3d& second)
+{
+    if (!first.isValidExtents())
+        return {};
+    OdGePoint3d low;
+    OdGePoint3d high;
+    for (unsigned int i = 0; i < 3; ++i)
+    {
+        low[i] = std::max(first.minPoint()[i], second.minPoint()[i]);
+        high[i] = std::min(first.maxPoint()[i], second.maxPoint()[i]);
+        if (low[i] > high[i])
+            return {};
+    }
+    return OdGeExtents3d(low, high);
+}
+
 } // namespace
 
 void ExtentsGeometry::addPoint(const OdGePoint3d& world)
@@ -113,7 +156,11 @@ void ExtentsGeometry::ellipArc(const OdGePoint3d& center, const OdGeVector3d& ma
 void ExtentsGeometry::polyline(OdInt32 numPoints, const OdGePoint3d* points, const OdGeVector3d* normal)
 {
     if (!normal)
-        return polygon(numPoints, points);
+    {
+        for (OdInt32 i = 0; i < numPoints; ++i)
+            addPoint(toWorld() * points[i]);
+        return;
+    }
     OdGeExtents3d box;
     for (OdInt32 i = 0; i < numPoints; ++i)
     {
@@ -126,8 +173,31 @@ void ExtentsGeometry::polyline(OdInt32 numPoints, const OdGePoint3d* points, con
 
 void ExtentsGeometry::polygon(OdInt32 numPoints, const OdGePoint3d* points)
 {
-    for (OdInt32 i = 0; i < numPoints; ++i)
-        addPoint(toWorld() * points[i]);
+    polyline(numPoints, points, m_plineNormal);
+}
+
+void ExtentsGeometry::pline(const OdGiPolyline& polyline)
+{
+    m_plineNormal = &polyline.normal;
+    Geometry::pline(polyline);
+    m_plineNormal = nullptr;
+}
+
+void ExtentsGeometry::pushClipBoundary(const OdGiClipBoundary& boundary)
+{
+    m_clips.push_back({m_extents, roomOf(boundary, toWorld())});
+    m_extents = OdGeExtents3d();
+}
+
+void ExtentsGeometry::popClipBoundary()
+{
+    if (m_clips.empty())
+        return;
+    const OdGeExtents3d inside = m_extents;
+    const Clip clip = m_clips.back();
+    m_clips.pop_back();
+    m_extents = clip.before;
+    m_extents.addExt(commonPart(inside, clip.room));
 }
 
 void ExtentsGeometry::text(const OdGePoint3d& position, const OdGeVector3d& normal, const OdGeVector3d& direction,

@@ -2,6 +2,8 @@
 #pragma once
 
 #include "Ge/GeExtents3d.h"
+#include "Gi/GiClipBoundary.h"
+#include "Gi/GiPolyline.h"
 #include "gi/WorldDraw.h"
 
 namespace gi
@@ -10,7 +12,7 @@ namespace gi
 class ExtentsGeometry : public Geometry
 {
 public:
-    explicit ExtentsGeometry(WorldDraw& worldDraw) : Geometry(worldDraw) {}
+    explicit ExtentsGeometry(WorldDraw& worldDraw) : gi::Geometry(worldDraw) {}
 
     const OdGeExtents3d& extents() const { return m_extents; }
 
@@ -20,6 +22,9 @@ public:
                   double startAngle, double endAngle) override;
     void polyline(OdInt32 numPoints, const OdGePoint3d* points, const OdGeVector3d* normal) override;
     void polygon(OdInt32 numPoints, const OdGePoint3d* points) override;
+    void pline(const OdGiPolyline& polyline) override;
+    void pushClipBoundary(const OdGiClipBoundary& boundary) override;
+    void popClipBoundary() override;
     using Geometry::text;
     void text(const OdGePoint3d& position, const OdGeVector3d& normal, const OdGeVector3d& direction,
               const OdChar* message, OdInt32 length, bool raw, const OdGiTextStyle* textStyle) override;
@@ -28,7 +33,15 @@ private:
     void addPoint(const OdGePoint3d& world);
     void addExtruded(const OdGeExtents3d& box, const OdGeVector3d& normal);
 
+    struct Clip
+    {
+        OdGeExtents3d before; ///< what was found in front of the clip
+        OdGeExtents3d room;   ///< of the clip
+    };
+
     OdGeExtents3d m_extents;
+    const OdGeVector3d* m_plineNormal = nullptr; ///< while a flat polyline is drawn
+    std::vector<Clip> m_clips;
 };
 
 /// One collector serves one drawable or several drawn one after the other. Shapes with coordinates that are not finite
@@ -36,7 +49,7 @@ private:
 class ExtentsCollector : public WorldDraw
 {
 public:
-    ExtentsCollector() : WorldDraw(kOdGiForExtents), m_geometry(*this) {}
+    ExtentsCollector() : gi::WorldDraw(kOdGiForExtents), m_geometry(*this) {}
 
     OdGiGeometry& geometry() const override { return m_geometry; }
 

@@ -3,12 +3,12 @@
 
 #include <cmath>
 
+#include "Ge/GePoint2d.h"
 #include "Gi/GiTextStyle.h"
+#include "gi/Inheritance.h"
+#include "gi/PolylineShapes.h"
 #include "gi/TextPlane.h"
 #include "gi/fonts/Shaper.h"
-
-namespace gi
-{
 
 namespace
 {
@@ -17,32 +17,104 @@ constexpr double kFullTurn = 6.28318530717958647692;
 
 } // namespace
 
-Geometry::Geometry(WorldDraw& worldDraw) : m_worldDraw(worldDraw), m_transforms(1, OdGeMatrix3d::kIdentity) {}
+// ---- Looks ---------------------------------------------------------------------------------------------------------
 
-void Geometry::pushModelTransform(const OdGeMatrix3d& xform)
+OdGiBaseVectorizer::OdGiBaseVectorizer(OdGiRegenType regenType) : m_regenType(regenType) {}
+
+OdGiBaseVectorizer::~OdGiBaseVectorizer() = default;
+
+const OdGiSubEntityTraitsData& OdGiBaseVectorizer::effectiveTraits() const
+{
+    if (!m_inheritance)
+        m_inheritance = std::make_unique<gi::Inheritance>();
+    return m_inheritance->effective(m_traits);
+}
+
+bool OdGiBaseVectorizer::isLayerShown() const
+{
+    if (!m_inheritance)
+        m_inheritance = std::make_unique<gi::Inheritance>();
+    const gi::LayerLooks& layer = m_inheritance->looksOf(m_traits.layer());
+    return !layer.isOff && !layer.isFrozen;
+}
+
+bool OdGiBaseVectorizer::isLayerFrozen() const
+{
+    if (!m_inheritance)
+        m_inheritance = std::make_unique<gi::Inheritance>();
+    return m_inheritance->looksOf(m_traits.layer()).isFrozen;
+}
+
+bool OdGiBaseVectorizer::isShown(const OdGiDrawable&, OdUInt32)
+{
+    return true;
+}
+
+// ---- Nested drawing ------------------------------------------------------------------------------------------------
+
+OdGiGeometrySimplifier::OdGiGeometrySimplifier(OdGiBaseVectorizer& vectorizer)
+    : m_worldDraw(vectorizer), m_transforms(1, OdGeMatrix3d::kIdentity)
+{
+}
+
+void OdGiGeometrySimplifier::pushModelTransform(const OdGeMatrix3d& xform)
 {
     m_transforms.push_back(m_transforms.back() * xform);
 }
 
-void Geometry::popModelTransform()
+void OdGiGeometrySimplifier::popModelTransform()
 {
     if (m_transforms.size() > 1)
         m_transforms.pop_back();
 }
 
-void Geometry::circle(const OdGePoint3d& center, double radius, const OdGeVector3d& normal)
+void OdGiGeometrySimplifier::draw(const OdGiDrawable* drawable)
+{
+    const std::size_t depth = m_transforms.size();
+    OdGiSubEntityTraitsToData& traits = m_worldDraw.m_traits;
+    const OdGiSubEntityTraitsData outer = traits.values();
+    traits.setValues(OdGiSubEntityTraitsData());
+    if (begin(*drawable))
+    {
+        if (m_worldDraw.wantsTraits())
+            m_worldDraw.m_inheritance->enter(traits.values());
+        drawable->worldDraw(&m_worldDraw);
+        if (m_worldDraw.wantsTraits())
+            m_worldDraw.m_inheritance->leave();
+    }
+    traits.setValues(outer);
+    m_transforms.resize(depth, OdGeMatrix3d::kIdentity);
+}
+
+/// Asks a drawable for its looks, and the client whether it is to be drawn.
+bool OdGiGeometrySimplifier::begin(const OdGiDrawable& drawable)
+{
+    if (!m_worldDraw.wantsTraits())
+        return m_worldDraw.isShown(drawable, 0);
+    if (!m_worldDraw.m_inheritance)
+        m_worldDraw.m_inheritance = std::make_unique<gi::Inheritance>();
+    OdGiSubEntityTraitsToData& traits = m_worldDraw.m_traits;
+    const OdUInt32 flags = drawable.setAttributes(&traits);
+    if (OdDbStub* layer = m_worldDraw.m_inheritance->layerOf(traits.layer()); layer != traits.layer())
+        traits.setLayer(layer);
+    return m_worldDraw.isShown(drawable, flags);
+}
+
+// ---- Simpler shapes ------------------------------------------------------------------------------------------------
+
+void OdGiGeometrySimplifier::circle(const OdGePoint3d& center, double radius, const OdGeVector3d& normal)
 {
     circularArc(center, radius, normal, normal.perpVector().normal(), kFullTurn, kOdGiArcSimple);
 }
 
-void Geometry::circularArc(const OdGePoint3d& center, double radius, const OdGeVector3d& normal,
-                           const OdGeVector3d& startVector, double sweepAngle, OdGiArcType)
+void OdGiGeometrySimplifier::circularArc(const OdGePoint3d& center, double radius, const OdGeVector3d& normal,
+                                         const OdGeVector3d& startVector, double sweepAngle, OdGiArcType)
 {
     const OdGeVector3d major = startVector * radius;
     ellipArc(center, major, normal.normal().crossProduct(startVector) * radius, 0.0, sweepAngle);
 }
 
-void Geometry::polygon(OdInt32 numPoints, const OdGePoint3d* points)
+void OdGiGeometrySimplifier::polygon(OdInt32 numPoints, const OdGePoint3d* points)
 {
     polyline(numPoints, points);
     if (numPoints > 2)
@@ -52,13 +124,36 @@ void Geometry::polygon(OdInt32 numPoints, const OdGePoint3d* points)
     }
 }
 
-void Geometry::text(const OdGePoint3d& position, const OdGeVector3d& normal, const OdGeVector3d& direction,
-                    const OdChar* message, OdInt32 length, bool raw, const OdGiTextStyle* textStyle)
+void OdGiGeometrySimplifier::shell(OdInt32 numVertices, const OdGePoint3d* vertices, OdInt32 faceListSize,
+                                   const OdInt32* faceList)
+{
+    std::vector<OdGePoint3d> outline;
+    for (OdInt32 at = 0; at < faceListSize;)
+    {
+        const OdInt32 count = std::abs(faceList[at++]);
+        outline.clear();
+        for (const OdInt32 end = std::min(at + count, faceListSize); at < end; ++at)
+        {
+            if (faceList[at] >= 0 && faceList[at] < numVertices)
+                outline.push_back(vertices[faceList[at]]);
+        }
+        polygon(static_cast<OdInt32>(outline.size()), outline.data());
+    }
+}
+
+void OdGiGeometrySimplifier::pline(const OdGiPolyline& polyline)
+{
+    gi::drawPolyline(*this, m_worldDraw, polyline);
+}
+
+void OdGiGeometrySimplifier::text(const OdGePoint3d& position, const OdGeVector3d& normal,
+                                  const OdGeVector3d& direction, const OdChar* message, OdInt32 length, bool raw,
+                                  const OdGiTextStyle* textStyle)
 {
     const OdGiShapedText shaped = odgiShapeText(textStyle ? *textStyle : OdGiTextStyle(), message, length, raw);
     if (!shaped.ink.isValidExtents())
         return;
-    const TextPlane plane(position, normal, direction, shaped.fonts.front().slant);
+    const gi::TextPlane plane(position, normal, direction, shaped.fonts.front().slant);
     const OdGePoint2d& low = shaped.ink.minPoint();
     const OdGePoint2d& high = shaped.ink.maxPoint();
     const OdGePoint3d corners[4] = {plane.at(low.x, low.y), plane.at(high.x, low.y), plane.at(high.x, high.y),
@@ -66,8 +161,9 @@ void Geometry::text(const OdGePoint3d& position, const OdGeVector3d& normal, con
     polygon(4, corners);
 }
 
-void Geometry::text(const OdGePoint3d& position, const OdGeVector3d& normal, const OdGeVector3d& direction,
-                    double height, double width, double oblique, const OdString& message)
+void OdGiGeometrySimplifier::text(const OdGePoint3d& position, const OdGeVector3d& normal,
+                                  const OdGeVector3d& direction, double height, double width, double oblique,
+                                  const OdString& message)
 {
     OdGiTextStyle style;
     style.setTextSize(height);
@@ -76,34 +172,6 @@ void Geometry::text(const OdGePoint3d& position, const OdGeVector3d& normal, con
     text(position, normal, direction, message.c_str(), message.getLength(), true, &style);
 }
 
-void Geometry::xline(const OdGePoint3d&, const OdGePoint3d&) {}
+void OdGiGeometrySimplifier::xline(const OdGePoint3d&, const OdGePoint3d&) {}
 
-void Geometry::ray(const OdGePoint3d&, const OdGePoint3d&) {}
-
-void Geometry::draw(const OdGiDrawable* drawable)
-{
-    const std::size_t depth = m_transforms.size();
-    Traits& traits = m_worldDraw.traits();
-    const TraitValues outer = traits.values();
-    traits.setValues(TraitValues());
-    if (m_worldDraw.wantsTraits())
-        setTraitsOf(*drawable, outer);
-    ++m_nesting;
-    drawable->worldDraw(&m_worldDraw);
-    --m_nesting;
-    traits.setValues(outer);
-    m_transforms.resize(depth, OdGeMatrix3d::kIdentity);
-}
-
-void Geometry::setTraitsOf(const OdGiDrawable& drawable, const TraitValues& outer)
-{
-    Traits& traits = m_worldDraw.traits();
-    drawable.setAttributes(&traits);
-    if (m_nesting == 0)
-        return;
-    TraitValues inherited = traits.values();
-    inheritFromBlock(inherited, outer);
-    traits.setValues(inherited);
-}
-
-} // namespace gi
+void OdGiGeometrySimplifier::ray(const OdGePoint3d&, const OdGePoint3d&) {}

@@ -37,6 +37,9 @@ public:
     OdDb::LineWeight lineWeight() const;
     void setLineWeight(OdDb::LineWeight lineWeight);
 
+    /** Opaque unless the layer says otherwise; kept in the extended data of the application AcCmTransparency. */
+    OdCmTransparency transparency() const;
+
     OdDbObjectId plotStyleNameId() const;
     OdDbObjectId materialId() const;
 

@@ -9,6 +9,8 @@
 
 class OdGiDrawable;
 class OdGiTextStyle;
+struct OdGiClipBoundary;
+struct OdGiPolyline;
 
 enum OdGiArcType
 {
@@ -18,7 +20,9 @@ enum OdGiArcType
 };
 
 // The receiver of shapes. Coordinates are those of the innermost pushed model transform; the client maps them to the
-// world. Arrays of points are read during the call only. A null normal pointer means that none is given.
+// world. Arrays of points are read during the call only. A null normal pointer means that none is given. Closed shapes
+// are filled when the fill type says so; a fill whose colour is none hides what was drawn before with the background.
+// Operations that are not pure do nothing unless the client has them.
 class OdGiGeometry : public OdRxObject
 {
 public:
@@ -49,6 +53,17 @@ public:
     // A closed area with straight edges.
     virtual void polygon(OdInt32 numPoints, const OdGePoint3d* points) = 0;
 
+    // Areas with holes. faceList holds, for each face, the number of its outline's vertices and then their places among
+    // vertices; a negative number begins a further outline of the same face. What lies within an odd number of a
+    // face's outlines belongs to it.
+    virtual void shell(OdInt32 /*numVertices*/, const OdGePoint3d* /*vertices*/, OdInt32 /*faceListSize*/,
+                       const OdInt32* /*faceList*/)
+    {
+    }
+
+    // A flat polyline. Segments with a width are filled and mitred with their neighbours.
+    virtual void pline(const OdGiPolyline& /*polyline*/) {}
+
     // A line of text. position is the start of its base line, direction the unit vector along it, normal the unit
     // vector towards who reads it. With raw false, codes that begin with %% stand for characters, underline and
     // overline. odgiShapeText tells what the line looks like. A null style is a new OdGiTextStyle.
@@ -59,6 +74,10 @@ public:
     // oblique the slant in radians.
     virtual void text(const OdGePoint3d& position, const OdGeVector3d& normal, const OdGeVector3d& direction,
                       double height, double width, double oblique, const OdString& message) = 0;
+
+    // Cuts off what lies outside of the outline, until its pop.
+    virtual void pushClipBoundary(const OdGiClipBoundary& /*boundary*/) {}
+    virtual void popClipBoundary() {}
 
     // Lines without end on both sides or on one; they take no part in extents.
     virtual void xline(const OdGePoint3d& first, const OdGePoint3d& second) = 0;

@@ -361,11 +361,11 @@ TEST_F(DrawingTest, ExtentsOfManyEntitiesAreQuick)
 class ColorGeometry : public gi::Geometry
 {
 public:
-    explicit ColorGeometry(gi::WorldDraw& worldDraw) : Geometry(worldDraw) {}
+    explicit ColorGeometry(gi::WorldDraw& worldDraw) : gi::Geometry(worldDraw) {}
     void ellipArc(const OdGePoint3d&, const OdGeVector3d&, const OdGeVector3d&, double, double) override {}
     void polyline(OdInt32, const OdGePoint3d*, const OdGeVector3d*) override
     {
-        colors.push_back(worldDraw().traits().trueColor());
+        colors.push_back(worldDraw().effectiveTraits().color);
     }
     std::vector<OdCmEntityColor> colors;
 };
@@ -373,7 +373,7 @@ public:
 class ColorDraw : public gi::WorldDraw
 {
 public:
-    ColorDraw() : WorldDraw(kOdGiStandardDisplay), m_geometry(*this) {}
+    ColorDraw() : gi::WorldDraw(kOdGiStandardDisplay), m_geometry(*this) {}
     OdGiGeometry& geometry() const override { return m_geometry; }
     mutable OdStaticRxObject<ColorGeometry> m_geometry;
 };

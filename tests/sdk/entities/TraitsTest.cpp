@@ -14,7 +14,7 @@ using namespace entitytest;
 class ColorGeometry : public gi::Geometry
 {
 public:
-    explicit ColorGeometry(gi::WorldDraw& worldDraw) : Geometry(worldDraw) {}
+    explicit ColorGeometry(gi::WorldDraw& worldDraw) : gi::Geometry(worldDraw) {}
 
     void ellipArc(const OdGePoint3d&, const OdGeVector3d&, const OdGeVector3d&, double, double) override { keep(); }
     void polyline(OdInt32, const OdGePoint3d*, const OdGeVector3d*) override { keep(); }
@@ -28,7 +28,7 @@ private:
 class ColorDraw : public gi::WorldDraw
 {
 public:
-    ColorDraw() : WorldDraw(kOdGiStandardDisplay), m_geometry(*this) {}
+    ColorDraw() : gi::WorldDraw(kOdGiStandardDisplay), m_geometry(*this) {}
     OdGiGeometry& geometry() const override { return m_geometry; }
     const std::vector<OdCmEntityColor>& colors() const { return m_geometry.colors; }
 

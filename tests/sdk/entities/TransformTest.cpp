@@ -22,7 +22,7 @@ using namespace entitytest;
 class PointGeometry : public gi::Geometry
 {
 public:
-    explicit PointGeometry(gi::WorldDraw& worldDraw) : Geometry(worldDraw) {}
+    explicit PointGeometry(gi::WorldDraw& worldDraw) : gi::Geometry(worldDraw) {}
 
     void ellipArc(const OdGePoint3d& center, const OdGeVector3d& majorAxis, const OdGeVector3d& minorAxis,
                   double startAngle, double endAngle) override
@@ -64,7 +64,7 @@ private:
 class PointDraw : public gi::WorldDraw
 {
 public:
-    PointDraw() : WorldDraw(kOdGiForExtents), m_geometry(*this) {}
+    PointDraw() : gi::WorldDraw(kOdGiForExtents), m_geometry(*this) {}
     OdGiGeometry& geometry() const override { return m_geometry; }
     const std::vector<OdGePoint3d>& points() const { return m_geometry.points; }
 
