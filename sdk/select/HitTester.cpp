@@ -94,7 +94,7 @@ void HitGeometry::draw(const OdGiDrawable* drawable)
     m_isText = isText(*drawable);
     m_isSolid = isSolid(*drawable);
     ++m_depth;
-    Geometry::draw(drawable);
+    gi::Geometry::draw(drawable);
     --m_depth;
     m_isText = wasText;
     m_isSolid = wasSolid;
@@ -112,7 +112,7 @@ OdGeVector3d HitGeometry::extrusion(const OdGeVector3d& normal) const
 void HitGeometry::circularArc(const OdGePoint3d& center, double radius, const OdGeVector3d& normal,
                               const OdGeVector3d& startVector, double sweepAngle, OdGiArcType arcType)
 {
-    Geometry::circularArc(center, radius, normal, startVector, sweepAngle, arcType);
+    gi::Geometry::circularArc(center, radius, normal, startVector, sweepAngle, arcType);
     const OdGeVector3d major = startVector * radius;
     const OdGeVector3d minor = normal.normal().crossProduct(startVector) * radius;
     const OdGePoint3d ends[2] = {center + major, center + major * std::cos(sweepAngle) + minor * std::sin(sweepAngle)};
@@ -182,11 +182,35 @@ void HitGeometry::polyline(OdInt32 numPoints, const OdGePoint3d* points, const O
 void HitGeometry::polygon(OdInt32 numPoints, const OdGePoint3d* points)
 {
     if (numPoints < 3 || !isFilled())
-        return Geometry::polygon(numPoints, points);
+        return gi::Geometry::polygon(numPoints, points);
     m_seen.clear();
     for (OdInt32 i = 0; i < numPoints; ++i)
         m_seen.push_back(seen(points[i]));
     addArea(m_seen);
+}
+
+void HitGeometry::shell(OdInt32 numVertices, const OdGePoint3d* vertices, OdInt32 faceListSize,
+                        const OdInt32* faceList)
+{
+    if (!isFilled())
+        return gi::Geometry::shell(numVertices, vertices, faceListSize, faceList);
+    std::vector<std::vector<OdGePoint2d>> outlines;
+    for (OdInt32 at = 0; at < faceListSize && !isAnswered();)
+    {
+        if (faceList[at] >= 0 && !outlines.empty())
+            addAreaWithHoles(std::exchange(outlines, {}));
+        const OdInt32 count = std::abs(faceList[at++]);
+        std::vector<OdGePoint2d>& outline = outlines.emplace_back();
+        for (const OdInt32 end = std::min(at + count, faceListSize); at < end; ++at)
+        {
+            if (faceList[at] >= 0 && faceList[at] < numVertices)
+                outline.push_back(seen(vertices[faceList[at]]));
+        }
+        if (outline.size() < 3)
+            outlines.pop_back();
+    }
+    if (!outlines.empty())
+        addAreaWithHoles(outlines);
 }
 
 void HitGeometry::xline(const OdGePoint3d& first, const OdGePoint3d& second)
@@ -273,8 +297,25 @@ void HitGeometry::addArea(const std::vector<OdGePoint2d>& corners)
         m_answer.areaDistance = std::min(m_answer.areaDistance, distanceBetween(m_center, side(i)));
 }
 
+/// An area is what an odd number of its outlines hold. Where the shape touches no outline, it lies in or out of each as
+/// a whole.
+void HitGeometry::addAreaWithHoles(const std::vector<std::vector<OdGePoint2d>>& outlines)
+{
+    bool isInside = false;
+    for (const std::vector<OdGePoint2d>& outline : outlines)
+    {
+        for (std::size_t i = 0; i < outline.size() && !isAnswered(); ++i)
+            addSegment({outline[i], outline[(i + 1) % outline.size()]});
+        isInside = isInside != (m_question != Question::kLiesIn && m_shape->touchesArea(outline));
+    }
+    if (m_question == Question::kLiesIn || m_answer.isIncomplete || !isInside || m_answer.touches || !isShownNow())
+        return;
+    m_answer.touches = true;
+    m_answer.areaDistance = 0.0;
+}
+
 HitTester::HitTester(Question question, const Shape& shape, const ViewPlane& plane, LayerStates& layers)
-    : WorldDraw(kOdGiStandardDisplay), m_geometry(*this)
+    : gi::WorldDraw(kOdGiStandardDisplay), m_geometry(*this)
 {
     m_geometry.ask(question, shape, plane, layers);
 }

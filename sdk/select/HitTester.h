@@ -36,7 +36,7 @@ struct Answer
 class HitGeometry : public gi::Geometry
 {
 public:
-    explicit HitGeometry(gi::WorldDraw& worldDraw) : Geometry(worldDraw) {}
+    explicit HitGeometry(gi::WorldDraw& worldDraw) : gi::Geometry(worldDraw) {}
 
     void ask(Question question, const Shape& shape, const ViewPlane& plane, LayerStates& layers);
     void begin();
@@ -49,6 +49,8 @@ public:
                   double startAngle, double endAngle) override;
     void polyline(OdInt32 numPoints, const OdGePoint3d* points, const OdGeVector3d* normal) override;
     void polygon(OdInt32 numPoints, const OdGePoint3d* points) override;
+    void shell(OdInt32 numVertices, const OdGePoint3d* vertices, OdInt32 faceListSize,
+               const OdInt32* faceList) override;
     void xline(const OdGePoint3d& first, const OdGePoint3d& second) override;
     void ray(const OdGePoint3d& first, const OdGePoint3d& second) override;
     void draw(const OdGiDrawable* drawable) override;
@@ -63,6 +65,7 @@ private:
     void addArc(const EllipticArc& arc);
     void addExtruded(const EllipticArc& arc, const OdGeVector2d& height);
     void addArea(const std::vector<OdGePoint2d>& corners);
+    void addAreaWithHoles(const std::vector<std::vector<OdGePoint2d>>& outlines);
     void addLine(const OdGePoint3d& first, const OdGePoint3d& second, bool isOpenAtStart);
 
     Question m_question = Question::kTouches;

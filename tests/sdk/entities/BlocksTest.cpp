@@ -13,6 +13,8 @@
 #include "DbDatabase.h"
 #include "DbDimension.h"
 #include "DbIdMapping.h"
+#include "DbLayerTable.h"
+#include "DbLayerTableRecord.h"
 #include "DbLine.h"
 #include "EntityTest.h"
 #include "gi/WorldDraw.h"
@@ -394,8 +396,41 @@ TEST_F(DrawingTest, ColoursByBlockComeFromTheReferenceAtAnyDepth)
     draw.geometry().draw(reference);
     ASSERT_EQ(draw.m_geometry.colors.size(), 3u);
     EXPECT_EQ(draw.m_geometry.colors[0].colorIndex(), 5);
-    EXPECT_TRUE(draw.m_geometry.colors[1].isByLayer());
+    EXPECT_EQ(draw.m_geometry.colors[1].colorIndex(), 7) << "that of layer 0";
     EXPECT_EQ(draw.m_geometry.colors[2].colorIndex(), 1);
+}
+
+TEST_F(DrawingTest, ColoursByLayerInBlocksComeFromTheLayerThatCounts)
+{
+    const auto addLayer = [this](const wchar_t* name, OdUInt16 color)
+    {
+        OdDbLayerTablePtr layers = database->getLayerTableId().safeOpenObject(OdDb::kForWrite);
+        OdDbLayerTableRecordPtr layer = OdDbLayerTableRecord::createObject();
+        layer->setName(name);
+        layer->setColorIndex(color);
+        return layers->add(layer);
+    };
+    addLayer(L"PARTS", 3);
+    addLayer(L"REFERENCES", 4);
+    OdDbBlockTableRecordPtr block = newBlock(L"BLOCK");
+    // By block and by layer, on the layer 0 and on a layer of its own.
+    for (const wchar_t* layer : {L"0", L"PARTS"})
+    {
+        for (const OdUInt16 color : {0, 256})
+        {
+            const OdDbObjectId id = addLine(*block, OdGePoint3d(0, 0, 0), OdGePoint3d(1, 1, 0), color);
+            OdDbEntityPtr(id.safeOpenObject(OdDb::kForWrite))->setLayer(layer);
+        }
+    }
+    OdDbEntityPtr reference =
+        addReference(*modelSpace(), block->objectId(), OdGePoint3d()).safeOpenObject(OdDb::kForWrite);
+    reference->setLayer(L"REFERENCES");
+    OdStaticRxObject<ColorDraw> draw;
+    draw.geometry().draw(reference);
+    ASSERT_EQ(draw.m_geometry.colors.size(), 4u);
+    const int expected[] = {4, 4, 4, 3};
+    for (std::size_t i = 0; i < 4; ++i)
+        EXPECT_EQ(draw.m_geometry.colors[i].colorIndex(), expected[i]) << i;
 }
 
 } // namespace
