@@ -12,6 +12,7 @@ inline constexpr const OdChar* kAnnotation = L"Quend.Zol.Cad.Annotation";
 inline constexpr const OdChar* kDrawingBorder = L"Quend.Zol.Cad.DrawingBorder";
 // Groups of the host.
 inline constexpr const OdChar* kSelectionSet = L"Quend.Zol.Cad.SelectionSet";
+inline constexpr const OdChar* kSelection = L"Quend.Zol.Cad.Selection";
 inline constexpr const OdChar* kViewer = L"Quend.Zol.Cad.Viewer";
 inline constexpr const OdChar* kTextParser = L"Quend.Zol.Cad.TextParser";
 } // namespace CommandGroup

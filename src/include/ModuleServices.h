@@ -4,6 +4,7 @@
 #include "QuendZolExport.h"
 #include "RxDictionary.h"
 #include "RxModule.h"
+#include "Trackers.h"
 
 /** The CModuleServices are the module object of the plug-in as hosts see it. The store holds objects under names, for
    the whole program or for one owner (a database, a view or any other object, known by its address). It lives in the
@@ -34,6 +35,18 @@ public:
     virtual OdRxObjectPtr arbitraryData(const OdString& strKey) = 0;
     virtual void setArbitraryData(const void* pOwner, const OdString& strKey, OdRxObject* pObject) = 0;
     virtual OdRxObjectPtr arbitraryData(const void* pOwner, const OdString& strKey) = 0;
+
+    /** Trackers that start from a base point; the model, which may be null, is told when what they show changes. */
+    virtual OdEdPointDefTrackerPtr CreateRectFrameTracker(const OdGePoint3d& base, OdGsModel* pModel) = 0;
+    virtual OdEdPointDefTrackerPtr CreateRubberBandTracker(const OdGePoint3d& base, OdGsModel* pModel) = 0;
+
+    /** Trackers of a point that tell a tracker of numbers its distance, which options and the settings of the drawing
+        say how to measure, and its direction. The drawing outlives the tracker. Each throws OdError_InvalidArgument
+        (417, "pTracker", and 122, "pDb") for null. */
+    virtual CPointToDistanceTrackerPtr CreatePointToDistanceTracker(const OdGePoint3d& base, OdEdRealTracker* pTracker,
+                                                                    int iOptions, OdDbDatabase* pDb) = 0;
+    virtual OdEdPointDefTrackerPtr CreatePointToOrientationTracker(const OdGePoint3d& base,
+                                                                   OdEdRealTracker* pTracker) = 0;
 
     /** The name of an owner in the root dictionary: its address as text. */
     virtual OdString ArbitraryDataKey(const void* pOwner) = 0;

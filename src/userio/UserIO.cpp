@@ -1,13 +1,15 @@
-// Asks through whatever the handler exposes, and repeats the question until the answer can be used.
+// Asks for texts and keywords through whatever the handler exposes.
 #include "UserIO.h"
 
 #include "CommandHandler.h"
+#include "DbBaseDatabase.h"
 #include "DynamicLinker.h"
 #include "Ed/EdBaseIO.h"
 #include "ModuleErrors.h"
 #include "RxObjectImpl.h"
 #include "module/ground/ModuleName.h"
 #include "userio/KeywordList.h"
+#include "userio/Options.h"
 
 ODRX_CONS_DEFINE_MEMBERS(CUserIO, OdDbUserIO, RXIMPL_CONSTR)
 
@@ -31,6 +33,20 @@ OdEdBaseIO& CUserIO::CurrentIO()
     return *m_pHandler->currentIO();
 }
 
+OdDbDatabase* CUserIO::Database() const
+{
+    return m_pHandler ? m_pHandler->database() : nullptr;
+}
+
+OdUnitsFormatter& CUserIO::baseFormatter()
+{
+    const OdDbBaseDatabasePEPtr pExtension = OdDbBaseDatabasePE::cast(Database());
+    OdUnitsFormatter* pFormatter = pExtension ? pExtension->baseFormatter(Database()) : nullptr;
+    if (!pFormatter)
+        throw OdError(eNoDatabase);
+    return *pFormatter;
+}
+
 // ---- Texts
 // -----------------------------------------------------------------------------------------------------------
 
@@ -39,12 +55,7 @@ OdString CUserIO::getStringInternal(const OdString& prompt, int options, OdEdStr
     return CurrentIO().getString(prompt, options, tracker);
 }
 
-static bool HasOption(int options, unsigned uiOption)
-{
-    return (static_cast<unsigned>(options) & uiOption) != 0;
-}
-
-static void ThrowIfKeyword(const OdString& strAnswer, const OdString& strKeywords)
+void ThrowIfKeyword(const OdString& strAnswer, const OdString& strKeywords)
 {
     if (strKeywords.isEmpty())
         return;
@@ -83,9 +94,16 @@ void CUserIO::putError(const OdString& text)
     CurrentIO().putError(text);
 }
 
-OdUInt32 CUserIO::getKeyState()
+unsigned long CUserIO::getKeyState()
 {
     return CurrentIO().getKeyState();
+}
+
+OdString CUserIO::GetNextStringToken(OdString& text, const OdChar* delimiters)
+{
+    const OdString strToken = text.spanExcluding(delimiters);
+    text = text.mid(strToken.getLength() + 1);
+    return strToken;
 }
 
 // ---- Keywords
@@ -117,7 +135,8 @@ int CUserIO::getKeyword(const OdString& prompt, const OdString& keywords, int de
     const CKeywordList list(keywords);
     const OdString strPrompt = ComposeKeywordPrompt(prompt, list, defaultIndex);
     const bool bHasDefault = list.Has(defaultIndex);
-    const int iOptions = bHasDefault ? options & ~OdEd::kInpNonEmpty : options | OdEd::kInpNonEmpty;
+    const int iOptions =
+        bHasDefault ? WithoutOption(options, OdEd::kInpNonEmpty) : WithOption(options, OdEd::kInpNonEmpty);
     while (true)
     {
         const OdString strAnswer = getString(strPrompt, iOptions);

@@ -16,6 +16,7 @@ enum EMessage : unsigned int
     eMessageChooseLabels = 961,       ///< hint of the keywords
     eMessageAnnotationJson = 963,     ///< none
     eMessageLabelKeywords = 1013,     ///< none: five keywords
+    eMessageSelectKeywords = 1020,    ///< none: twelve ways to select, a text of the SDK's
     eMessageInvalidArgument = 20001,  ///< function, argument, text of the code
     eMessageInvalidValue = 20002,     ///< function, value, text of the code
     eMessageModuleMissing = 20003,    ///< function, module, text of the code

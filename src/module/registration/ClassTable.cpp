@@ -5,6 +5,8 @@
 #include "CommandHandler.h"
 #include "DrawingBorderData.h"
 #include "OdError.h"
+#include "SelectionSetReactor.h"
+#include "Trackers.h"
 #include "UserIO.h"
 #include "ZolExtendedData.h"
 #include "framework/BaseIO.h"
@@ -12,6 +14,7 @@
 #include "framework/FunctionIO.h"
 #include "framework/StringIO.h"
 #include "module/registration/DebugEntityDrawableOverrule.h"
+#include "userio/RegexFilters.h"
 
 static constexpr void (*kRegistration[])() = {
     &CCommandHandler::rxInit,
@@ -23,8 +26,12 @@ static constexpr void (*kRegistration[])() = {
     &CUserIO::rxInit,
     &CDrawingBorderData::rxInit,
     &CBSystemLabel::rxInit,
+    &CBlockNameRegexFilter::rxInit,
+    &CTextRegexFilter::rxInit,
     &CZolExtendedData::rxInit,
     &CDebugEntityDrawableOverrule::rxInit,
+    &CTracker::rxInit,
+    &CSelectionSetReactor::rxInit,
 };
 
 static constexpr OdRxClass** kDeletion[] = {
@@ -36,9 +43,13 @@ static constexpr OdRxClass** kDeletion[] = {
     &CStringIO::g_pDesc,
     &CUserIO::g_pDesc,
     &CDrawingBorderData::g_pDesc,
+    &CBlockNameRegexFilter::g_pDesc,
     &CBSystemLabel::g_pDesc,
+    &CTextRegexFilter::g_pDesc,
     &CZolExtendedData::g_pDesc,
     &CDebugEntityDrawableOverrule::g_pDesc,
+    &CTracker::g_pDesc,
+    &CSelectionSetReactor::g_pDesc,
 };
 
 void RegisterClasses()

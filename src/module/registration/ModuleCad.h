@@ -32,6 +32,11 @@ public:
     OdRxObjectPtr arbitraryData(const OdString& strKey) override;
     void setArbitraryData(const void* pOwner, const OdString& strKey, OdRxObject* pObject) override;
     OdRxObjectPtr arbitraryData(const void* pOwner, const OdString& strKey) override;
+    OdEdPointDefTrackerPtr CreateRectFrameTracker(const OdGePoint3d& base, OdGsModel* pModel) override;
+    OdEdPointDefTrackerPtr CreateRubberBandTracker(const OdGePoint3d& base, OdGsModel* pModel) override;
+    CPointToDistanceTrackerPtr CreatePointToDistanceTracker(const OdGePoint3d& base, OdEdRealTracker* pTracker,
+                                                            int iOptions, OdDbDatabase* pDb) override;
+    OdEdPointDefTrackerPtr CreatePointToOrientationTracker(const OdGePoint3d& base, OdEdRealTracker* pTracker) override;
     OdString ArbitraryDataKey(const void* pOwner) override;
 
 protected:

@@ -6,6 +6,8 @@
 #include "RxSysRegistry.h"
 #include "RxSystemServices.h"
 #include "RxVariant.h"
+#include "SelectionSetReactor.h"
+#include "Trackers.h"
 #include "framework/FunctionIO.h"
 #include "module/registration/ClassTable.h"
 #include "module/registration/DebugEntityDrawableOverrule.h"
@@ -88,6 +90,43 @@ TEST_F(ModuleTest, UnloadingTakesEverythingAwayAndLoadingBringsItBack)
     EXPECT_TRUE(odedRegCmds()->lookupCmd(L"BSYSTEMLABELCREATE", 3));
 }
 
+TEST_F(ModuleTest, ClassesHaveTheirParents)
+{
+    const struct
+    {
+        const OdChar* name;
+        const OdChar* parent;
+    } rows[] = {
+        {L"CCommandHandler", L"OdDbCommandContext"},
+        {L"CCommandHandlerCallback", L"OdRxObject"},
+        {L"CCommandReactor", L"OdEdCommandStackReactor"},
+        {L"CBaseIO", L"OdRxObject"},
+        {L"CFunctionIO", L"OdRxObject"},
+        {L"CStringIO", L"OdRxObject"},
+        {L"CUserIO", L"OdDbUserIO"},
+        {L"CDrawingBorderData", L"OdDbObject"},
+        {L"CBSystemLabel", L"OdDbObject"},
+        {L"CBlockNameRegexFilter", L"OdEdSSetTracker"},
+        {L"CTextRegexFilter", L"OdEdSSetTracker"},
+        {L"CZolExtendedData", L"OdRxObject"},
+        {L"CDebugEntityDrawableOverrule", L"OdGiDrawableOverrule"},
+        {L"CTracker", L"OdRxObject"},
+        {L"CSelectionSetReactor", L"OdRxObject"},
+    };
+    for (const auto& row : rows)
+    {
+        const OdRxClass* registered = odrxGetClass(row.name);
+        ASSERT_NE(registered, nullptr) << odStringToUtf8(row.name);
+        EXPECT_EQ(registered->myParent()->name(), row.parent);
+    }
+    const OdRxClass* tracker = odrxGetClass(L"CTracker");
+    OdDb::MaintReleaseVer maintenance;
+    EXPECT_EQ(tracker->getClassVersion(&maintenance), 33);
+    EXPECT_EQ(maintenance, 55);
+    EXPECT_EQ(tracker->dxfName(), L"CTRACKER");
+    EXPECT_EQ(tracker->appName(), kModuleName);
+}
+
 TEST_F(ModuleTest, ClassesAreRegisteredAndDeletedOnce)
 {
     EXPECT_EQ(thrownBy([] { RegisterClasses(); }).code, 313);
@@ -95,7 +134,9 @@ TEST_F(ModuleTest, ClassesAreRegisteredAndDeletedOnce)
     EXPECT_EQ(thrownBy([] { DeleteClasses(); }).code, 255);
     EXPECT_EQ(CBSystemLabel::desc(), nullptr) << "those before it are gone";
     EXPECT_NE(CDebugEntityDrawableOverrule::desc(), nullptr) << "those after it stay";
-    CDebugEntityDrawableOverrule::rxUninit();
+    for (const auto rxUninit :
+         {&CDebugEntityDrawableOverrule::rxUninit, &CTracker::rxUninit, &CSelectionSetReactor::rxUninit})
+        rxUninit();
     RegisterClasses();
     EXPECT_NE(CZolExtendedData::desc(), nullptr);
 }
