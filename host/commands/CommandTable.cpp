@@ -10,6 +10,7 @@ namespace
 #define HOST_GROUP L"Quend.Zol.Cad.Host"
 #define SELECTION_SET_GROUP L"Quend.Zol.Cad.SelectionSet"
 #define SELECTION_GROUP L"Quend.Zol.Cad.Selection"
+#define VIEWER_GROUP L"Quend.Zol.Cad.Viewer"
 #define TEXT_PARSER_GROUP L"Quend.Zol.Cad.TextParser"
 
 // clang-format off
@@ -28,6 +29,8 @@ const CommandRow kCommands[] = {
      "Copy the objects of OBJECTIDARRAY and move the copies by VECTOR"},
     {HOST_GROUP, L"WBLOCK", kLeavesNoUndoRecord, writeBlock,
      "Write the objects of OBJECTIDARRAY into a new drawing, FILE"},
+    {HOST_GROUP, L"VIEWERGETVIEW", kLeavesNoUndoRecord | kGivesResult, getView,
+     "Give the EXTENTS of what the active view of the current layout shows"},
     {SELECTION_SET_GROUP, L"SELECTIONSETGET", kGivesResult, getSelectionSet,
      "Give the selection set that is stored under SELECTIONSETNAME"},
     {SELECTION_SET_GROUP, L"SELECTIONSETUPDATE", kGivesResult, updateSelectionSet,
@@ -38,6 +41,12 @@ const CommandRow kCommands[] = {
      "Select what the current layout shows, and store it under SELECTIONSETNAME"},
     {TEXT_PARSER_GROUP, L"TEXTPARSERSORT", kGivesResult, sortTexts,
      "Read the texts of OBJECTIDARRAY in reading order, with marks for those in frames"},
+    {VIEWER_GROUP, L"VIEWERGETEXTENTS", kLeavesNoUndoRecord | kGivesResult, getExtents,
+     "Give the EXTENTS around what OBJECTIDARRAY shows"},
+    {VIEWER_GROUP, L"ZOOMEXTENTS", kLeavesNoUndoRecord, zoomExtents,
+     "Show EXTENTS in the active view of the current layout"},
+    {VIEWER_GROUP, L"DOLLY", kLeavesNoUndoRecord, dolly,
+     "Move the centre of the active view of the current layout to POINT"},
 };
 
 struct HelpRow

@@ -26,5 +26,9 @@ void updateSelectionSet(CommandRun& run);
 void clearSelectionSet(CommandRun& run);
 void selectAllVisibleEntities(CommandRun& run);
 void sortTexts(CommandRun& run);
+void getExtents(CommandRun& run);
+void zoomExtents(CommandRun& run);
+void dolly(CommandRun& run);
+void getView(CommandRun& run);
 
 } // namespace hostcommands

@@ -111,14 +111,30 @@ OdDbSelectionSetPtr Parameters::selectionSet(const OdChar* name) const
     return value == nullptr ? OdDbSelectionSetPtr() : OdDbSelectionSet::cast(value->getPickSet());
 }
 
-OdGeVector3d Parameters::vector(const OdChar* name) const
+std::optional<OdGePoint3d> Parameters::point(const OdChar* name) const
 {
     const OdResBuf* const value = findOfType(name, OdResBuf::kRtPoint3d);
     if (value == nullptr)
-        return OdGeVector3d(0.0, 0.0, 0.0);
+        return std::nullopt;
     if (const OdResBuf* const behind = value->next(); behind != nullptr && !isName(behind))
         refuseKind(name); // extents are two points
-    return value->getPoint3d().asVector();
+    return value->getPoint3d();
+}
+
+OdGeVector3d Parameters::vector(const OdChar* name) const
+{
+    return point(name).value_or(OdGePoint3d()).asVector();
+}
+
+std::optional<OdGeExtents3d> Parameters::extents(const OdChar* name) const
+{
+    const OdResBuf* const least = findOfType(name, OdResBuf::kRtPoint3d);
+    if (least == nullptr)
+        return std::nullopt;
+    const OdResBuf* const greatest = least->next();
+    if (greatest == nullptr || greatest->restype() != OdResBuf::kRtPoint3d)
+        refuseKind(name);
+    return OdGeExtents3d(least->getPoint3d(), greatest->getPoint3d());
 }
 
 } // namespace hostcommands

@@ -7,6 +7,7 @@
 
 #include "DbObjectId.h"
 #include "DbSSet.h"
+#include "Ge/GeExtents3d.h"
 #include "Ge/GeVector3d.h"
 #include "OdString.h"
 #include "ResBuf.h"
@@ -31,6 +32,8 @@ public:
     OdDbObjectIdArray objectIds(const OdChar* name) const;
     OdDbSelectionSetPtr selectionSet(const OdChar* name) const;
     OdGeVector3d vector(const OdChar* name) const;
+    std::optional<OdGePoint3d> point(const OdChar* name) const;
+    std::optional<OdGeExtents3d> extents(const OdChar* name) const; // the corners are taken as they are
 
     bool has(const OdChar* name) const;
 

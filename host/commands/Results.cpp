@@ -32,6 +32,13 @@ void Results::add(const OdChar* name, const OdDbObjectIdArray& ids)
         append(OdResBuf::newRb(OdResBuf::kRtObjectId, id));
 }
 
+void Results::add(const OdChar* name, const OdGeExtents3d& extents)
+{
+    append(OdResBuf::newRb(OdResBuf::kRtString, name));
+    append(OdResBuf::newRb(OdResBuf::kRtPoint3d, extents.minPoint()));
+    append(OdResBuf::newRb(OdResBuf::kRtPoint3d, extents.maxPoint()));
+}
+
 void Results::add(const OdChar* name, const OdDbSelectionSetPtr& set)
 {
     append(OdResBuf::newRb(OdResBuf::kRtString, name));

@@ -3,6 +3,7 @@
 
 #include "DbObjectId.h"
 #include "DbSSet.h"
+#include "Ge/GeExtents3d.h"
 #include "OdString.h"
 #include "ResBuf.h"
 
@@ -16,6 +17,7 @@ public:
     void add(const OdChar* name, bool flag);
     void add(const OdChar* name, const OdDbObjectIdArray& ids);
     void add(const OdChar* name, const OdDbSelectionSetPtr& set);
+    void add(const OdChar* name, const OdGeExtents3d& extents);
 
     // The first element; null when nothing was added.
     const OdResBufPtr& chain() const { return m_first; }
