@@ -58,10 +58,46 @@ void writeClass(Writing& writing, const oddb::FileClass& fileClass, std::int64_t
     groups.integer(281, fileClass.isEntity);
 }
 
-// The classes of applications file themselves; those of the SDK's own are known to every reader.
+// Classes of the SDK's own that readers expect to be told of. All others they know.
+struct OptionalClass
+{
+    const char* dxfName;
+    const char* className;
+    const char* application;
+    int proxyFlags;
+    bool isEntity;
+};
+
+constexpr OptionalClass kOptionalClasses[] = {
+    {"IMAGE", "AcDbRasterImage", "ISM", 127, true},
+    {"IMAGEDEF", "AcDbRasterImageDef", "ISM", 0, false},
+    {"IMAGEDEF_REACTOR", "AcDbRasterImageDefReactor", "ISM", 1, false},
+    {"RASTERVARIABLES", "AcDbRasterVariables", "ISM", 0, false},
+    {"SPATIAL_FILTER", "AcDbSpatialFilter", "ObjectDBX Classes", 0, false},
+};
+
+const OptionalClass* findOptional(const std::string& name)
+{
+    const auto found = std::find_if(std::begin(kOptionalClasses), std::end(kOptionalClasses),
+                                    [&](const OptionalClass& row) { return row.dxfName == name; });
+    return found == std::end(kOptionalClasses) ? nullptr : found;
+}
+
+// The classes of applications file themselves.
 bool isOfApplication(const Use& use)
 {
     return !use.runtimeClass->appName().isEmpty();
+}
+
+oddb::FileClass describe(const OptionalClass& row)
+{
+    oddb::FileClass fileClass;
+    fileClass.dxfName = row.dxfName;
+    fileClass.className = row.className;
+    fileClass.application = row.application;
+    fileClass.proxyFlags = row.proxyFlags;
+    fileClass.isEntity = row.isEntity;
+    return fileClass;
 }
 
 oddb::FileClass describe(const std::string& name, const OdRxClass& runtimeClass)
@@ -86,8 +122,14 @@ void writeClassesSection(Writing& writing)
         writeClass(writing, *fileClass, use != uses.end() ? use->second.count : 0);
     }
     for (const auto& [name, use] : uses)
-        if (isOfApplication(use) && writing.database.fileClass(name) == nullptr)
+    {
+        if (writing.database.fileClass(name) != nullptr)
+            continue;
+        if (isOfApplication(use))
             writeClass(writing, describe(name, *use.runtimeClass), use.count);
+        else if (const OptionalClass* optional = findOptional(name))
+            writeClass(writing, describe(*optional), use.count);
+    }
 }
 
 } // namespace dxf

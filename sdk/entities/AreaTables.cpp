@@ -74,6 +74,31 @@ constexpr DxfRow kRasterImageDefRows[] = {
     integer(280, "loaded"),        integer(281, "units: none 0, centimetre 2, inch 5"),
 };
 
+constexpr DxfRow kRasterImageDefReactorRows[] = {
+    integer(90, "version", 2),
+    id(330, "image"),
+};
+
+constexpr DxfRow kRasterVariablesRows[] = {
+    integer(90, "version"),
+    integer(70, "frame: off 0, above 1, below 2"),
+    integer(71, "quality: draft 0, high 1", 1),
+    integer(72, "unit of a pixel"),
+};
+
+// Group 40 stands for the front plane, and after group 73 for two matrices; see SpatialFilter.cpp.
+constexpr DxfRow kSpatialFilterRows[] = {
+    integer(70, "number of points"),
+    repeated(point2d(10, "point")),
+    point3d(210, "normal"),
+    point3d(11, "origin"),
+    integer(71, "clipping", 1),
+    integer(72, "clipping in front"),
+    repeated(real(40, "distance of the front plane; matrices")),
+    integer(73, "clipping behind"),
+    real(41, "distance of the back plane"),
+};
+
 constexpr DxfRow kViewportRows[] = {
     point3d(10, "centre"),
     real(40, "width"),
@@ -119,6 +144,10 @@ const DxfSubclass kFace{"AcDbFace", kFaceRows};
 const DxfSubclass kRasterImage{"AcDbRasterImage", kRasterImageRows};
 const DxfSubclass kWipeout{"AcDbWipeout", kRasterImageRows};
 const DxfSubclass kRasterImageDef{"AcDbRasterImageDef", kRasterImageDefRows};
+const DxfSubclass kRasterImageDefReactor{"AcDbRasterImageDefReactor", kRasterImageDefReactorRows};
+const DxfSubclass kRasterVariables{"AcDbRasterVariables", kRasterVariablesRows};
+const DxfSubclass kFilter{"AcDbFilter", {}};
+const DxfSubclass kSpatialFilter{"AcDbSpatialFilter", kSpatialFilterRows};
 const DxfSubclass kViewport{"AcDbViewport", kViewportRows};
 
 } // namespace entitytables

@@ -69,6 +69,9 @@ constexpr const DxfSubclass* kFaceParts[] = {&kEntity, &kFace};
 constexpr const DxfSubclass* kRasterImageParts[] = {&kEntity, &kRasterImage};
 constexpr const DxfSubclass* kWipeoutParts[] = {&kEntity, &kWipeout};
 constexpr const DxfSubclass* kRasterImageDefParts[] = {&kRasterImageDef};
+constexpr const DxfSubclass* kRasterImageDefReactorParts[] = {&kRasterImageDefReactor};
+constexpr const DxfSubclass* kRasterVariablesParts[] = {&kRasterVariables};
+constexpr const DxfSubclass* kSpatialFilterParts[] = {&kFilter, &kSpatialFilter};
 constexpr const DxfSubclass* kViewportParts[] = {&kEntity, &kViewport};
 
 constexpr int kAnyFlags = -1;
@@ -133,6 +136,9 @@ constexpr EntityClass kClasses[] = {
     {"IMAGE", "OdDbRasterImage", kRasterImageParts, "8|90 10 11 12 13 340 70 280 281 282 283 71 91"},
     {"WIPEOUT", "OdDbWipeout", kWipeoutParts, "8|90 10 11 12 13 70 280 281 282 283 71 91"},
     {"IMAGEDEF", "OdDbRasterImageDef", kRasterImageDefParts, "90 1 10 11 280 281"},
+    {"IMAGEDEF_REACTOR", "OdDbRasterImageDefReactor", kRasterImageDefReactorParts, "90 330"},
+    {"RASTERVARIABLES", "OdDbRasterVariables", kRasterVariablesParts, "90 70 71 72"},
+    {"SPATIAL_FILTER", "OdDbSpatialFilter", kSpatialFilterParts, "|"},
     {"ACAD_PROXY_ENTITY", "OdDbProxyEntity", kEntityParts, ""},
     {"VIEWPORT", "OdDbViewport", kViewportParts, "8|10 40 41 68 69"},
 };

@@ -70,6 +70,10 @@ extern const DxfSubclass kFace;
 extern const DxfSubclass kRasterImage;
 extern const DxfSubclass kWipeout;
 extern const DxfSubclass kRasterImageDef;
+extern const DxfSubclass kRasterImageDefReactor;
+extern const DxfSubclass kRasterVariables;
+extern const DxfSubclass kFilter;
+extern const DxfSubclass kSpatialFilter;
 extern const DxfSubclass kViewport;
 
 } // namespace entitytables

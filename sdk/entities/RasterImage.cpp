@@ -2,10 +2,13 @@
 // left, so that the picture begins half a pixel before it.
 #include <cmath>
 
+#include "DbDatabase.h"
 #include "DbRasterImage.h"
 #include "DbRasterImageDef.h"
+#include "DbRasterImageDefReactor.h"
 #include "Gi/GiWorldDraw.h"
 #include "OdError.h"
+#include "db/ErasingWithOwner.h"
 #include "entities/Fields.h"
 
 using namespace entityfields;
@@ -64,6 +67,25 @@ std::vector<OdGePoint2d> wholeOutline(const Reader& fields)
             OdGePoint2d(-0.5, size.y - 0.5)};
 }
 
+OdDbObjectId makeReactor(OdDbRasterImage& image)
+{
+    const OdDbRasterImageDefReactorPtr reactor = OdDbRasterImageDefReactor::createObject();
+    reactor->setImageId(image.objectId());
+    return image.database()->addOdDbObject(reactor, image.objectId());
+}
+
+/// The definition is told only of what it does not know yet.
+void moveReactor(const OdDbObjectId& reactorId, const OdDbObjectId& from, const OdDbObjectId& to)
+{
+    if (from != to && !from.isErased())
+        from.safeOpenObject(OdDb::kForWrite)->removePersistentReactor(reactorId);
+    const OdDbObjectPtr definition = to.safeOpenObject();
+    if (definition->hasPersistentReactor(reactorId))
+        return;
+    definition->upgradeOpen();
+    definition->addPersistentReactor(reactorId);
+}
+
 /// Pixels are counted from the top, world coordinates of the picture from the bottom.
 OdGePoint3d toWorld(const Reader& fields, const OdGePoint2d& pixel)
 {
@@ -82,7 +104,18 @@ void OdDbRasterImage::setImageDefId(OdDbObjectId imageDefId)
 {
     if (OdDbRasterImageDef::cast(imageDefId.openObject()).isNull())
         throw OdError(eInvalidInput);
+    const OdDbObjectId before = this->imageDefId();
     setId(*this, tableOf(*this), 340, imageDefId);
+    if (!isDBRO())
+        return;
+    if (reactorId().isErased())
+        setId(*this, tableOf(*this), 360, makeReactor(*this));
+    moveReactor(reactorId(), before, imageDefId);
+}
+
+OdDbObjectId OdDbRasterImage::reactorId() const
+{
+    return fieldsOf(*this).stub(360);
 }
 
 void OdDbRasterImage::getOrientation(OdGePoint3d& origin, OdGeVector3d& u, OdGeVector3d& v) const
@@ -132,6 +165,18 @@ bool OdDbRasterImage::isClipped() const
     return fieldsOf(*this).integer(280) != 0;
 }
 
+void OdDbRasterImage::setClipBoundaryToWholeImage()
+{
+    const OdGePoint2d size = sizeOf(fieldsOf(*this));
+    oddb::GroupsBuilder corners;
+    corners.point(14, -0.5, -0.5).point(14, size.x - 0.5, size.y - 0.5);
+    const oddb::DxfSubclass& table = tableOf(*this);
+    setInteger(*this, table, 71, kRectangle);
+    setInteger(*this, table, 91, 2);
+    setGroups(*this, table, 14, corners);
+    setInteger(*this, table, 280, 0);
+}
+
 OdInt8 OdDbRasterImage::brightness() const
 {
     return static_cast<OdInt8>(fieldsOf(*this).integer(281));
@@ -170,4 +215,14 @@ bool OdDbRasterImage::subWorldDraw(OdGiWorldDraw* worldDraw) const
     if (getVertices(points) == eOk)
         worldDraw->geometry().polygon(static_cast<OdInt32>(points.size()), points.asArrayPtr());
     return true;
+}
+
+OdResult OdDbRasterImage::subErase(bool erasing)
+{
+    if (const OdResult result = OdDbEntity::subErase(erasing); result != eOk)
+        return result;
+    OdDbStub* const reactor = reactorId();
+    if (!reactor || !OdDbObjectId(reactor).isValid())
+        return eOk;
+    return oddb::eraseWithOwner({&reactor, 1}, erasing);
 }

@@ -27,7 +27,10 @@
 #include "DbProxyEntity.h"
 #include "DbRasterImage.h"
 #include "DbRasterImageDef.h"
+#include "DbRasterImageDefReactor.h"
+#include "DbRasterVariables.h"
 #include "DbSolid.h"
+#include "DbSpatialFilter.h"
 #include "DbSpline.h"
 #include "DbText.h"
 #include "DbTrace.h"
@@ -106,6 +109,10 @@ ODDB_DEFINE_MEMBERS(OdDbFace, OdDbEntity, ENTITY_CONSTR, L"3DFACE")
 ODDB_DEFINE_MEMBERS(OdDbRasterImage, OdDbEntity, ENTITY_CONSTR, L"IMAGE")
 ODDB_DEFINE_MEMBERS(OdDbWipeout, OdDbRasterImage, ENTITY_CONSTR, L"WIPEOUT")
 ODDB_DEFINE_MEMBERS(OdDbRasterImageDef, OdDbObject, ENTITY_CONSTR, L"IMAGEDEF")
+ODDB_DEFINE_MEMBERS(OdDbRasterImageDefReactor, OdDbObject, ENTITY_CONSTR, L"IMAGEDEF_REACTOR")
+ODDB_DEFINE_MEMBERS(OdDbRasterVariables, OdDbObject, ENTITY_CONSTR, L"RASTERVARIABLES")
+ODDB_DEFINE_MEMBERS(OdDbFilter, OdDbObject, EMPTY_CONSTR, nullptr)
+ODDB_DEFINE_MEMBERS(OdDbSpatialFilter, OdDbFilter, ENTITY_CONSTR, L"SPATIAL_FILTER")
 ODDB_DEFINE_MEMBERS(OdDbViewport, OdDbEntity, ENTITY_CONSTR, L"VIEWPORT")
 ODDB_DEFINE_MEMBERS(OdDbProxyEntity, OdDbEntity, ENTITY_CONSTR, nullptr)
 
@@ -178,6 +185,10 @@ constexpr ClassFunctions kClasses[] = {
     functionsOf<OdDbRasterImage>(),
     functionsOf<OdDbWipeout>(),
     functionsOf<OdDbRasterImageDef>(),
+    functionsOf<OdDbRasterImageDefReactor>(),
+    functionsOf<OdDbRasterVariables>(),
+    functionsOf<OdDbFilter>(),
+    functionsOf<OdDbSpatialFilter>(),
     functionsOf<OdDbViewport>(),
     functionsOf<OdDbProxyEntity>(),
 };

@@ -21,8 +21,12 @@ public:
     };
 
     OdDbObjectId imageDefId() const;
-    /** Throws OdError(eInvalidInput), and changes nothing, for an id that is no image definition. */
+    /** An image that is resident gets a reactor (OdDbRasterImageDefReactor), which becomes a persistent reactor of the
+        definition and is erased with the image. Throws OdError(eInvalidInput), and changes nothing, for an id that is
+       no image definition. */
     void setImageDefId(OdDbObjectId imageDefId);
+    /** The reactor, null when there is none. */
+    OdDbObjectId reactorId() const;
 
     /** The corner at the lower left and the edges from there along the picture's width and height. */
     void getOrientation(OdGePoint3d& origin, OdGeVector3d& u, OdGeVector3d& v) const;
@@ -36,6 +40,8 @@ public:
     bool isSetDisplayOpt(ImageDisplayOpt option) const;
     void setDisplayOpt(ImageDisplayOpt option, bool value);
     bool isClipped() const;
+    /** Shows the whole picture; to be called when the image has its size. */
+    void setClipBoundaryToWholeImage();
 
     /** 0 to 100. */
     OdInt8 brightness() const;
@@ -50,6 +56,7 @@ public:
 
 protected:
     bool subWorldDraw(OdGiWorldDraw* worldDraw) const override;
+    OdResult subErase(bool erasing) override;
 };
 
 using OdDbRasterImagePtr = OdSmartPtr<OdDbRasterImage>;

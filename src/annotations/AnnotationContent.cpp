@@ -9,7 +9,7 @@
 #include "DbBlockTableRecord.h"
 #include "DbHatch.h"
 #include "DbPolyline.h"
-#include "annotations/AnnotationOutline.h"
+#include "annotations/AnnotationImage.h"
 
 namespace Annotation
 {
@@ -22,19 +22,27 @@ constexpr OdInt32 kLoopType = OdDbHatch::kExternal | OdDbHatch::kPolyline;
 // ---- The entities of a definition
 // ------------------------------------------------------------------------------------
 
-/// The entities that a definition has; null for those that are missing.
+/// The entities that a definition has, open for write; null for those that are missing.
 struct Content
 {
     OdDbHatchPtr pBackground;
+    OdDbBlockReferencePtr pImage;
     OdDbPolylinePtr pBorder;
     OdDbMTextPtr pText;
 };
 
 template<class Entity>
-void TakeFirst(OdSmartPtr<Entity>& pFirst, const OdDbObjectPtr& pObject)
+void TakeFirst(OdSmartPtr<Entity>& pFirst, const OdDbObjectId& id)
 {
-    if (!pFirst)
-        pFirst = Entity::cast(pObject);
+    if (!pFirst && id.objectClass()->isDerivedFrom(Entity::desc()))
+        pFirst = id.safeOpenObject(OdDb::kForWrite);
+}
+
+void TakeImage(OdDbBlockReferencePtr& pImage, const OdDbObjectId& id)
+{
+    const OdDbBlockReferencePtr pReference = OdDbBlockReference::cast(id.openObject());
+    if (pReference && ShowsImage(*pReference))
+        TakeFirst(pImage, id);
 }
 
 Content FindContent(const OdDbBlockTableRecord& definition)
@@ -42,12 +50,46 @@ Content FindContent(const OdDbBlockTableRecord& definition)
     Content content;
     for (OdDbObjectIteratorPtr pEntities = definition.newIterator(); !pEntities->done(); pEntities->step())
     {
-        const OdDbObjectPtr pEntity = pEntities->entity(OdDb::kForWrite);
-        TakeFirst(content.pBackground, pEntity);
-        TakeFirst(content.pBorder, pEntity);
-        TakeFirst(content.pText, pEntity);
+        TakeFirst(content.pBackground, pEntities->objectId());
+        TakeImage(content.pImage, pEntities->objectId());
+        TakeFirst(content.pBorder, pEntities->objectId());
+        TakeFirst(content.pText, pEntities->objectId());
     }
     return content;
+}
+
+/// The block definition of the image in a definition, null when it has none.
+OdDbObjectId FindImageBlock(const OdDbObjectId& idDefinition)
+{
+    const OdDbBlockTableRecordPtr pDefinition = idDefinition.safeOpenObject(OdDb::kForRead);
+    OdDbBlockReferencePtr pImage;
+    for (OdDbObjectIteratorPtr pEntities = pDefinition->newIterator(); !pEntities->done(); pEntities->step())
+        TakeImage(pImage, pEntities->objectId());
+    return pImage ? pImage->blockTableRecord() : OdDbObjectId();
+}
+
+template<class Entity>
+void Erase(OdSmartPtr<Entity>& pEntity)
+{
+    if (pEntity)
+        pEntity->erase(true);
+    pEntity.release();
+}
+
+/// Makes or erases the image. What has to be in front of a new one is erased, to be made anew behind it in the row.
+void RequireImage(const AnnotationProperties& properties, Content& content, OdDbBlockTableRecord& definition,
+                  CAnnotationDrawing& drawing)
+{
+    if (!properties.HasImage() && content.pImage)
+    {
+        EraseImage(*content.pImage, drawing);
+        content.pImage.release();
+    }
+    if (!properties.HasImage() || content.pImage)
+        return;
+    content.pImage = CreateRasterImage(properties, definition, drawing);
+    Erase(content.pBorder);
+    Erase(content.pText);
 }
 
 /// Makes the entity when it is missing.
@@ -108,12 +150,26 @@ void BuildAnnotationContent(AnnotationProperties& properties, OdDbBlockReference
     const OdDbBlockTableRecordPtr pDefinition = reference.blockTableRecord().safeOpenObject(OdDb::kForWrite);
     Content content = FindContent(*pDefinition);
     OdDbHatch& background = Require(content.pBackground, *pDefinition);
+    RequireImage(properties, content, *pDefinition, drawing);
     OdDbPolyline& border = Require(content.pBorder, *pDefinition);
     OdDbMText& text = Require(content.pText, *pDefinition);
+
     FillText(properties, text, drawing.TextStyle(), drawing.TextMeasure());
     const Outline outline = MakeOutline(properties);
     FillBackground(properties, outline, background);
     FillBorder(properties, outline, border);
+    if (content.pImage)
+        FillImage(properties, outline, *content.pImage, drawing);
+}
+
+void EraseAnnotation(OdDbBlockReference& reference, CAnnotationDrawing& drawing)
+{
+    const OdDbObjectId idDefinition = reference.blockTableRecord();
+    const OdDbObjectId idImageBlock = FindImageBlock(idDefinition);
+    reference.erase(true);
+    reference.downgradeOpen();
+    if (EraseDefinitionIfUnused(idDefinition) && !idImageBlock.isNull())
+        EraseImageDefinition(idImageBlock, drawing);
 }
 
 } // namespace Annotation

@@ -15,4 +15,8 @@ namespace Annotation
 void BuildAnnotationContent(AnnotationProperties& properties, OdDbBlockReference& reference,
                             CAnnotationDrawing& drawing);
 
+/** Erases a reference, which is open for write, and the block definition that it refers to with all that is drawn of it
+    only; a definition that something else refers to stays. */
+void EraseAnnotation(OdDbBlockReference& reference, CAnnotationDrawing& drawing);
+
 } // namespace Annotation

@@ -6,6 +6,7 @@
 #include "DbLayerTableRecord.h"
 #include "DbTextStyleTable.h"
 #include "DbTextStyleTableRecord.h"
+#include "annotations/FreeName.h"
 
 namespace Annotation
 {
@@ -39,11 +40,6 @@ OdDbObjectId FindOrAdd(OdDbObjectId idTable, const OdChar* pszName, Make make)
     return id;
 }
 
-OdString Numbered(const OdChar* pszName, int iNumber)
-{
-    return iNumber == 1 ? OdString(pszName) : OdString(pszName) + L"_" + OdString(std::to_wstring(iNumber));
-}
-
 } // namespace
 
 OdDbObjectId CAnnotationDrawing::Layer()
@@ -61,36 +57,28 @@ OdDbObjectId CAnnotationDrawing::TextStyle()
     return m_idTextStyle;
 }
 
-// Numbers are taken from the first on, so that a free one behind a taken one is found by doubling and halving; within
-// a request the next number is free as a rule.
-OdString CAnnotationDrawing::FreeName(const OdDbBlockTable& blocks, const OdChar* pszName)
-{
-    int& iLast = m_lastNumbers[pszName];
-    const auto isTaken = [&](int iNumber) { return blocks.has(Numbered(pszName, iNumber)); };
-    int iTaken = iLast;
-    int iFree = iTaken + 1;
-    for (int iStep = 1; isTaken(iFree); iStep *= 2)
-    {
-        iTaken = iFree;
-        iFree += iStep;
-    }
-    while (iFree - iTaken > 1)
-    {
-        const int iMiddle = iTaken + (iFree - iTaken) / 2;
-        (isTaken(iMiddle) ? iTaken : iFree) = iMiddle;
-    }
-    iLast = iFree;
-    return Numbered(pszName, iFree);
-}
-
 OdDbObjectId CAnnotationDrawing::AddDefinition(const OdChar* pszName)
 {
     const OdDbBlockTablePtr pBlocks = m_db.getBlockTableId().safeOpenObject(OdDb::kForWrite);
     const OdDbBlockTableRecordPtr pDefinition = OdDbBlockTableRecord::createObject();
-    pDefinition->setName(FreeName(*pBlocks, pszName));
+    int& iLast = m_lastNumbers[pszName];
+    iLast = FindFreeNumber(pszName, iLast, [&](const OdString& strName) { return pBlocks->has(strName); });
+    pDefinition->setName(NumberedName(pszName, iLast));
     const OdDbObjectId id = pBlocks->add(pDefinition);
     pBlocks->downgradeOpen();
     return id;
+}
+
+bool EraseDefinitionIfUnused(const OdDbObjectId& idDefinition)
+{
+    const OdDbBlockTableRecordPtr pDefinition = idDefinition.safeOpenObject(OdDb::kForWrite);
+    OdDbObjectIdArray references;
+    pDefinition->getBlockReferenceIds(references);
+    if (!references.isEmpty())
+        return false;
+    const bool bErased = pDefinition->erase(true) == eOk;
+    pDefinition->downgradeOpen();
+    return bErased;
 }
 
 } // namespace Annotation

@@ -3,6 +3,7 @@
 
 #include "DbBlockTable.h"
 #include "DbDatabase.h"
+#include "annotations/AnnotationPictures.h"
 #include "annotations/AnnotationText.h"
 
 namespace Annotation
@@ -13,12 +14,13 @@ namespace Annotation
 class CAnnotationDrawing
 {
 public:
-    explicit CAnnotationDrawing(OdDbDatabase& db) : m_db(db) {}
+    explicit CAnnotationDrawing(OdDbDatabase& db) : m_db(db), m_pictures(db) {}
     CAnnotationDrawing(const CAnnotationDrawing&) = delete;
     CAnnotationDrawing& operator=(const CAnnotationDrawing&) = delete;
 
     OdDbDatabase& Database() { return m_db; }
     CTextMeasure& TextMeasure() { return m_measure; }
+    CPictures& Pictures() { return m_pictures; }
 
     /** The layer of all stamps and the text style of their texts, created when they are missing. */
     OdDbObjectId Layer();
@@ -29,13 +31,15 @@ public:
     OdDbObjectId AddDefinition(const OdChar* pszName);
 
 private:
-    OdString FreeName(const OdDbBlockTable& blocks, const OdChar* pszName);
-
     OdDbDatabase& m_db;
     CTextMeasure m_measure;
+    CPictures m_pictures;
     OdDbObjectId m_idLayer;
     OdDbObjectId m_idTextStyle;
     std::map<std::wstring, int> m_lastNumbers; // of the names given so far
 };
+
+/** Erases a block definition unless something refers to it. Returns true when it did. */
+bool EraseDefinitionIfUnused(const OdDbObjectId& idDefinition);
 
 } // namespace Annotation

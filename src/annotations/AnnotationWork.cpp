@@ -59,15 +59,34 @@ OdDbBlockReferencePtr OpenReference(OdDbDatabase& db, const AnnotationProperties
     return db.getOdDbObjectId(OdDbHandle(record.handle)).safeOpenObject(OdDb::kForWrite);
 }
 
-template<class Work>
-void ForEachInTransaction(OdDbDatabase& db, AnnotationRecords& records, Work work)
+/// Image files that are missing or unreadable are found out before anything is changed.
+void RequireReady(CAnnotationDrawing& drawing, const AnnotationRecords& records)
 {
-    for (AnnotationProperties& record : records)
+    Annotation::RequireDrawable(records);
+    for (const AnnotationProperties& record : records)
+        if (record.HasImage())
+            drawing.Pictures().Find(record);
+}
+
+/// Works on each record in a transaction of its own, and tidies up also when one of them fails.
+template<class Work>
+void ForEachInTransaction(CAnnotationDrawing& drawing, AnnotationRecords& records, Work work)
+{
+    try
     {
-        CTransactionScope transaction(db);
-        work(record);
-        transaction.End();
+        for (AnnotationProperties& record : records)
+        {
+            CTransactionScope transaction(drawing.Database());
+            work(record);
+            transaction.End();
+        }
     }
+    catch (...)
+    {
+        drawing.Pictures().EraseUnused();
+        throw;
+    }
+    drawing.Pictures().EraseUnused();
 }
 
 OdDbBlockReferencePtr AddReference(CAnnotationDrawing& drawing, OdDbBlockTableRecord& space)
@@ -100,33 +119,15 @@ private:
     OdRxObjectPtr m_pObject;
 };
 
-/// True when nothing draws the definition any more.
-bool IsUnused(const OdDbBlockTableRecord& definition)
-{
-    OdDbObjectIdArray ids;
-    definition.getBlockReferenceIds(ids);
-    return ids.isEmpty();
-}
-
-void EraseWithDefinition(OdDbBlockReference& reference)
-{
-    const OdDbBlockTableRecordPtr pDefinition = reference.blockTableRecord().safeOpenObject(OdDb::kForWrite);
-    reference.erase(true);
-    reference.downgradeOpen();
-    if (IsUnused(*pDefinition))
-        pDefinition->erase(true);
-    pDefinition->downgradeOpen();
-}
-
 } // namespace
 
 void CreateAnnotations(CCommandCall& call, AnnotationRecords& records)
 {
-    Annotation::RequireDrawable(records);
     CAnnotationDrawing drawing(*call.Database());
-    const OdDbBlockTableRecordPtr pSpace = OpenSpace(*call.Database());
+    RequireReady(drawing, records);
+    const OdDbBlockTableRecordPtr pSpace = OpenSpace(drawing.Database());
     CResults results;
-    ForEachInTransaction(*call.Database(), records,
+    ForEachInTransaction(drawing, records,
                          [&](AnnotationProperties& record)
                          {
                              const OdDbBlockReferencePtr pReference = AddReference(drawing, *pSpace);
@@ -138,15 +139,15 @@ void CreateAnnotations(CCommandCall& call, AnnotationRecords& records)
 
 void ModifyAnnotations(CCommandCall& call, AnnotationRecords& records)
 {
-    Annotation::RequireDrawable(records);
     CAnnotationDrawing drawing(*call.Database());
-    const OdDbBlockTableRecordPtr pSpace = OpenSpace(*call.Database());
-    CEditor editor(*call.Database());
+    RequireReady(drawing, records);
+    const OdDbBlockTableRecordPtr pSpace = OpenSpace(drawing.Database());
+    CEditor editor(drawing.Database());
     CResults results;
-    ForEachInTransaction(*call.Database(), records,
+    ForEachInTransaction(drawing, records,
                          [&](AnnotationProperties& record)
                          {
-                             const OdDbBlockReferencePtr pReference = OpenReference(*call.Database(), record);
+                             const OdDbBlockReferencePtr pReference = OpenReference(drawing.Database(), record);
                              Annotation::BuildAnnotationContent(record, *pReference, drawing);
                              editor.Refresh(pReference->objectId());
                              results.Add(record, pReference->objectId());
@@ -156,11 +157,12 @@ void ModifyAnnotations(CCommandCall& call, AnnotationRecords& records)
 
 void DeleteAnnotations(CCommandCall& call, AnnotationRecords& records)
 {
-    const OdDbBlockTableRecordPtr pSpace = OpenSpace(*call.Database());
-    ForEachInTransaction(*call.Database(), records,
+    CAnnotationDrawing drawing(*call.Database());
+    const OdDbBlockTableRecordPtr pSpace = OpenSpace(drawing.Database());
+    ForEachInTransaction(drawing, records,
                          [&](AnnotationProperties& record)
                          {
                              if (!record.handle.isEmpty())
-                                 EraseWithDefinition(*OpenReference(*call.Database(), record));
+                                 Annotation::EraseAnnotation(*OpenReference(drawing.Database(), record), drawing);
                          });
 }
