@@ -1,17 +1,27 @@
 // A drawing that is open.
 #include "session/OpenDrawing.h"
 
+#include "DbHostAppServices.h"
 #include "commands/SelectionSets.h"
 
 namespace session
 {
 
-OpenDrawing::OpenDrawing() : m_database(OdDbDatabase::createObject())
+namespace
 {
-    m_database->initialize();
+
+// They outlive all drawings that are made through them.
+OdDbHostAppServices& drawingServices()
+{
+    static OdDbHostAppServices services;
+    return services;
 }
 
-OpenDrawing::OpenDrawing(const OdString& fileName) : m_database(OdDbDatabase::createObject())
+} // namespace
+
+OpenDrawing::OpenDrawing() : m_database(drawingServices().createDatabase()) {}
+
+OpenDrawing::OpenDrawing(const OdString& fileName) : m_database(drawingServices().createDatabase(false))
 {
     m_database->readFile(fileName);
 }

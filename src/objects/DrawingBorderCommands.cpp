@@ -139,12 +139,28 @@ void DefineColumnsLines(CCommandCall& call)
     pBorder->downgradeOpen();
 }
 
-CParamsDrawingBorder AskForArea(CCommandCall& call)
+// Asks until the answer is a point: there is nothing else that could be meant.
+OdGePoint3d AskForPoint(CCommandCall& call, EMessage ePrompt, int iOptions)
 {
     OdDbUserIO& userIO = *call.Context().dbUserIO();
+    while (true)
+    {
+        try
+        {
+            return userIO.getPoint(Message(ePrompt), iOptions);
+        }
+        catch (const OdEdOtherInput&)
+        {
+            userIO.putError(Message(eMessageBorderNoPoint));
+        }
+    }
+}
+
+CParamsDrawingBorder AskForArea(CCommandCall& call)
+{
     CParamsDrawingBorder params;
-    params.m_areaFirst = userIO.getPoint(Message(eMessageBorderCorner));
-    params.m_areaSecond = userIO.getPoint(Message(eMessageBorderOpposite), OdEd::kGptRectFrame);
+    params.m_areaFirst = AskForPoint(call, eMessageBorderCorner, OdEd::kGptDefault);
+    params.m_areaSecond = AskForPoint(call, eMessageBorderOpposite, OdEd::kGptRectFrame);
     return params;
 }
 

@@ -30,6 +30,7 @@ constexpr OdMessageEntry kMessages[] = {
     {eMessageBorderCorner, L"Corner of the drawing border:"},
     {eMessageBorderOpposite, L"Opposite corner:"},
     {eMessageBorderJson, L"Drawing border as JSON:"},
+    {eMessageBorderNoPoint, L"Pick a corner, or type its coordinates with commas between them."},
     // What is wrong with an annotation; the last of them puts the others in a sentence.
     {eMessageKeyMissing, L"\"%ls\" is missing"},
     {eMessageKeyNoNumber, L"\"%ls\" is not a number"},

@@ -28,6 +28,7 @@ enum EMessage : unsigned int
     eMessageBorderCorner = 20016,     ///< none
     eMessageBorderOpposite = 20017,   ///< none
     eMessageBorderJson = 20018,       ///< none
+    eMessageBorderNoPoint = 20019,    ///< none
     eMessageKeyMissing = 20022,       ///< key
     eMessageKeyNoNumber = 20023,      ///< key
     eMessageKeyNoInteger = 20024,     ///< key

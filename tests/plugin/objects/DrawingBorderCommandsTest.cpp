@@ -309,6 +309,65 @@ TEST_F(DrawingBorderCommandsTest, ListsAreAskedForWithoutParameters)
     EXPECT_EQ(border(), lists);
 }
 
+/// A user who types points, and who is shown what follows the pointer.
+class TypingUser : public Host
+{
+public:
+    OdGePoint3d getPoint(const OdString& prompt, int options, OdEdPointTracker* tracker) override
+    {
+        trackers.push_back(tracker != nullptr);
+        throw OdEdOtherInput(getString(prompt, options, nullptr));
+    }
+    std::vector<bool> trackers;
+};
+
+TEST_F(DrawingBorderCommandsTest, TheAreaIsAskedForWithoutParameters)
+{
+    const struct
+    {
+        std::deque<OdString> answers;
+        ECommandState state;
+        const char* area; ///< empty when it stays
+        std::vector<bool> trackers;
+        std::size_t errors;
+    } rows[] = {
+        {{L"10,0,5", L"0,20"},
+         eCommandEnded,
+         R"("AreaFirst":{"X":0.0,"Y":20.0,"Z":0.0},"AreaSecond":{"X":10.0,"Y":0.0,"Z":5.0})",
+         {false, true},
+         0},
+        {{L"here", L"1,1", L"7", L"2,2"},
+         eCommandEnded,
+         R"("AreaFirst":{"X":1.0,"Y":2.0,"Z":0.0},"AreaSecond":{"X":2.0,"Y":1.0,"Z":0.0})",
+         {false, false, true, true},
+         2},
+        {{}, eCommandCancelled, "", {false}, 0},
+        {{L"1,1"}, eCommandCancelled, "", {false, true}, 0},
+    };
+    for (const auto& row : rows)
+    {
+        const auto user = OdRxObjectImpl<TypingUser>::createObject();
+        host = user.get();
+        host->answers = row.answers;
+        const std::string before = border();
+        EXPECT_EQ(run(kDefine).state, row.state);
+        EXPECT_EQ(user->trackers, row.trackers);
+        EXPECT_EQ(user->errors.size(), row.errors);
+        EXPECT_TRUE(user->answers.empty());
+        if (*row.area)
+        {
+            EXPECT_NE(border().find(row.area), std::string::npos) << border();
+        }
+        else
+        {
+            EXPECT_EQ(border(), before);
+        }
+        EXPECT_EQ(db->numActiveTransactions(), 0);
+    }
+    EXPECT_EQ(run(OdString(kDefine) + L" 3,3 4,4").state, eCommandEnded) << "the points may come with the command";
+    EXPECT_NE(border().find(R"("AreaFirst":{"X":3.0,"Y":4.0,"Z":0.0})"), std::string::npos) << border();
+}
+
 TEST_F(DrawingBorderCommandsTest, AStrangerInPlaceOfTheDictionaryOrABorder)
 {
     const OdDbDictionaryPtr named = db->getNamedObjectsDictionaryId().safeOpenObject(OdDb::kForWrite);
