@@ -87,11 +87,22 @@ void moveEntity(const OdDbObjectId& id, const OdGeMatrix3d& move)
         refuse(outcome, id, L"cannot be moved");
 }
 
+EntityCriteria criteriaOf(const Parameters& parameters)
+{
+    const auto valueOf = [&](const OdChar* name) { return parameters.string(name).value_or(OdString()); };
+    EntityCriteria criteria;
+    criteria.types = splitAtCommas(valueOf(L"TYPE"));
+    if (const OdString layer = valueOf(L"LAYER"); !layer.isEmpty())
+        criteria.layers.push_back(layer);
+    criteria.text = valueOf(L"TEXT");
+    return criteria;
+}
+
 } // namespace
 
 void findEntities(CommandRun& run)
 {
-    const EntityFilter filter(run.parameters);
+    const EntityFilter filter(criteriaOf(run.parameters));
     const OdDbBlockTableRecordPtr space = run.database.getActiveLayoutBTRId().safeOpenObject();
     OdDbObjectIdArray found;
     for (OdDbObjectIteratorPtr entities = space->newIterator(); !entities->done(); entities->step())

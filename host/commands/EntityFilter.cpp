@@ -5,6 +5,8 @@
 
 #include <re2/re2.h>
 
+#include "DbBlockReference.h"
+#include "DbBlockTableRecord.h"
 #include "DbProxyEntity.h"
 #include "OdError.h"
 #include "commands/VisibleTexts.h"
@@ -21,10 +23,34 @@ const OdChar* const kBlanks = L" \t";
 constexpr int kMostPatternCharacters = 10'000;
 constexpr std::int64_t kMostPatternMemory = 16 << 20;
 
-OdString valueOf(const Parameters& parameters, const OdChar* name)
+std::unique_ptr<re2::RE2> compile(const OdString& pattern, const OdString& name)
 {
-    return parameters.string(name).value_or(OdString());
+    if (pattern.isEmpty())
+        return nullptr;
+    if (pattern.getLength() > kMostPatternCharacters)
+        throw OdError(eInvalidInput, name + L" is too long for a regular expression: \"" + pattern.left(40) + L"...\"");
+    re2::RE2::Options options;
+    options.set_max_mem(kMostPatternMemory);
+    options.set_log_errors(false);
+    auto compiled = std::make_unique<re2::RE2>(odStringToUtf8(pattern), options);
+    if (!compiled->ok())
+        throw OdError(eInvalidInput, name + L" is no regular expression: \"" + pattern + L"\": " +
+                                         OdString(compiled->error().c_str()));
+    return compiled;
 }
+
+bool isAmong(const OdString& name, const std::vector<OdString>& names)
+{
+    return std::any_of(names.begin(), names.end(),
+                       [&name](const OdString& other) { return name.iCompare(other) == 0; });
+}
+
+bool matches(const OdString& text, const re2::RE2& pattern)
+{
+    return re2::RE2::PartialMatch(odStringToUtf8(text), pattern);
+}
+
+} // namespace
 
 std::vector<OdString> splitAtCommas(const OdString& list)
 {
@@ -42,27 +68,9 @@ std::vector<OdString> splitAtCommas(const OdString& list)
     return parts;
 }
 
-std::unique_ptr<re2::RE2> compile(const OdString& pattern)
-{
-    if (pattern.isEmpty())
-        return nullptr;
-    if (pattern.getLength() > kMostPatternCharacters)
-        throw OdError(eInvalidInput, L"TEXT is too long for a regular expression: \"" + pattern.left(40) + L"...\"");
-    re2::RE2::Options options;
-    options.set_max_mem(kMostPatternMemory);
-    options.set_log_errors(false);
-    auto compiled = std::make_unique<re2::RE2>(odStringToUtf8(pattern), options);
-    if (!compiled->ok())
-        throw OdError(eInvalidInput,
-                      L"TEXT is no regular expression: \"" + pattern + L"\": " + OdString(compiled->error().c_str()));
-    return compiled;
-}
-
-} // namespace
-
-EntityFilter::EntityFilter(const Parameters& parameters)
-    : m_types(splitAtCommas(valueOf(parameters, L"TYPE"))), m_layer(valueOf(parameters, L"LAYER")),
-      m_pattern(compile(valueOf(parameters, L"TEXT")))
+EntityFilter::EntityFilter(const EntityCriteria& criteria)
+    : m_types(criteria.types), m_layers(criteria.layers), m_text(compile(criteria.text, L"TEXT")),
+      m_block(compile(criteria.block, L"BLOCK"))
 {
 }
 
@@ -72,11 +80,11 @@ bool EntityFilter::admits(const OdDbObjectId& id) const
 {
     if (!m_types.empty() && !admitsType(id))
         return false;
-    if (m_layer.isEmpty() && m_pattern == nullptr)
+    if (m_layers.empty() && m_text == nullptr && m_block == nullptr)
         return true;
     const OdDbEntityPtr entity = OdDbEntity::cast(id.openObject());
-    return !entity.isNull() && (m_layer.isEmpty() || entity->layer().iCompare(m_layer) == 0) &&
-           (m_pattern == nullptr || admitsText(*entity));
+    return !entity.isNull() && (m_layers.empty() || isAmong(entity->layer(), m_layers)) &&
+           (m_text == nullptr || admitsText(*entity)) && (m_block == nullptr || admitsBlock(*entity));
 }
 
 bool EntityFilter::admitsType(const OdDbObjectId& id) const
@@ -98,16 +106,22 @@ bool EntityFilter::admitsType(const OdDbObjectId& id) const
 
 bool EntityFilter::isAmongTypes(const OdString& dxfName) const
 {
-    return std::any_of(m_types.begin(), m_types.end(),
-                       [&dxfName](const OdString& type) { return type.iCompare(dxfName) == 0; });
+    return isAmong(dxfName, m_types);
 }
 
 bool EntityFilter::admitsText(const OdDbEntity& entity) const
 {
     const std::vector<OdString> texts = visibleTextsOf(entity);
-    return std::any_of(texts.begin(), texts.end(),
-                       [this](const OdString& text)
-                       { return re2::RE2::PartialMatch(odStringToUtf8(text), *m_pattern); });
+    return std::any_of(texts.begin(), texts.end(), [this](const OdString& text) { return matches(text, *m_text); });
+}
+
+bool EntityFilter::admitsBlock(const OdDbEntity& entity) const
+{
+    const OdDbBlockReferencePtr reference = OdDbBlockReference::cast(&entity);
+    if (reference.isNull())
+        return false;
+    const OdDbBlockTableRecordPtr block = OdDbBlockTableRecord::cast(reference->blockTableRecord().openObject());
+    return !block.isNull() && matches(block->getName(), *m_block);
 }
 
 } // namespace hostcommands

@@ -7,8 +7,6 @@
 
 #include "DbObjectId.h"
 #include "OdString.h"
-#include "commands/Parameters.h"
-
 namespace re2
 {
 class RE2;
@@ -18,13 +16,21 @@ class OdDbEntity;
 namespace hostcommands
 {
 
+// What an entity must have; what is empty admits everything. Names are compared without regard to case; patterns are
+// regular expressions that match any part.
+struct EntityCriteria
+{
+    std::vector<OdString> types; // DXF names, one of which it must have
+    std::vector<OdString> layers;
+    OdString text;
+    OdString block; // the name of the block that a reference draws
+};
+
 class EntityFilter
 {
 public:
-    // Takes "TYPE" (DXF names, separated by commas), "LAYER" and "TEXT" (a regular expression that matches any part of
-    // the text) from the parameters; what is absent or empty admits everything. Throws OdError(eInvalidInput), which
-    // names the pattern, for a pattern that is malformed or too large.
-    explicit EntityFilter(const Parameters& parameters);
+    // Throws OdError(eInvalidInput), which names the pattern, for a pattern that is malformed or too large.
+    explicit EntityFilter(const EntityCriteria& criteria);
     ~EntityFilter();
 
     bool admits(const OdDbObjectId& id) const;
@@ -33,11 +39,16 @@ private:
     bool admitsType(const OdDbObjectId& id) const;
     bool isAmongTypes(const OdString& dxfName) const;
     bool admitsText(const OdDbEntity& entity) const;
+    bool admitsBlock(const OdDbEntity& entity) const;
 
     std::vector<OdString> m_types;
-    OdString m_layer;
-    std::unique_ptr<re2::RE2> m_pattern;
+    std::vector<OdString> m_layers;
+    std::unique_ptr<re2::RE2> m_text;
+    std::unique_ptr<re2::RE2> m_block;
     mutable std::unordered_map<OdRxClass*, bool> m_admittedClasses;
 };
+
+// The names in a list with commas in between.
+std::vector<OdString> splitAtCommas(const OdString& list);
 
 } // namespace hostcommands

@@ -64,7 +64,7 @@ public:
         if (io == nullptr)
             throw OdError(eNullPtr, OdString(L"the command ") + row->name + L" has no place for its results");
         const OdResBufPtr parameters = OdResBuf::cast(io->param());
-        CommandRun run{*database, Parameters(parameters), Results()};
+        CommandRun run{*database, Parameters(parameters), drawingContext->dbUserIO(), Results()};
         Transaction transaction(*database, (row->flags & kInTransaction) != 0);
         row->run(run);
         transaction.end();
@@ -79,6 +79,13 @@ std::vector<std::unique_ptr<OdStaticRxObject<HostCommand>>>& commands()
 }
 
 } // namespace
+
+OdDbUserIO& CommandRun::requireUser() const
+{
+    if (user == nullptr)
+        throw OdError(eNullPtr, OdString(L"there is nobody to ask"));
+    return *user;
+}
 
 void registerHostCommands()
 {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "DbDatabase.h"
+#include "DbUserIO.h"
 #include "commands/Parameters.h"
 #include "commands/Results.h"
 
@@ -23,7 +24,11 @@ struct CommandRun
 {
     OdDbDatabase& database;
     Parameters parameters;
+    OdDbUserIO* user; // whom to ask; null when there is nobody
     Results results;
+
+    // Throws OdError(eNullPtr) when there is nobody to ask.
+    OdDbUserIO& requireUser() const;
 };
 
 struct CommandRow

@@ -1,6 +1,8 @@
 // Reads named values out of a parameter chain.
 #include "commands/Parameters.h"
 
+#include <cstdint>
+
 #include "OdError.h"
 
 namespace hostcommands
@@ -109,6 +111,28 @@ OdDbSelectionSetPtr Parameters::selectionSet(const OdChar* name) const
 {
     const OdResBuf* const value = findOfType(name, OdResBuf::kRtPickSet);
     return value == nullptr ? OdDbSelectionSetPtr() : OdDbSelectionSet::cast(value->getPickSet());
+}
+
+std::optional<int> Parameters::integer(const OdChar* name) const
+{
+    const OdResBuf* const value = findOfType(name, OdResBuf::kRtInt32);
+    if (value == nullptr)
+        return std::nullopt;
+    return value->getInt32();
+}
+
+std::optional<bool> Parameters::flag(const OdChar* name) const
+{
+    const OdResBuf* const value = findOfType(name, OdResBuf::kRtBool);
+    if (value == nullptr)
+        return std::nullopt;
+    return value->getBool();
+}
+
+OdRxObject* Parameters::object(const OdChar* name) const
+{
+    const OdResBuf* const value = findOfType(name, OdResBuf::kRtInt64);
+    return value == nullptr ? nullptr : reinterpret_cast<OdRxObject*>(static_cast<std::intptr_t>(value->getInt64()));
 }
 
 std::optional<OdGePoint3d> Parameters::point(const OdChar* name) const

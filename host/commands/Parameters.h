@@ -34,6 +34,10 @@ public:
     OdGeVector3d vector(const OdChar* name) const;
     std::optional<OdGePoint3d> point(const OdChar* name) const;
     std::optional<OdGeExtents3d> extents(const OdChar* name) const; // the corners are taken as they are
+    std::optional<int> integer(const OdChar* name) const;
+    std::optional<bool> flag(const OdChar* name) const;
+    // An object that another part of the program hands over; null when there is none.
+    OdRxObject* object(const OdChar* name) const;
 
     bool has(const OdChar* name) const;
 

@@ -1,11 +1,11 @@
-// The named selection sets of each open drawing, and the commands that read and change them.
+// The named selection sets of each open drawing.
 #include "commands/SelectionSets.h"
 
 #include <map>
-#include <utility>
 
-#include "OdError.h"
-#include "commands/CommandTable.h"
+#include "DbDatabase.h"
+#include "DynamicLinker.h"
+#include "SelectionSetReactor.h"
 
 namespace hostcommands
 {
@@ -15,22 +15,27 @@ const OdChar* const kPickFirst = L"PICKFIRST";
 namespace
 {
 
-using SetKey = std::pair<const OdDbDatabase*, OdString>;
-
-struct KeyOrder
+struct NameOrder
 {
-    bool operator()(const SetKey& first, const SetKey& second) const
-    {
-        if (first.first != second.first)
-            return std::less<>()(first.first, second.first);
-        return first.second.iCompare(second.second) < 0;
-    }
+    bool operator()(const OdString& first, const OdString& second) const { return first.iCompare(second) < 0; }
 };
 
-std::map<SetKey, OdDbSelectionSetPtr, KeyOrder>& allSets()
+struct NamedSet
 {
-    static std::map<SetKey, OdDbSelectionSetPtr, KeyOrder> sets;
-    return sets;
+    OdDbSelectionSetPtr set;
+    bool isHighlighted = false;
+};
+
+struct SetsOfDrawing
+{
+    std::map<OdString, NamedSet, NameOrder> named;
+    OdDbSelectionSetPtr previous;
+};
+
+std::map<const OdDbDatabase*, SetsOfDrawing>& allDrawings()
+{
+    static std::map<const OdDbDatabase*, SetsOfDrawing> drawings;
+    return drawings;
 }
 
 OdString orPickFirst(const OdString& name)
@@ -38,54 +43,90 @@ OdString orPickFirst(const OdString& name)
     return name.isEmpty() ? OdString(kPickFirst) : name;
 }
 
-OdString nameOf(const CommandRun& run)
+NamedSet* findNamed(const OdDbDatabase& database, const OdString& name)
 {
-    return run.parameters.name(L"SELECTIONSETNAME");
+    const auto drawing = allDrawings().find(&database);
+    if (drawing == allDrawings().end())
+        return nullptr;
+    const auto found = drawing->second.named.find(orPickFirst(name));
+    return found == drawing->second.named.end() ? nullptr : &found->second;
+}
+
+OdDbSelectionSetPtr copyOf(const OdDbDatabase& database, const OdDbSelectionSet& set)
+{
+    const OdDbSelectionSetPtr copy = OdDbSelectionSet::createObject(&database);
+    copy->append(set.objectIdArray());
+    return copy;
+}
+
+// Those of the ids that are not in the set; all when there is no set.
+OdDbObjectIdArray missingIn(const OdDbSelectionSet* set, const OdDbObjectIdArray& ids)
+{
+    OdDbObjectIdArray missing;
+    for (const OdDbObjectId& id : ids)
+        if (set == nullptr || !set->isMember(id))
+            missing.append(id);
+    return missing;
+}
+
+// Listeners are kept by the plug-in; without it there are none.
+void announce(const OdDbDatabase& database, const OdString& name, const OdDbObjectIdArray& come,
+              const OdDbObjectIdArray& gone)
+{
+    if (come.isEmpty() && gone.isEmpty())
+        return;
+    if (!odrxDynamicLinker()->lookupModule(L"Quend.Zol.Cad.tx").isNull())
+        CSelectionSetReactor::SelectionSetChanged(&database, name, come, gone);
 }
 
 } // namespace
 
-OdDbSelectionSetPtr findSelectionSet(OdDbDatabase& database, const OdString& name)
+OdDbSelectionSetPtr findSelectionSet(const OdDbDatabase& database, const OdString& name)
 {
-    const OdString key = orPickFirst(name);
-    const auto found = allSets().find({&database, key});
-    if (found != allSets().end())
-        return found->second;
-    return key.iCompare(kPickFirst) == 0 ? OdDbSelectionSet::createObject(&database) : OdDbSelectionSetPtr();
+    if (const NamedSet* const found = findNamed(database, name); found != nullptr && !found->set.isNull())
+        return copyOf(database, *found->set);
+    const bool isPickFirst = orPickFirst(name).iCompare(kPickFirst) == 0;
+    return isPickFirst ? OdDbSelectionSet::createObject(&database) : OdDbSelectionSetPtr();
 }
 
-void storeSelectionSet(OdDbDatabase& database, const OdString& name, const OdDbSelectionSetPtr& set)
+void storeSelectionSet(OdDbDatabase& database, const OdString& name, const OdDbSelectionSet& set)
 {
-    allSets()[{&database, orPickFirst(name)}] = set;
+    const OdDbSelectionSetPtr stored = copyOf(database, set);
+    OdString shownName = orPickFirst(name);
+    NamedSet& place = allDrawings()[&database].named[shownName];
+    const OdDbSelectionSetPtr before = std::exchange(place.set, stored);
+    const OdDbObjectIdArray idsBefore = before.isNull() ? OdDbObjectIdArray() : before->objectIdArray();
+    announce(database, shownName.makeUpper(), missingIn(before, stored->objectIdArray()), missingIn(stored, idsBefore));
+}
+
+OdDbSelectionSetPtr previousSelection(const OdDbDatabase& database)
+{
+    const auto drawing = allDrawings().find(&database);
+    if (drawing == allDrawings().end() || drawing->second.previous.isNull())
+        return OdDbSelectionSet::createObject(&database);
+    return copyOf(database, *drawing->second.previous);
+}
+
+void rememberSelection(const OdDbDatabase& database, const OdDbSelectionSet& set)
+{
+    if (set.numEntities() > 0)
+        allDrawings()[&database].previous = copyOf(database, set);
+}
+
+bool isHighlighted(const OdDbDatabase& database, const OdString& name)
+{
+    const NamedSet* const found = findNamed(database, name);
+    return found != nullptr && found->isHighlighted;
+}
+
+void setHighlighted(const OdDbDatabase& database, const OdString& name, bool isHighlighted)
+{
+    allDrawings()[&database].named[orPickFirst(name)].isHighlighted = isHighlighted;
 }
 
 void forgetSelectionSets(const OdDbDatabase& database)
 {
-    auto& sets = allSets();
-    for (auto entry = sets.begin(); entry != sets.end();)
-        entry = entry->first.first == &database ? sets.erase(entry) : std::next(entry);
-}
-
-void getSelectionSet(CommandRun& run)
-{
-    // A name that stands for nothing gives no result: whoever asked knows what that means for him.
-    const OdDbSelectionSetPtr set = findSelectionSet(run.database, nameOf(run));
-    if (!set.isNull())
-        run.results.add(L"SELECTIONSET", set);
-}
-
-void updateSelectionSet(CommandRun& run)
-{
-    const OdDbSelectionSetPtr set = run.parameters.selectionSet(L"SELECTIONSET");
-    if (set.isNull())
-        throw OdError(eNullObjectPointer, OdString(L"the parameter SELECTIONSET is missing"));
-    storeSelectionSet(run.database, nameOf(run), set);
-    run.results.add(L"SELECTIONSET", set);
-}
-
-void clearSelectionSet(CommandRun& run)
-{
-    storeSelectionSet(run.database, nameOf(run), OdDbSelectionSet::createObject(&run.database));
+    allDrawings().erase(&database);
 }
 
 } // namespace hostcommands

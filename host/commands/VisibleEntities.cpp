@@ -1,12 +1,11 @@
-// The command SELECTIONSELECTALLVISIBLEENTITIES.
-#include <unordered_map>
+// What the current layout shows.
+#include "commands/VisibleEntities.h"
 
 #include "DbBlockTableRecord.h"
-#include "DbEntity.h"
-#include "DbLayerTableRecord.h"
+#include "DbDatabase.h"
 #include "DbObjectIterator.h"
-#include "commands/CommandTable.h"
-#include "commands/SelectionSets.h"
+#include "DbViewport.h"
+#include "commands/Layers.h"
 
 namespace hostcommands
 {
@@ -14,47 +13,42 @@ namespace hostcommands
 namespace
 {
 
-// Tells whether layers are shown; each is looked at once.
-class LayerVisibility
+OdDbBlockTableRecordPtr currentSpace(OdDbDatabase& database)
 {
-public:
-    bool shows(const OdDbObjectId& layer)
-    {
-        const auto [entry, isNew] = m_shown.try_emplace(static_cast<OdDbStub*>(layer), true);
-        if (isNew)
-        {
-            const OdDbLayerTableRecordPtr record = OdDbLayerTableRecord::cast(layer.openObject());
-            entry->second = record.isNull() || (!record->isOff() && !record->isFrozen());
-        }
-        return entry->second;
-    }
+    return OdDbBlockTableRecord::cast(database.getActiveLayoutBTRId().safeOpenObject());
+}
 
-private:
-    std::unordered_map<OdDbStub*, bool> m_shown;
-};
-
-OdDbSelectionSetPtr selectVisible(OdDbDatabase& database)
+bool isSheet(const OdDbEntity& entity)
 {
-    const OdDbSelectionSetPtr set = OdDbSelectionSet::createObject(&database);
-    const OdDbBlockTableRecordPtr space = OdDbBlockTableRecord::cast(database.getActiveLayoutBTRId().safeOpenObject());
-    LayerVisibility layers;
-    for (OdDbObjectIteratorPtr entities = space->newIterator(); !entities->done(); entities->step())
-    {
-        const OdDbEntityPtr entity = entities->entity();
-        if (!entity.isNull() && entity->visibility() == OdDb::kVisible && layers.shows(entity->layerId()))
-            set->append(entities->objectId());
-    }
-    return set;
+    const OdDbViewportPtr viewport = OdDbViewport::cast(&entity);
+    return !viewport.isNull() && viewport->number() == 1;
+}
+
+bool isShown(const OdDbEntityPtr& entity, Layers& layers)
+{
+    return !entity.isNull() && entity->visibility() == OdDb::kVisible && layers.of(entity->layerId()).isShown &&
+           !isSheet(*entity);
 }
 
 } // namespace
 
-void selectAllVisibleEntities(CommandRun& run)
+OdDbObjectIdArray visibleEntities(OdDbDatabase& database)
 {
-    const OdDbSelectionSetPtr set = selectVisible(run.database);
-    if (run.parameters.has(L"SELECTIONSETNAME"))
-        storeSelectionSet(run.database, run.parameters.name(L"SELECTIONSETNAME"), set);
-    run.results.add(L"SELECTIONSET", set);
+    OdDbObjectIdArray shown;
+    Layers layers;
+    for (OdDbObjectIteratorPtr walk = currentSpace(database)->newIterator(); !walk->done(); walk->step())
+        if (isShown(walk->entity(), layers))
+            shown.append(walk->objectId());
+    return shown;
+}
+
+OdDbObjectId lastVisibleEntity(OdDbDatabase& database)
+{
+    Layers layers;
+    for (OdDbObjectIteratorPtr walk = currentSpace(database)->newIterator(false); !walk->done(); walk->step(false))
+        if (isShown(walk->entity(), layers))
+            return walk->objectId();
+    return OdDbObjectId::kNull;
 }
 
 } // namespace hostcommands
