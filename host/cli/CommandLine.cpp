@@ -48,6 +48,13 @@ void addSession(CLI::App& app, Arguments& arguments, Door& door)
     subcommand->callback([&] { door = [&] { return serveSession(arguments.drawing, session::Plugin::kLoaded); }; });
 }
 
+void addConsole(CLI::App& app, Arguments& arguments, Door& door)
+{
+    CLI::App* const subcommand = app.add_subcommand("console", "Type commands at a terminal");
+    subcommand->add_option("DRAWING", arguments.drawing, std::string(kDrawingHelp) + "; none: a new one");
+    subcommand->callback([&] { door = [&] { return serveConsole(arguments.drawing); }; });
+}
+
 void addCommands(CLI::App& app, Door& door)
 {
     CLI::App* const subcommand = app.add_subcommand("commands", "List every command with group, flags and help");
@@ -102,6 +109,7 @@ int runCommandLine(int argc, char** argv)
     CLI::App app("Labels in CAD drawings: find, create, list and save them", "zolcad");
     app.require_subcommand(1);
     addSession(app, arguments, door);
+    addConsole(app, arguments, door);
     addCommands(app, door);
     addInfo(app, arguments, door);
     addRun(app, arguments, door);

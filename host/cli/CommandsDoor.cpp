@@ -3,9 +3,8 @@
 #include <cstdio>
 #include <string>
 
-#include "Ed/EdCommandStack.h"
-#include "RxIterator.h"
 #include "cli/CommandLine.h"
+#include "cli/CommandList.h"
 #include "cli/Doors.h"
 #include "commands/HostCommand.h"
 
@@ -14,14 +13,6 @@ namespace cli
 
 namespace
 {
-
-std::vector<OdEdCommandPtr> allCommands()
-{
-    std::vector<OdEdCommandPtr> commands;
-    for (OdRxIteratorPtr walk = odedRegCmds()->newIterator(); !walk->done(); walk->next())
-        commands.push_back(OdEdCommand::cast(walk->object()));
-    return commands;
-}
 
 std::size_t longestName(const std::vector<OdEdCommandPtr>& commands)
 {

@@ -12,6 +12,9 @@ namespace cli
 // Answers requests from standard input on standard output. An empty file name stands for a new drawing.
 int serveSession(const std::string& drawingFile, session::Plugin plugin);
 
+// Runs the commands that are typed at a terminal or stand in standard input, and shows what they say.
+int serveConsole(const std::string& drawingFile);
+
 // Lists every command with its group, its flags and a line of help.
 int listCommands();
 

@@ -8,6 +8,7 @@
 #include "cli/CommandLine.h"
 #include "cli/Doors.h"
 #include "cli/Drawings.h"
+#include "cli/ParameterWords.h"
 #include "commands/DrawingFiles.h"
 #include "session/Session.h"
 
@@ -24,37 +25,13 @@ rapidjson::Value textValue(const std::string& text, Allocator& allocator)
     return rapidjson::Value(text.data(), static_cast<rapidjson::SizeType>(text.size()), allocator);
 }
 
-// What reads as JSON is JSON, all else is a text: NAME=12 and NAME={"objectId":"2A"}, but NAME=E12. No parameter is a
-// number with a fraction or an exponent, so HANDLE=1E2 is a text.
-rapidjson::Value valueOf(const std::string& text, Allocator& allocator)
-{
-    rapidjson::Document parsed;
-    parsed.Parse(text.data(), text.size());
-    const bool isText = parsed.HasParseError() || (parsed.IsNumber() && !parsed.IsInt());
-    return isText ? textValue(text, allocator) : rapidjson::Value(parsed, allocator);
-}
-
-rapidjson::Value parametersOf(const RunOrder& order, Allocator& allocator)
-{
-    rapidjson::Value parameters(rapidjson::kObjectType);
-    for (const std::string& parameter : order.parameters)
-    {
-        const std::size_t equals = parameter.find('=');
-        if (equals == std::string::npos || equals == 0)
-            throw session::RequestError("a parameter is NAME=VALUE, not \"" + parameter + "\"");
-        parameters.AddMember(textValue(parameter.substr(0, equals), allocator),
-                             valueOf(parameter.substr(equals + 1), allocator), allocator);
-    }
-    return parameters;
-}
-
 std::string requestLine(const RunOrder& order)
 {
     rapidjson::Document request(rapidjson::kObjectType);
     Allocator& allocator = request.GetAllocator();
     request.AddMember("command", textValue(order.command, allocator), allocator);
     if (!order.parameters.empty())
-        request.AddMember("parameters", parametersOf(order, allocator), allocator);
+        request.AddMember("parameters", parametersOf(order.parameters, allocator), allocator);
     rapidjson::Value input(rapidjson::kArrayType);
     for (const std::string& answer : order.input)
         input.PushBack(textValue(answer, allocator), allocator);

@@ -43,7 +43,7 @@ void UserAnswers::begin(const WideValue* input)
 {
     m_input = input;
     m_next = 0;
-    m_message.reset();
+    forgetMessage();
     m_output.clear();
     if (input == nullptr)
         return;
@@ -76,11 +76,6 @@ OdGePoint3d UserAnswers::getPoint(const OdString& prompt, int, OdEdPointTracker*
     if (answer.IsString())
         throw OdEdOtherInput(textOf(answer));
     return pointOf(answer);
-}
-
-void UserAnswers::CommandMessage(const OdString& message)
-{
-    m_message = message;
 }
 
 void UserAnswers::putString(const OdString& text)

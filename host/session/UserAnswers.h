@@ -6,30 +6,26 @@
 //   null            the Escape key
 #pragma once
 
-#include <optional>
 #include <vector>
 
-#include "CommandHandlerCallback.h"
 #include "session/Json.h"
-#include "session/ResponseWriter.h"
+#include "session/RunCommand.h"
 
 namespace session
 {
 
-class UserAnswers : public CCommandHandlerCallback
+class UserAnswers : public CommandUser
 {
 public:
     // Starts a request. input is an array or null and must stay until the next request or the end. Throws RequestError
     // for an element of another form.
     void begin(const WideValue* input);
 
-    void CommandMessage(const OdString& message) override;
     OdString getString(const OdString& prompt, int options, OdEdStringTracker* tracker) override;
     OdGePoint3d getPoint(const OdString& prompt, int options, OdEdPointTracker* tracker) override;
     void putString(const OdString& text) override;
     void putError(const OdString& text) override;
 
-    const std::optional<OdString>& message() const { return m_message; }
     std::vector<Output>& output() { return m_output; }
 
 private:
@@ -37,7 +33,6 @@ private:
 
     const WideValue* m_input = nullptr;
     rapidjson::SizeType m_next = 0;
-    std::optional<OdString> m_message;
     std::vector<Output> m_output;
 };
 

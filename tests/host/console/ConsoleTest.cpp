@@ -1,0 +1,235 @@
+// The console at a terminal, and on a file of lines.
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "cli/console/CommandLineWords.h"
+#include "cli/console/Completion.h"
+#include "support/ChildProcess.h"
+#include "support/DxfRecords.h"
+#include "support/EntityDrawing.h"
+#include "support/PseudoTerminal.h"
+#include "support/TemporaryFolder.h"
+
+namespace
+{
+
+const char* const kPrompt = "Command: ";
+const std::string kEscape = "\x1b";
+const std::string kControlC = "\x03";
+const std::string kControlD = "\x04";
+const std::string kUp = "\x1b[A";
+
+class Console : public testing::Test
+{
+protected:
+    Console()
+    {
+        support::writeWholeFile(path(),
+                                support::drawingOf({{"LINE A1 0|100 AcDbLine|10 0|20 0|11 10|21 0",
+                                                     "TEXT A2 0|100 AcDbText|10 100|20 0|40 5|1 E12|100 AcDbText"}}));
+    }
+
+    std::string path() const { return m_folder.path("drawing.dxf"); }
+    std::vector<std::string> command() const { return {ZOLCAD_PROGRAM, "console", path()}; }
+
+private:
+    support::TemporaryFolder m_folder;
+};
+
+TEST_F(Console, CompletesCommandsAndKeywords)
+{
+    support::PseudoTerminal terminal(command());
+    terminal.waitFor(kPrompt);
+    terminal.type("bsystemlabelto\t");
+    terminal.waitFor("BSYSTEMLABELTOJSON ");
+    terminal.type("\r");
+    terminal.waitFor("/Selected/");
+    terminal.type("s\t");
+    terminal.waitFor("Selected");
+    terminal.type("\r");
+    terminal.waitFor("is done.");
+    terminal.waitFor(kPrompt);
+    terminal.type("BSYSTEMLABELGETIDFROM\t");
+    terminal.waitFor("BSYSTEMLABELGETIDFROMGUID\n");
+    terminal.waitFor("BSYSTEMLABELGETIDFROMHANDLE\n");
+    terminal.waitFor("BSYSTEMLABELGETIDFROMNAME\n");
+    terminal.type("n\t NAME=x\r");
+    terminal.waitFor("OBJECTID: none");
+    terminal.waitFor(kPrompt);
+    terminal.type("SELECTIONSELECTVISUAL SELECTFUNCTION=4\r");
+    terminal.waitFor("First point of the fence: ");
+    terminal.type("5,5\r");
+    terminal.waitFor("Next point [Undo/]: ");
+    terminal.type("u\t");
+    terminal.waitFor("Undo");
+    terminal.type("\r");
+    terminal.waitFor("Next point [Undo/]: ");
+    terminal.type("5,-5\r\r");
+    terminal.waitFor("SELECTIONSET: A1\n");
+}
+
+TEST_F(Console, CancelsTheCommandAndNotTheProgram)
+{
+    support::PseudoTerminal terminal(command());
+    for (const std::string& cancel : {kEscape, kControlC})
+    {
+        terminal.waitFor(kPrompt);
+        terminal.type("BSYSTEMLABELTOJSON\r");
+        terminal.waitFor("/Selected/");
+        terminal.type("al" + cancel);
+        terminal.waitFor("was cancelled.");
+        terminal.waitFor(kPrompt);
+        terminal.type("NOSUCH" + cancel);
+    }
+    terminal.waitFor(kPrompt);
+    terminal.type("UNDO\r");
+    terminal.waitFor("DONE: no");
+    terminal.waitFor(kPrompt);
+    terminal.type(kControlD);
+    EXPECT_EQ(terminal.finish(), 0);
+    EXPECT_EQ(terminal.shown().find("There is no command"), std::string::npos) << terminal.shown();
+}
+
+TEST_F(Console, KeepsAHistoryOfCommands)
+{
+    support::PseudoTerminal terminal(command());
+    terminal.waitFor(kPrompt);
+    terminal.type("BSYSTEMLABELTOJSON\r");
+    terminal.waitFor("/Selected/");
+    terminal.type("all\r");
+    terminal.waitFor("JSON: []");
+    terminal.waitFor(kPrompt);
+    terminal.type("UNDO\r");
+    terminal.waitFor("DONE: no");
+    terminal.waitFor(kPrompt);
+    terminal.type(kUp + kUp);
+    terminal.waitFor("BSYSTEMLABELTOJSON");
+    terminal.type("\r");
+    terminal.waitFor("/Selected/");
+}
+
+TEST_F(Console, AsksBeforeChangesAreLost)
+{
+    support::PseudoTerminal terminal(command());
+    terminal.waitFor(kPrompt);
+    terminal.type("REGISTERCUSTOMAPPLICATION NAME=\"\xD0\x96 x\"\r");
+    terminal.waitFor("is done.");
+    for (const char* answer : {"no\r", "\r", "\x1b"})
+    {
+        terminal.waitFor(kPrompt);
+        terminal.type("quit\r");
+        terminal.waitFor("Leave? [Yes/No/]<No>: ");
+        terminal.type(answer);
+    }
+    terminal.waitFor(kPrompt);
+    terminal.type("SAVE\r");
+    terminal.waitFor("FILE: " + path());
+    terminal.waitFor(kPrompt);
+    terminal.type("QUIT\r");
+    EXPECT_EQ(terminal.finish(), 0);
+    EXPECT_NE(support::readWholeFile(path()).find("\\U+0416 x"), std::string::npos);
+}
+
+struct Transcript
+{
+    int code;
+    std::string output;
+    std::string errors;
+};
+
+Transcript runOn(const std::vector<std::string>& command, const std::string& input)
+{
+    support::ChildProcess program(command);
+    program.write(input);
+    const int code = program.finish();
+    return {code, program.output(), program.errors()};
+}
+
+TEST_F(Console, RunsTheLinesOfAFile)
+{
+    const Transcript good =
+        runOn(command(), "ENTITIES TYPE=TEXT TEXT=\"^E\"\r\nBSYSTEMLABELTOJSON\nall\n  \nquit\nNOSUCH\n");
+    EXPECT_EQ(good.code, 0);
+    EXPECT_EQ(good.output, "Command: ENTITIES TYPE=TEXT TEXT=\"^E\"\nOBJECTIDARRAY: A2\nCommand \"ENTITIES\" is done.\n"
+                           "Command: BSYSTEMLABELTOJSON\nHandle of a label, or which labels "
+                           "[aLl/Selected/Handle/Guid/Name] : all\nJSON: []\nCommand \"BSYSTEMLABELTOJSON\" is done.\n"
+                           "Command:   \nCommand: quit\n");
+    const Transcript bad =
+        runOn(command(), "NOSUCH\nERASE OBJECTIDARRAY=A1,FFF\nERASE OBJECTIDARRAY=A1\nBSYSTEMLABELTOJSON\n");
+    EXPECT_EQ(bad.code, 1);
+    EXPECT_NE(bad.output.find("There is no command \"NOSUCH\""), std::string::npos) << bad.output;
+    EXPECT_NE(bad.output.find("no object with the handle \"FFF\""), std::string::npos) << bad.output;
+    EXPECT_NE(bad.output.find("was cancelled."), std::string::npos) << "the input ends in a question: " << bad.output;
+    EXPECT_NE(bad.errors.find("not saved"), std::string::npos) << bad.errors;
+    EXPECT_EQ(runOn({ZOLCAD_PROGRAM, "console", path() + "x"}, "").code, 3);
+    EXPECT_EQ(runOn({ZOLCAD_PROGRAM, "console"}, "").code, 0);
+}
+
+TEST(ConsoleWords, AreDividedByBlanks)
+{
+    const struct
+    {
+        const char* line;
+        std::vector<std::string> words;
+    } cases[] = {
+        {"", {}},
+        {"  SAVE\t ", {"SAVE"}},
+        {"A N=\"E 12\" M={\"a\": [1, 2]}", {"A", "N=\"E 12\"", "M={\"a\": [1, 2]}"}},
+        {"A \"x \\\" y\" z", {"A", "\"x \\\" y\"", "z"}},
+        {"A {\"a }\": 1} b", {"A", "{\"a }\": 1}", "b"}},
+        {"A ]] b", {"A", "]]", "b"}},
+        {"A \"open b", {"A", "\"open b"}},
+    };
+    for (const auto& each : cases)
+        EXPECT_EQ(cli::splitIntoWords(each.line), each.words) << each.line;
+}
+
+TEST(ConsoleWords, BecomeRequests)
+{
+    const struct
+    {
+        const char* line;
+        const char* request;
+    } cases[] = {
+        {"UNDO", R"({"command":"UNDO"})"},
+        {"A x=1 y", R"({"command":"A x=1 y"})"},
+        {"A \"x=1\"", R"({"command":"A \"x=1\""})"},
+        {"A {\"x=\":1}", R"({"command":"A {\"x=\":1}"})"},
+        {" A N=1 M=1.5 F=true G=a T=\"1\"",
+         R"({"command":"A","parameters":{"N":1,"M":"1.5","F":true,"G":"a","T":"1"}})"},
+        {"A OBJECTID=1E2", R"({"command":"A","parameters":{"OBJECTID":{"objectId":"1E2"}}})"},
+        {"A objectIdArray=", R"({"command":"A","parameters":{"objectIdArray":{"objectIds":[]}}})"},
+        {"A OBJECTIDARRAY={\"objectIds\":[\"1\"]}",
+         R"({"command":"A","parameters":{"OBJECTIDARRAY":{"objectIds":["1"]}}})"},
+        {"A SELECTIONSET=1,2 VECTOR=1,-2.5,1e1",
+         R"({"command":"A","parameters":{"SELECTIONSET":{"selectionSet":["1","2"]},"VECTOR":{"point":[1.0,-2.5,10.0]}}})"},
+    };
+    for (const auto& each : cases)
+        EXPECT_EQ(cli::requestOf(each.line), each.request) << each.line;
+}
+
+TEST(ConsoleWords, AreCompleted)
+{
+    const std::vector<std::string> words = {"Save", "SaveAs", "select", "Ünder"};
+    const struct
+    {
+        const char* word;
+        const char* common;
+        std::size_t fitting;
+    } cases[] = {{"", "", 4},  {"s", "S", 3},     {"SAVE", "Save", 2}, {"savea", "SaveAs", 1},
+                 {"x", "", 0}, {"saveasx", "", 0}};
+    for (const auto& each : cases)
+    {
+        const cli::Completion completion = cli::complete(each.word, words);
+        EXPECT_EQ(completion.common, each.common) << each.word;
+        EXPECT_EQ(completion.fitting.size(), each.fitting) << each.word;
+    }
+    using Words = std::vector<std::string>;
+    EXPECT_EQ(cli::keywordsOf("Choose [aLl/Selected/]<aLl>:"), (Words{"aLl", "Selected"}));
+    EXPECT_EQ(cli::keywordsOf("a [x] or [One/Two]"), (Words{"One", "Two"}));
+    for (const char* prompt : {"", "none", "open [a/b", "] closed", "[]", "[//]"})
+        EXPECT_EQ(cli::keywordsOf(prompt), Words()) << prompt;
+}
+
+} // namespace
