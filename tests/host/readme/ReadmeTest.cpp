@@ -111,6 +111,17 @@ TEST(Readme, ShowsAFirstSessionAsItIs)
     EXPECT_EQ(requests, pageOf("examples/first-session.jsonl"));
 }
 
+TEST(Readme, ShowsTheConsoleAsItIs)
+{
+    support::ChildProcess console({ZOLCAD_PROGRAM, "console", kProject + "examples/bearing-bracket.dxf"});
+    console.write(pageOf("examples/first-console.txt"));
+    EXPECT_EQ(console.finish(), 0);
+    const std::string readme = pageOf("README.md");
+    const std::size_t begin = readme.find("\nCommand: ") + 1;
+    const std::string shown = readme.substr(begin, readme.find("```", begin) - begin);
+    EXPECT_EQ(console.output(), shown + "Command: \n");
+}
+
 TEST(Readme, NamesEveryCommandThereIsAndNoOther)
 {
     const std::set<std::string> existing = existingCommands();
