@@ -23,6 +23,8 @@ const CommandRow kCommands[] = {
      "Do again what UNDO has taken back"},
     {HOST_GROUP, L"ENTITIES", kLeavesNoUndoRecord | kGivesResult, findEntities,
      "Find entities of the current layout by TYPE, LAYER and TEXT"},
+    {HOST_GROUP, L"SELECT", kGivesResult, selectObjects,
+     "Select objects by pointing and in other ways, until an empty answer"},
     {HOST_GROUP, L"ERASE", kInTransaction, erase,
      "Erase the objects of OBJECTIDARRAY"},
     {HOST_GROUP, L"COPY", kGivesResult | kInTransaction, copy,

@@ -18,6 +18,7 @@ void save(CommandRun& run);
 void undo(CommandRun& run);
 void redo(CommandRun& run);
 void findEntities(CommandRun& run);
+void selectObjects(CommandRun& run);
 void erase(CommandRun& run);
 void copy(CommandRun& run);
 void writeBlock(CommandRun& run);

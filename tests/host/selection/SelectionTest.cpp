@@ -270,6 +270,50 @@ TEST_F(Selection, IsMadeByJson)
     EXPECT_EQ(macro.json("/output"), "[]");
 }
 
+// The plug-in asks, and the host selects: a pick, a box, and the twelve keywords.
+TEST_F(Selection, IsMadeByPointingAndKeywords)
+{
+    const struct
+    {
+        const char* input;
+        const char* expected;
+    } cases[] = {
+        {R"([""])", ""},
+        {R"([[5, 0], ""])", "A1"},
+        {R"([[5, 0], "40,50", [5, 0], ""])", "A1 A2"},
+        {R"([[39, 39], [61, 61], ""])", "A2"},
+        {R"([[61, 61], [45, 45], [5, 0], ""])", "A2 A1"},
+        {R"(["point", [5, 0], ""])", "A1"},
+        {R"(["BOX", [39, 39], [61, 61], ""])", "A2"},
+        {R"(["w", [-1, -1], [61, 61], ""])", "A1 A2"},
+        {R"(["C", [5, -1], [45, 61], ""])", "A1 A2"},
+        {R"(["Fence", [5, 5], [5, -5], "", ""])", "A1"},
+        {R"(["WP", [-1, -1], [11, -1], [5, 20], "", ""])", "A1"},
+        {R"(["cp", [5, -1], [6, -1], [5, 20], "", ""])", "A1"},
+        {R"(["ALL", ""])", "A1 A2 A3 A4 A5"},
+        {R"(["ALL", "previous", ""])", "A1 A2 A3 A4 A5"},
+        {R"(["w", [-1, -1], [61, 61], "H", "A5", ""])", "A1 A2 A5"},
+        {R"(["json", "{\"Types\": [\"TEXT\"]}", ""])", "A3 A4"},
+        {R"(["rubbish", "last", ""])", ""}, // its layer is locked
+        {R"(["w", [0, 500], [1, 501], ""])", ""},
+    };
+    for (const auto& each : cases)
+    {
+        EXPECT_EQ(selected(run("SELECT", "{}", each.input)), each.expected) << each.input;
+        EXPECT_EQ(stored("PICKFIRST"), each.expected) << each.input;
+    }
+    run("SELECT", "{}", R"([[5, 0], ""])");
+    for (const char* input : {R"(["ALL"])", R"(["ALL", null])", R"(["w", [0, 0], null])", R"([[300, 300], null])"})
+    {
+        EXPECT_EQ(run("SELECT", "{}", input).state(), "cancelled") << input;
+        EXPECT_EQ(stored("PICKFIRST"), "A1") << input;
+    }
+    EXPECT_EQ(selected(run("SELECT", R"({"SELECTOPTIONS": 256})", R"(["last", ""])")), "A6");
+    const Answer macro = session().send(R"({"command": "SELECT w -1,-1 61,61 \"\" BSYSTEMLABELTOJSON s"})");
+    EXPECT_EQ(macro.text("/result/JSON"), "[]") << macro.line();
+    EXPECT_EQ(macro.line().find("prompt"), std::string::npos) << macro.line();
+}
+
 TEST_F(Selection, IsMergedByOptions)
 {
     const struct
