@@ -206,14 +206,16 @@ void Journal::dropRedo()
 // behind what was undone, that can be redone again.
 void Journal::settle()
 {
-    if (!m_transactions.empty() || m_replaying)
+    if (m_replaying)
         return;
-    if (m_recordOpen && changesNothing(m_records.back().begin, m_steps.size()))
+    const bool beganBeforeTransaction =
+        m_recordOpen && !m_transactions.empty() && m_records.back().begin < m_transactions.back();
+    if (m_recordOpen && !beganBeforeTransaction && changesNothing(m_records.back().begin, m_steps.size()))
     {
         truncate(m_records.back().begin);
         newMark();
     }
-    if (!m_setAside || m_setAside->begin != m_steps.size())
+    if (!m_transactions.empty() || !m_setAside || m_setAside->begin != m_steps.size())
         return;
     m_steps.insert(m_steps.end(), m_setAside->steps.begin(), m_setAside->steps.end());
     m_records.insert(m_records.end(), m_setAside->records.begin(), m_setAside->records.end());

@@ -54,6 +54,38 @@ TEST_F(JournalRecords, ARunThatChangesNothingLeavesNone)
     EXPECT_EQ(lineCount(), 0u);
 }
 
+TEST_F(JournalRecords, NorDoesOneWithinATransaction)
+{
+    const auto announceOnly = [&]
+    {
+        db().startUndoRecord();
+        ledger.safeOpenObject(OdDb::kForWrite)->assertWriteEnabled();
+    };
+    for (const bool aborts : {false, true})
+    {
+        run(L"before");
+        db().startTransaction();
+        announceOnly();
+        run(L"1");
+        announceOnly();
+        db().startTransaction();
+        announceOnly();
+        run(L"2");
+        announceOnly();
+        db().endTransaction();
+        announceOnly();
+        aborts ? db().abortTransaction() : db().endTransaction();
+        EXPECT_EQ(lineCount(), aborts ? 1u : 3u);
+        for (std::size_t left = lineCount(); left > 0; --left)
+        {
+            EXPECT_TRUE(db().hasUndo()) << left;
+            db().undo();
+            EXPECT_EQ(lineCount(), left - 1) << "each of them is a step";
+        }
+        EXPECT_FALSE(db().hasUndo());
+    }
+}
+
 TEST_F(JournalRecords, EachRunIsOneRecord)
 {
     run(L"1");
