@@ -31,6 +31,7 @@ struct Arguments
     bool withoutPlugin = false;
     RunOrder run;
     SaveOrder save;
+    RenderOrder render;
 };
 
 using Door = std::function<int()>;
@@ -94,6 +95,22 @@ void addSave(CLI::App& app, Arguments& arguments, Door& door)
     subcommand->callback([&] { door = [&] { return saveDrawing(order, pluginFor(arguments.withoutPlugin)); }; });
 }
 
+void addRender(CLI::App& app, Arguments& arguments, Door& door)
+{
+    CLI::App* const subcommand = app.add_subcommand("render", "Paint a picture of a drawing: SVG, PNG or PDF");
+    RenderOrder& order = arguments.render;
+    subcommand->add_option("DRAWING", order.drawingFile, kDrawingHelp)->required();
+    subcommand->add_option("-o,--output", order.pictureFile, "the file to write: .svg, .png or .pdf")->required();
+    subcommand->add_option("--layout", order.layout, "a layout by its name; the current one without");
+    subcommand->add_option("--window", order.window, "what to show, as x1,y1,x2,y2 in drawing units; all without");
+    subcommand->add_option("--size", order.size, "the picture's size in pixels, as WIDTHxHEIGHT");
+    subcommand->add_option("--background", order.background, "a colour: white, black, none, #RRGGBB ...")
+        ->capture_default_str();
+    subcommand->add_flag("--marks", order.showsMarks, "paint marked entities blue and green, as labels see them");
+    subcommand->add_flag("--view", order.isActiveView, "show what the active view of the layout shows");
+    subcommand->callback([&] { door = [&] { return renderDrawing(order); }; });
+}
+
 ExitCode reportFailure(const std::string& text, ExitCode code)
 {
     std::cerr << "zolcad: " << text << '\n';
@@ -114,6 +131,7 @@ int runCommandLine(int argc, char** argv)
     addInfo(app, arguments, door);
     addRun(app, arguments, door);
     addSave(app, arguments, door);
+    addRender(app, arguments, door);
     try
     {
         app.parse(argc, argv);
@@ -127,6 +145,10 @@ int runCommandLine(int argc, char** argv)
     {
         app.exit(wrongUsage);
         return kWrongUsage;
+    }
+    catch (const WrongUsage& error)
+    {
+        return reportFailure(error.what(), kWrongUsage);
     }
     catch (const UnreadableDrawing& error)
     {

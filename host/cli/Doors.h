@@ -43,4 +43,18 @@ struct SaveOrder
 };
 int saveDrawing(const SaveOrder& order, session::Plugin plugin);
 
+// Paints a picture of a drawing. Throws WrongUsage for values that cannot be used, before the drawing is read.
+struct RenderOrder
+{
+    std::string drawingFile;
+    std::string pictureFile;
+    std::string layout; // empty: the current one
+    std::string window; // x1,y1,x2,y2; empty: all
+    std::string size;   // WxH; empty: what fits
+    std::string background = "white";
+    bool showsMarks = false;
+    bool isActiveView = false;
+};
+int renderDrawing(const RenderOrder& order);
+
 } // namespace cli

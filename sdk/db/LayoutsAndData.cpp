@@ -95,6 +95,36 @@ void OdDbPlotSettings::getPlotPaperSize(double& width, double& height) const
     height = kPlot.real(*this, 45);
 }
 
+void OdDbPlotSettings::getPlotPaperMargins(double& left, double& bottom, double& right, double& top) const
+{
+    left = kPlot.real(*this, 40);
+    bottom = kPlot.real(*this, 41);
+    right = kPlot.real(*this, 42);
+    top = kPlot.real(*this, 43);
+}
+
+void OdDbPlotSettings::getPlotOrigin(double& x, double& y) const
+{
+    x = kPlot.real(*this, 46);
+    y = kPlot.real(*this, 47);
+}
+
+void OdDbPlotSettings::getCustomPrintScale(double& numerator, double& denominator) const
+{
+    numerator = kPlot.real(*this, 142);
+    denominator = kPlot.real(*this, 143);
+}
+
+OdDbPlotSettings::PlotPaperUnits OdDbPlotSettings::plotPaperUnits() const
+{
+    return static_cast<PlotPaperUnits>(kPlot.integer(*this, 72));
+}
+
+OdDbPlotSettings::PlotRotation OdDbPlotSettings::plotRotation() const
+{
+    return static_cast<PlotRotation>(kPlot.integer(*this, 73) & 3);
+}
+
 bool OdDbPlotSettings::modelType() const
 {
     return kPlot.flag(*this, 70, kModelFlag);

@@ -15,4 +15,7 @@ OdGePoint3d basePointOf(OdDbObjectId blockId);
 /// there is no such definition.
 bool visitBlock(OdDbObjectId blockId, const std::function<bool(const OdDbEntity&)>& visit);
 
+/// The same in the order in which the entities are drawn, which a table beside the block may change.
+bool visitBlockAsDrawn(OdDbObjectId blockId, const std::function<bool(const OdDbEntity&)>& visit);
+
 } // namespace drawing

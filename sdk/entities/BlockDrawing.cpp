@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "DbAttributeDefinition.h"
+#include "DbBlockTableRecord.h"
 #include "entities/BlockContents.h"
 #include "entities/Drawing.h"
 #include "gi/ExtentsCollector.h"
@@ -54,24 +55,28 @@ bool mayOpen(OdDbStub* block)
     return open.size() < kDeepestNesting && std::find(open.begin(), open.end(), block) == open.end();
 }
 
-bool isShown(const OdDbEntity& entity)
+/// Attribute definitions of a block are what its references ask for; those of a space are seen themselves.
+bool isShown(const OdDbEntity& entity, bool inSpace)
 {
     if (entity.visibility() == OdDb::kInvisible)
         return false;
+    if (inSpace)
+        return true;
     const OdDbAttributeDefinitionPtr definition = OdDbAttributeDefinition::cast(&entity);
     return definition.isNull() || definition->isConstant();
 }
 
-void drawEntities(OdGiWorldDraw& worldDraw, OdDbObjectId blockId)
+void drawEntities(OdGiWorldDraw& worldDraw, OdDbObjectId blockId, bool inSpace)
 {
-    visitBlock(blockId,
-               [&worldDraw](const OdDbEntity& entity)
-               {
-                   ++state().drawn;
-                   if (isShown(entity))
-                       worldDraw.geometry().draw(&entity);
-                   return !worldDraw.regenAbort();
-               });
+    const auto draw = [&worldDraw, inSpace](const OdDbEntity& entity)
+    {
+        ++state().drawn;
+        if (isShown(entity, inSpace))
+            worldDraw.geometry().draw(&entity);
+        return !worldDraw.regenAbort();
+    };
+    // Where only the reach is of interest, the order is not.
+    worldDraw.regenType() == kOdGiForExtents ? visitBlock(blockId, draw) : visitBlockAsDrawn(blockId, draw);
 }
 
 const OdGeExtents3d& boxOf(OdDbObjectId blockId)
@@ -80,7 +85,7 @@ const OdGeExtents3d& boxOf(OdDbObjectId blockId)
     if (known != state().boxes.end())
         return known->second;
     OdStaticRxObject<gi::ExtentsCollector> collector;
-    drawEntities(collector, blockId);
+    drawEntities(collector, blockId, false);
     return state().boxes.insert_or_assign(blockId, collector.extents()).first->second;
 }
 
@@ -107,7 +112,15 @@ void drawBlock(OdGiWorldDraw& worldDraw, OdDbObjectId blockId)
     if (worldDraw.regenType() == kOdGiForExtents && state().drawn > kExactEntities)
         drawBox(worldDraw.geometry(), boxOf(blockId));
     else
-        drawEntities(worldDraw, blockId);
+        drawEntities(worldDraw, blockId, false);
 }
 
 } // namespace drawing
+
+bool OdDbBlockTableRecord::subWorldDraw(OdGiWorldDraw* worldDraw) const
+{
+    assertReadEnabled();
+    const drawing::OpenBlock opened(objectId());
+    drawing::drawEntities(*worldDraw, objectId(), isLayout());
+    return true;
+}

@@ -134,6 +134,25 @@ double OdDbViewport::customScale() const
     return seen != 0.0 ? height() / seen : 0.0;
 }
 
+void OdDbViewport::getFrozenLayerList(OdDbObjectIdArray& layerIds) const
+{
+    const Reader fields = read<kViewport>(*this);
+    layerIds.clear();
+    bool inside = false;
+    for (const oddb::GroupView& group : fields.groups())
+    {
+        if (group.beginsSection())
+            inside = group.code() == 100 && group.atom() == fields.atom();
+        else if (inside && (group.code() == 331 || group.code() == 341) && group.stub())
+            layerIds.append(OdDbObjectId(group.stub()));
+    }
+}
+
+OdDbObjectId OdDbViewport::nonRectClipEntityId() const
+{
+    return read<kViewport>(*this).stub(340);
+}
+
 bool OdDbViewport::subWorldDraw(OdGiWorldDraw* worldDraw) const
 {
     if (number() == kSheet)

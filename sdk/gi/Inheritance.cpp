@@ -49,8 +49,8 @@ void Inheritance::leave()
 
 OdDbStub* Inheritance::layerOf(OdDbStub* layer)
 {
-    if (m_outer.empty())
-        return layer;
+    if (m_outer.empty() || !m_outer.back().values.layer)
+        return layer; // in a space
     const auto [place, isNew] = m_layerZeros.try_emplace(layer, false);
     if (isNew)
         place->second = !layer || oddb::symbolName(layer) == "0";

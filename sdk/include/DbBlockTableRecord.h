@@ -17,7 +17,8 @@ class BlockCore;
 struct BlockContents;
 } // namespace oddb
 
-/** An OdDbBlockTableRecord owns entities and keeps them in the order in which they are drawn. Setting operations throw
+/** An OdDbBlockTableRecord owns entities and keeps them in the order in which they are drawn, unless a table beside it
+    (SORTENTSTABLE) gives them another one; drawn itself, it draws them all. Setting operations throw
     OdError(eNotOpenForWrite) and change nothing then.
 
     Erasing a block erases its entities with it, and bringing it back brings those back that went with it; each of them
@@ -86,6 +87,7 @@ protected:
     OdDbBlockTableRecord();
 
     OdResult subErase(bool erasing) override;
+    bool subWorldDraw(OdGiWorldDraw* worldDraw) const override;
 
 private:
     friend class oddb::BlockCore;

@@ -15,6 +15,31 @@ public:
     OdString getCanonicalMediaName() const;
     /** Width and height of the paper in millimetres. */
     void getPlotPaperSize(double& width, double& height) const;
+    /** The parts of the paper at its edges that nothing is plotted on, in millimetres. */
+    void getPlotPaperMargins(double& left, double& bottom, double& right, double& top) const;
+    /** How far the drawing's origin is moved from the corner that is left of margins, in millimetres. */
+    void getPlotOrigin(double& x, double& y) const;
+    /** Units on paper for units of the drawing. */
+    void getCustomPrintScale(double& numerator, double& denominator) const;
+
+    enum PlotPaperUnits
+    {
+        kInches = 0,
+        kMillimeters = 1,
+        kPixels = 2
+    };
+    PlotPaperUnits plotPaperUnits() const;
+
+    /** How far the drawing is turned on the paper, counter-clockwise. */
+    enum PlotRotation
+    {
+        k0degrees = 0,
+        k90degrees = 1,
+        k180degrees = 2,
+        k270degrees = 3
+    };
+    PlotRotation plotRotation() const;
+
     /** True for the model, false for a paper layout. */
     bool modelType() const;
 

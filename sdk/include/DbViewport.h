@@ -39,6 +39,11 @@ public:
     /** Drawing units of the paper per drawing unit of model space; 0 when the view has no height. */
     double customScale() const;
 
+    /** The layers that are frozen in this viewport. */
+    void getFrozenLayerList(OdDbObjectIdArray& layerIds) const;
+    /** The entity whose shape the viewport has, null for a rectangle. */
+    OdDbObjectId nonRectClipEntityId() const;
+
 protected:
     bool subWorldDraw(OdGiWorldDraw* worldDraw) const override;
 };

@@ -1,0 +1,190 @@
+// Implements painting with Cairo.
+#include "render/CairoCanvas.h"
+
+#include <cmath>
+
+#include "OdError.h"
+#include "render/ImagePixels.h"
+
+namespace render
+{
+
+namespace
+{
+
+constexpr std::size_t kMostKept = 20000; ///< steps of paths that are painted at once
+
+bool isUsable(const cairo_matrix_t& matrix)
+{
+    const double area = matrix.xx * matrix.yy - matrix.xy * matrix.yx;
+    return std::isfinite(area) && std::fabs(area) > 1e-12 && std::isfinite(matrix.x0) && std::isfinite(matrix.y0);
+}
+
+} // namespace
+
+void addPath(cairo_t* context, const Path& path)
+{
+    const OdGePoint2d* point = path.points().data();
+    for (const Step step : path.steps())
+    {
+        switch (step)
+        {
+        case Step::kMove:
+            cairo_move_to(context, point->x, point->y);
+            ++point;
+            break;
+        case Step::kLine:
+            cairo_line_to(context, point->x, point->y);
+            ++point;
+            break;
+        case Step::kCurve:
+            cairo_curve_to(context, point[0].x, point[0].y, point[1].x, point[1].y, point[2].x, point[2].y);
+            point += 3;
+            break;
+        case Step::kClose:
+            cairo_close_path(context);
+            break;
+        }
+    }
+}
+
+CairoCanvas::CairoCanvas(cairo_surface_t* surface, std::string file, double scale, const Color& background)
+    : m_surface(surface), m_context(cairo_create(surface)), m_file(std::move(file))
+{
+    cairo_scale(m_context, scale, scale);
+    cairo_set_line_cap(m_context, CAIRO_LINE_CAP_ROUND);
+    cairo_set_line_join(m_context, CAIRO_LINE_JOIN_ROUND);
+    cairo_font_options_t* options = cairo_font_options_create();
+    cairo_font_options_set_hint_style(options, CAIRO_HINT_STYLE_NONE);
+    cairo_font_options_set_hint_metrics(options, CAIRO_HINT_METRICS_OFF);
+    cairo_font_options_set_antialias(options, CAIRO_ANTIALIAS_GRAY);
+    cairo_set_font_options(m_context, options);
+    cairo_font_options_destroy(options);
+    if (background.alpha > 0)
+    {
+        setColor(background);
+        cairo_paint(m_context);
+    }
+}
+
+CairoCanvas::~CairoCanvas()
+{
+    cairo_destroy(m_context);
+    cairo_surface_destroy(m_surface);
+}
+
+void CairoCanvas::check(cairo_status_t status) const
+{
+    if (status != CAIRO_STATUS_SUCCESS)
+        throw OdError_FileWriteError(odUtf8ToString(m_file), odUtf8ToString(cairo_status_to_string(status)));
+}
+
+void CairoCanvas::setColor(const Color& color)
+{
+    cairo_set_source_rgba(m_context, color.red / 255.0, color.green / 255.0, color.blue / 255.0, color.alpha / 255.0);
+}
+
+void CairoCanvas::flush()
+{
+    if (m_kept == 0)
+        return;
+    setColor(m_strokeColor);
+    cairo_set_line_width(m_context, m_strokeWidth);
+    cairo_stroke(m_context);
+    m_kept = 0;
+}
+
+void CairoCanvas::fill(const Path& path, const Color& color, bool evenOdd)
+{
+    flush();
+    addPath(m_context, path);
+    setColor(color);
+    cairo_set_fill_rule(m_context, evenOdd ? CAIRO_FILL_RULE_EVEN_ODD : CAIRO_FILL_RULE_WINDING);
+    cairo_fill(m_context);
+}
+
+void CairoCanvas::stroke(const Path& path, const Color& color, double width)
+{
+    // Of lines that are seen through each other, each has to be painted by itself.
+    if (m_kept > 0 && (color != m_strokeColor || width != m_strokeWidth || !color.isOpaque() || m_kept > kMostKept))
+        flush();
+    m_strokeColor = color;
+    m_strokeWidth = width;
+    m_kept += path.steps().size();
+    addPath(m_context, path);
+}
+
+void CairoCanvas::text(const OdGiShapedText& text, const TextPlace& place, const Color& color)
+{
+    flush();
+    setColor(color);
+    for (OdUInt32 font = 0; font < text.fonts.size(); ++font)
+        drawGlyphs(text, place, font);
+    const double slant = text.fonts.empty() ? 0.0 : text.fonts.front().slant;
+    for (const OdGiTextBar& bar : text.bars)
+        fill(barPath(bar, place, slant), color, false);
+}
+
+void CairoCanvas::drawGlyphs(const OdGiShapedText& text, const TextPlace& place, OdUInt32 font)
+{
+    const OdGiGlyphFont& used = text.fonts[font];
+    cairo_font_face_t* face = m_fonts.faceOf(used);
+    // Glyphs have their y axis downward.
+    const OdGeVector2d along = place.along * (used.emSize * used.widthPart);
+    const OdGeVector2d down = (place.up + place.along * used.slant) * -used.emSize;
+    const cairo_matrix_t matrix{along.x, along.y, down.x, down.y, 0.0, 0.0};
+    if (!face || !isUsable(matrix))
+        return;
+    std::vector<cairo_glyph_t> glyphs;
+    for (const OdGiGlyph& glyph : text.glyphs)
+    {
+        const OdGePoint2d at = place.origin + place.along * (glyph.x + used.slant * glyph.y) + place.up * glyph.y;
+        if (glyph.font == font && std::isfinite(at.x) && std::isfinite(at.y))
+            glyphs.push_back({glyph.index, at.x, at.y});
+    }
+    cairo_set_font_face(m_context, face);
+    cairo_set_font_matrix(m_context, &matrix);
+    showGlyphs(text, glyphs, font);
+}
+
+void CairoCanvas::showGlyphs(const OdGiShapedText&, const std::vector<cairo_glyph_t>& glyphs, OdUInt32)
+{
+    cairo_show_glyphs(m_context, glyphs.data(), static_cast<int>(glyphs.size()));
+}
+
+void CairoCanvas::image(const OdGiRasterImage& image, const ImagePlace& place, bool isTransparent, OdUInt8 alpha)
+{
+    flush();
+    const int width = static_cast<int>(image.pixelWidth());
+    const int height = static_cast<int>(image.pixelHeight());
+    const cairo_matrix_t matrix{place.across.x / width, place.across.y / width, place.down.x / height,
+                                place.down.y / height,  place.origin.x,         place.origin.y};
+    if (!isUsable(matrix))
+        return;
+    const ImagePixels pixels(image, isTransparent);
+    cairo_save(m_context);
+    cairo_transform(m_context, &matrix);
+    cairo_rectangle(m_context, 0, 0, width, height);
+    cairo_clip(m_context);
+    cairo_set_source_surface(m_context, pixels.surface(), 0, 0);
+    cairo_pattern_set_extend(cairo_get_source(m_context), CAIRO_EXTEND_PAD);
+    cairo_paint_with_alpha(m_context, alpha / 255.0);
+    cairo_restore(m_context);
+}
+
+void CairoCanvas::pushClip(const Path& path)
+{
+    flush();
+    cairo_save(m_context);
+    cairo_new_path(m_context);
+    addPath(m_context, path);
+    cairo_clip(m_context);
+}
+
+void CairoCanvas::popClip()
+{
+    flush();
+    cairo_restore(m_context);
+}
+
+} // namespace render

@@ -1,0 +1,58 @@
+// What PNG and PDF have in common: painting with Cairo.
+#pragma once
+
+#include <cairo.h>
+
+#include "render/CairoFonts.h"
+#include "render/Canvas.h"
+
+namespace render
+{
+
+/// Puts a path behind what the context has.
+void addPath(cairo_t* context, const Path& path);
+
+class CairoCanvas : public Canvas
+{
+public:
+    /// Takes over the surface. scale is what a pixel of the page is in units of the surface.
+    CairoCanvas(cairo_surface_t* surface, std::string file, double scale, const Color& background);
+    ~CairoCanvas() override;
+    CairoCanvas(const CairoCanvas&) = delete;
+    CairoCanvas& operator=(const CairoCanvas&) = delete;
+
+    void fill(const Path& path, const Color& color, bool evenOdd) override;
+    void stroke(const Path& path, const Color& color, double width) override;
+    void text(const OdGiShapedText& text, const TextPlace& place, const Color& color) override;
+    void image(const OdGiRasterImage& image, const ImagePlace& place, bool isTransparent, OdUInt8 alpha) override;
+    void pushClip(const Path& path) override;
+    void popClip() override;
+
+protected:
+    cairo_surface_t* surface() const { return m_surface; }
+    const std::string& file() const { return m_file; }
+    /// Paints what is still kept back.
+    void flush();
+    /// Throws OdError_FileWriteError when the status says that something has failed.
+    void check(cairo_status_t status) const;
+
+    /// Shows glyphs of one font; the font and the matrix are set.
+    virtual void showGlyphs(const OdGiShapedText& text, const std::vector<cairo_glyph_t>& glyphs, OdUInt32 font);
+
+    cairo_t* context() const { return m_context; }
+
+private:
+    void setColor(const Color& color);
+    void drawGlyphs(const OdGiShapedText& text, const TextPlace& place, OdUInt32 font);
+
+    cairo_surface_t* m_surface;
+    cairo_t* m_context;
+    std::string m_file;
+    CairoFonts m_fonts;
+    // Neighbouring lines of the same looks are painted at once, which takes far less time.
+    Color m_strokeColor;
+    double m_strokeWidth = 0.0;
+    std::size_t m_kept = 0;
+};
+
+} // namespace render

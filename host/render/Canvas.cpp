@@ -1,0 +1,21 @@
+// What all canvases need.
+#include "render/Canvas.h"
+
+namespace render
+{
+
+Path barPath(const OdGiTextBar& bar, const TextPlace& place, double slant)
+{
+    const OdGePoint2d& low = bar.minPoint();
+    const OdGePoint2d& high = bar.maxPoint();
+    const auto at = [&](double x, double y) { return place.origin + place.along * (x + slant * y) + place.up * y; };
+    Path path;
+    path.moveTo(at(low.x, low.y));
+    path.lineTo(at(high.x, low.y));
+    path.lineTo(at(high.x, high.y));
+    path.lineTo(at(low.x, high.y));
+    path.close();
+    return path;
+}
+
+} // namespace render
