@@ -161,10 +161,11 @@ OdDbStub* GroupView::stub() const
     return kind == Storage::Id || kind == Storage::Name ? load<OdDbStub*>() : nullptr;
 }
 
-Groups Groups::fromItems(const std::uint8_t* items, std::size_t size)
+/// Room for items of that size, null for none.
+static GroupsData* allocate(std::size_t size)
 {
     if (size == 0)
-        return {};
+        return nullptr;
     auto* data = static_cast<GroupsData*>(std::malloc(sizeof(GroupsData) + size));
     if (!data || size > UINT32_MAX)
     {
@@ -173,7 +174,14 @@ Groups Groups::fromItems(const std::uint8_t* items, std::size_t size)
     }
     data->references = 1;
     data->size = static_cast<std::uint32_t>(size);
-    std::memcpy(data->bytes(), items, size);
+    return data;
+}
+
+Groups Groups::fromItems(const std::uint8_t* items, std::size_t size)
+{
+    GroupsData* data = allocate(size);
+    if (data)
+        std::memcpy(data->bytes(), items, size);
     return Groups(data);
 }
 
@@ -226,11 +234,21 @@ Groups Groups::spliced(const GroupView& first, const GroupView& last, const Grou
 
 Groups Groups::spliced(const std::uint8_t* first, const std::uint8_t* last, const GroupsBuilder& replacement) const
 {
-    GroupsBuilder edited;
-    edited.appendItems(begin()->item(), first);
-    edited.appendItems(replacement.begin(), replacement.end());
-    edited.appendItems(last, end()->item());
-    return edited.build();
+    const std::uint8_t* const start = begin()->item();
+    const auto before = static_cast<std::size_t>(first - start);
+    const auto behind = static_cast<std::size_t>(end()->item() - last);
+    GroupsData* data = allocate(before + replacement.size() + behind);
+    if (!data)
+        return {};
+    std::uint8_t* at = data->bytes();
+    for (const auto& [items, size] :
+         {std::pair(start, before), std::pair(replacement.begin(), replacement.size()), std::pair(last, behind)})
+    {
+        if (size > 0)
+            std::memcpy(at, items, size);
+        at += size;
+    }
+    return Groups(data);
 }
 
 Groups Groups::translated(const std::function<OdDbStub*(int, OdDbStub*, GroupType)>& translate) const

@@ -70,7 +70,7 @@ private:
                          return false;
                      if (section)
                          section->last = group.item();
-                     else if (group.text() == m_subclass.marker && ordinal-- == 0)
+                     else if (group.atom() == m_subclass.atom() && ordinal-- == 0)
                          section = Section{group.next(), end()};
                      return section && section->last != end();
                  });
@@ -135,15 +135,16 @@ private:
 
     Groups replaceFrom(Section found, const std::uint8_t* last) const
     {
+        if (!m_row || !m_row->repeats)
+            return m_groups.spliced(found.first, found.last, m_replacement);
         GroupsBuilder edited;
         edited.appendItems(begin(), found.first).appendItems(m_replacement.begin(), m_replacement.end());
         const std::uint8_t* copied = found.last;
-        if (m_row && m_row->repeats)
-            for (std::optional<Section> next = findGroup(copied, last); next; next = findGroup(copied, last))
-            {
-                edited.appendItems(copied, next->first);
-                copied = next->last;
-            }
+        for (std::optional<Section> next = findGroup(copied, last); next; next = findGroup(copied, last))
+        {
+            edited.appendItems(copied, next->first);
+            copied = next->last;
+        }
         edited.appendItems(copied, end());
         return edited.build();
     }

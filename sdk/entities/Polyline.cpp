@@ -161,6 +161,37 @@ void editVertex(OdDbPolyline& polyline, unsigned int index, Edit edit)
     putVertices(polyline, vertices);
 }
 
+/// Where a further vertex goes, and the number of those in front of it.
+struct LastVertex
+{
+    const std::uint8_t* end = nullptr; ///< null when there is no vertex
+    unsigned int count = 0;
+};
+
+LastVertex lastVertexOf(const Reader& fields)
+{
+    LastVertex last;
+    visitSection(fields.groups(), fields.atom(),
+                 [&last](const oddb::GroupView& group)
+                 {
+                     if (!belongsToVertex(group.code()))
+                         return;
+                     last.end = group.next();
+                     last.count += group.code() == 10 ? 1 : 0;
+                 });
+    return last;
+}
+
+/// As putVertices, for one more behind all that are there.
+void appendVertex(OdDbPolyline& polyline, const Reader& fields, const LastVertex& last, const Vertex& vertex)
+{
+    oddb::GroupsBuilder added;
+    appendVertex(added, vertex);
+    const Groups edited = fields.groups().spliced(last.end, last.end, added);
+    const std::int64_t count = last.count + 1;
+    oddb::ObjectCore::changeGroups(polyline, oddb::withInteger(edited, classOf(polyline), kPolyline, 90, count));
+}
+
 void putWidths(Vertex& vertex, double start, double end)
 {
     vertex.hasWidths = start >= 0.0 || end >= 0.0;
@@ -238,14 +269,17 @@ void OdDbPolyline::removeVertexAt(unsigned int index)
 void OdDbPolyline::addVertexAt(unsigned int index, const OdGePoint2d& point, double bulge, double startWidth,
                                double endWidth)
 {
-    std::vector<Vertex> vertices = verticesOf(*this);
-    if (index > vertices.size())
-        throw OdError(eInvalidIndex);
     Vertex vertex;
     vertex.x = point.x;
     vertex.y = point.y;
     vertex.bulge = bulge;
     putWidths(vertex, startWidth, endWidth);
+    const Reader fields = read<kPolyline>(*this);
+    if (const LastVertex last = lastVertexOf(fields); last.count > 0 && last.count == index)
+        return appendVertex(*this, fields, last, vertex);
+    std::vector<Vertex> vertices = verticesOf(fields);
+    if (index > vertices.size())
+        throw OdError(eInvalidIndex);
     vertices.insert(vertices.begin() + index, vertex);
     putVertices(*this, vertices);
 }
@@ -285,9 +319,12 @@ void OdDbPolyline::setConstantWidth(double width)
 {
     requireNotNegative(width);
     std::vector<Vertex> vertices = verticesOf(*this);
+    const bool ownWidths =
+        std::any_of(vertices.begin(), vertices.end(), [](const Vertex& vertex) { return vertex.hasWidths; });
     for (Vertex& vertex : vertices)
         putWidths(vertex, -1.0, -1.0);
-    putVertices(*this, vertices);
+    if (ownWidths)
+        putVertices(*this, vertices);
     setReal(*this, kPolyline, 43, width);
 }
 

@@ -5,7 +5,9 @@
 //     250 - 255  greys
 #include "CmColorBase.h"
 
+#include <algorithm>
 #include <array>
+#include <climits>
 
 #include "OdError.h"
 
@@ -60,16 +62,48 @@ constexpr std::array<OdUInt32, 256> makeColors()
 
 constexpr std::array<OdUInt32, 256> kColors = makeColors();
 
-int squaredDistance(OdUInt32 first, OdUInt32 second)
+/// Red, green and blue of the numbered colours apart, for the search of the nearest one.
+struct Components
 {
-    int sum = 0;
-    for (int shift = 0; shift <= 16; shift += 8)
+    std::array<int, 256> red{};
+    std::array<int, 256> green{};
+    std::array<int, 256> blue{};
+};
+
+constexpr Components componentsOf(const std::array<OdUInt32, 256>& colors)
+{
+    Components components;
+    for (std::size_t i = 0; i < colors.size(); ++i)
     {
-        const int difference = static_cast<int>((first >> shift) & 255) - static_cast<int>((second >> shift) & 255);
-        sum += difference * difference;
+        components.red[i] = static_cast<int>(colors[i] >> 16 & 255);
+        components.green[i] = static_cast<int>(colors[i] >> 8 & 255);
+        components.blue[i] = static_cast<int>(colors[i] & 255);
     }
-    return sum;
+    return components;
 }
+
+constexpr Components kComponents = componentsOf(kColors);
+
+/// The number of the nearest colour: of the least squared distance, and of two such the lower one.
+OdUInt8 findNearest(int red, int green, int blue)
+{
+    int nearest = INT_MAX;
+    for (std::size_t i = 1; i < kColors.size(); ++i)
+    {
+        const int r = kComponents.red[i] - red;
+        const int g = kComponents.green[i] - green;
+        const int b = kComponents.blue[i] - blue;
+        nearest = std::min(nearest, (r * r + g * g + b * b) << 8 | static_cast<int>(i));
+    }
+    return static_cast<OdUInt8>(nearest);
+}
+
+/// A colour that was looked up, and its number; 0 for none.
+struct LookedUp
+{
+    OdUInt32 color = 0;
+    OdUInt8 number = 0;
+};
 
 } // namespace
 
@@ -78,15 +112,15 @@ OdUInt32 OdCmEntityColor::lookUpRGB(OdUInt8 colorIndex)
     return kColors[colorIndex];
 }
 
+// The colours of a drawing are few and come again and again.
 OdUInt8 OdCmEntityColor::lookUpACI(OdUInt8 red, OdUInt8 green, OdUInt8 blue)
 {
+    thread_local std::array<LookedUp, 64> known;
     const OdUInt32 wanted = pack(red, green, blue);
-    int nearest = 1;
-    for (int index = 2; index < 256; ++index)
-        if (squaredDistance(kColors[static_cast<std::size_t>(index)], wanted) <
-            squaredDistance(kColors[static_cast<std::size_t>(nearest)], wanted))
-            nearest = index;
-    return static_cast<OdUInt8>(nearest);
+    LookedUp& place = known[(wanted * 0x9E3779B1u) >> 26];
+    if (place.number == 0 || place.color != wanted)
+        place = {wanted, findNearest(red, green, blue)};
+    return place.number;
 }
 
 void OdCmEntityColor::setColor(OdUInt32 color)
