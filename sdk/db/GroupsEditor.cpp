@@ -27,13 +27,13 @@ public:
 
     Groups edit() const
     {
-        for (int ordinal = 0; std::optional<Section> section = findSection(ordinal); ++ordinal)
-            if (const std::optional<Section> found = findGroup(section->first, section->last))
-                return replaceFrom(*found, section->last);
+        const Places places = find();
+        if (places.group)
+            return replaceFrom(*places.group);
         if (m_replacement.empty())
             return m_groups;
-        if (const std::optional<Section> section = findSection(ordinalOfSubclass()))
-            return insertAt(findPlace(*section));
+        if (places.section)
+            return insertAt(findPlace(*places.section));
         return insertSection();
     }
 
@@ -59,22 +59,36 @@ private:
         return false;
     }
 
-    // The part with the marker of the subclass that has this number among those with the same marker.
-    std::optional<Section> findSection(int ordinal) const
+    // What a walk over the row finds.
+    struct Places
     {
-        std::optional<Section> section;
+        std::optional<Section> group;   // the first group of the row in any part with the marker
+        std::optional<Section> section; // while there is none: the part that it belongs to
+    };
+
+    Places find() const
+    {
+        Places places;
+        const Atom marker = m_subclass.atom();
+        int before = ordinalOfSubclass();
+        bool marked = false;
         visitOwn(begin(), end(),
                  [&](const GroupView& group)
                  {
-                     if (!group.beginsSection())
-                         return false;
-                     if (section)
-                         section->last = group.item();
-                     else if (group.atom() == m_subclass.atom() && ordinal-- == 0)
-                         section = Section{group.next(), end()};
-                     return section && section->last != end();
+                     const int code = group.code();
+                     if (group.beginsSection())
+                     {
+                         if (places.section && places.section->last == end())
+                             places.section->last = group.item();
+                         marked = group.atom() == marker;
+                         if (marked && before-- == 0)
+                             places.section = Section{group.next(), end()};
+                     }
+                     else if (marked && code == m_code)
+                         places.group = Section{group.item(), behindCoordinates(group, end())};
+                     return places.group.has_value();
                  });
-        return section;
+        return places;
     }
 
     int ordinalOfSubclass() const
@@ -84,21 +98,21 @@ private:
         {
             if (known == &m_subclass)
                 break;
-            ordinal += std::string_view(known->marker) == m_subclass.marker;
+            ordinal += known->atom() == m_subclass.atom();
         }
         return ordinal;
     }
 
-    // The first group of the row with the coordinates that follow it.
-    std::optional<Section> findGroup(const std::uint8_t* first, const std::uint8_t* last) const
+    // The next group of the row in the same part, with the coordinates that follow it.
+    std::optional<Section> findGroup(const std::uint8_t* first) const
     {
         std::optional<Section> found;
-        visitOwn(first, last,
+        visitOwn(first, end(),
                  [&](const GroupView& group)
                  {
                      if (group.code() == m_code)
-                         found = Section{group.item(), behindCoordinates(group, last)};
-                     return found.has_value();
+                         found = Section{group.item(), behindCoordinates(group, end())};
+                     return found || group.beginsSection();
                  });
         return found;
     }
@@ -133,14 +147,14 @@ private:
 
     Groups insertAt(const std::uint8_t* place) const { return m_groups.spliced(place, place, m_replacement); }
 
-    Groups replaceFrom(Section found, const std::uint8_t* last) const
+    Groups replaceFrom(Section found) const
     {
         if (!m_row || !m_row->repeats)
             return m_groups.spliced(found.first, found.last, m_replacement);
         GroupsBuilder edited;
         edited.appendItems(begin(), found.first).appendItems(m_replacement.begin(), m_replacement.end());
         const std::uint8_t* copied = found.last;
-        for (std::optional<Section> next = findGroup(copied, last); next; next = findGroup(copied, last))
+        for (std::optional<Section> next = findGroup(copied); next; next = findGroup(copied))
         {
             edited.appendItems(copied, next->first);
             copied = next->last;

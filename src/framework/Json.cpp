@@ -1,6 +1,7 @@
 // Moves texts between JSON values and OdString.
 #include "framework/Json.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include <rapidjson/error/en.h>
@@ -29,6 +30,8 @@ static OdChar JoinSurrogates(OdChar high, OdChar low)
 OdString TextOfJson(const JsonValue& value)
 {
     const std::wstring_view units(value.GetString(), value.GetStringLength());
+    if (std::none_of(units.begin(), units.end(), &IsHighSurrogate))
+        return OdString(units);
     std::wstring text;
     text.reserve(units.size());
     for (std::size_t i = 0; i < units.size(); ++i)
