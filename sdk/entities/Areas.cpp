@@ -33,7 +33,12 @@ void drawSolid(const OdDbEntity& solid, OdGiWorldDraw& worldDraw)
     for (OdGePoint3d& corner : corners)
         corner = frame.toWorld(corner);
     corners[kCorners] = corners[0];
-    drawing::setThickness(worldDraw, fields.real(39));
+    const double thickness = fields.real(39);
+    worldDraw.subEntityTraits().setFillType(kOdGiFillAlways);
+    worldDraw.geometry().polygon(kCorners, corners);
+    if (thickness == 0.0)
+        return;
+    drawing::setThickness(worldDraw, thickness);
     worldDraw.geometry().polyline(kCorners + 1, corners, &frame.z);
 }
 
@@ -152,6 +157,14 @@ bool OdDbFace::subWorldDraw(OdGiWorldDraw* worldDraw) const
     const Reader fields = read<kFace>(*this);
     const int last = fields.has(13) ? 13 : 12;
     const OdGePoint3d corners[kCorners] = {fields.point(10), fields.point(11), fields.point(12), fields.point(last)};
-    worldDraw->geometry().polygon(kCorners, corners);
+    const int hidden = worldDraw->regenType() == kOdGiForExtents ? 0 : fields.integer(70);
+    if (hidden == 0)
+        worldDraw->geometry().polygon(kCorners, corners);
+    for (int i = 0; i < kCorners && hidden != 0; ++i)
+    {
+        const OdGePoint3d edge[2] = {corners[i], corners[(i + 1) % kCorners]};
+        if ((hidden & 1 << i) == 0)
+            worldDraw->geometry().polyline(2, edge);
+    }
     return true;
 }

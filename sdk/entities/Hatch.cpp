@@ -2,12 +2,10 @@
 #include <cmath>
 
 #include "DbHatch.h"
-#include "Gi/GiWorldDraw.h"
 #include "OdError.h"
 #include "entities/Fields.h"
 #include "entities/HatchLoops.h"
 #include "entities/HatchTransform.h"
-#include "entities/Ocs.h"
 
 using namespace entityfields;
 using entitytables::kHatch;
@@ -191,17 +189,6 @@ OdResult OdDbHatch::evaluateHatch(bool)
 
 bool OdDbHatch::isPlanar() const
 {
-    return true;
-}
-
-bool OdDbHatch::subWorldDraw(OdGiWorldDraw* worldDraw) const
-{
-    const Reader fields = read<kHatch>(*this);
-    const ocs::Frame frame = ocs::frameOf(fields.normal());
-    const double elevation = fields.point(10).z;
-    worldDraw->subEntityTraits().setFillType(kOdGiFillAlways);
-    for (const Loop& loop : loopsOf(fields))
-        hatchloops::drawLoop(*worldDraw, loop, frame, elevation);
     return true;
 }
 

@@ -93,6 +93,13 @@ void takeGroup(Loop& loop, const GroupView& group)
         takeEdgeGroup(loop.edges.back(), group);
 }
 
+/// The parameter of an ellipse at an angle from its major axis; both are in the same half of the same turn.
+double parameterAt(double angle, double ratio)
+{
+    const double parameter = std::atan2(std::sin(angle) / ratio, std::cos(angle));
+    return std::isfinite(parameter) ? parameter + std::round((angle - parameter) / Oda2PI) * Oda2PI : angle;
+}
+
 class EdgePainter
 {
 public:
@@ -129,10 +136,8 @@ private:
 
     void drawEllipse(const Edge& edge, const OdGeVector3d& majorAxis, const OdGeVector3d& minorAxis) const
     {
-        const double start = OdaToRadian(edge.startAngle);
-        const double sweep = ocs::sweepOf(start, OdaToRadian(edge.endAngle));
-        m_geometry.ellipArc(at(edge.first), majorAxis, edge.counterClockwise ? minorAxis : minorAxis * -1.0, start,
-                            start + sweep);
+        m_geometry.ellipArc(at(edge.first), majorAxis, edge.counterClockwise ? minorAxis : minorAxis * -1.0,
+                            edge.firstParameter(), edge.lastParameter());
     }
 
     void drawSpline(nurbs::Curve spline) const
@@ -149,6 +154,19 @@ private:
 };
 
 } // namespace
+
+double Edge::firstParameter() const
+{
+    const double start = OdaToRadian(startAngle);
+    return kind == EdgeKind::Ellipse ? parameterAt(start, radius) : start;
+}
+
+double Edge::lastParameter() const
+{
+    const double end = OdaToRadian(endAngle);
+    const double first = firstParameter();
+    return first + ocs::sweepOf(first, kind == EdgeKind::Ellipse ? parameterAt(end, radius) : end);
+}
 
 std::vector<Loop> readLoops(const oddb::Groups& groups, oddb::Atom marker)
 {

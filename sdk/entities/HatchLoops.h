@@ -10,7 +10,7 @@
 //          | 72 4  94 degree  73 rational  74 periodic  95 96 counts  40 knot...  { 10 20 [42 weight] }
 //                  [97 count  { 11 21 fit point }  12 22  13 23]
 //
-// Angles are in degrees; those of clockwise edges are measured clockwise.
+// Angles are in degrees, from the major axis; those of clockwise edges are measured clockwise.
 #pragma once
 
 #include <vector>
@@ -40,6 +40,11 @@ struct Edge
     double endAngle = 360.0;
     bool counterClockwise = true;
     nurbs::Curve spline;
+
+    /// Where an arc or elliptical arc begins and ends, as the parameter t of centre + cos(t) major + sin(t) minor
+    /// axis; the latter is greater.
+    double firstParameter() const;
+    double lastParameter() const;
 };
 
 struct Loop
