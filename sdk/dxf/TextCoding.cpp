@@ -7,7 +7,8 @@
 //   any other byte   UTF-8, or the code page's characters
 //
 // \U+XXXX of control characters, of the backslash and of the caret stay as they are, for decoded they would be taken
-// for the beginning of something else when the text is read back.
+// for the beginning of something else when the text is read back. The null character, which ends texts in binary files,
+// is always written so.
 #include "TextCoding.h"
 
 #include "Handles.h"
@@ -26,7 +27,7 @@ constexpr std::size_t kEscapeLength = 7; // \U+XXXX
 constexpr auto makeSpecial()
 {
     std::array<bool, 256> special{};
-    for (const char character : {'\\', '^', '\n', '\r'})
+    for (const char character : {'\\', '^', '\n', '\r', '\0'})
         special[static_cast<unsigned char>(character)] = true;
     return special;
 }
@@ -90,7 +91,7 @@ std::size_t decodeEscape(std::string_view text, std::string& decoded)
         return 2 * kEscapeLength;
     }
     const bool staysEscaped =
-        unit < ' ' || unit == '\\' || unit == '^' || unit == 0x7F || (unit >= 0xD800 && unit <= 0xDFFF);
+        (unit > 0 && unit < ' ') || unit == '\\' || unit == '^' || unit == 0x7F || (unit >= 0xD800 && unit <= 0xDFFF);
     if (staysEscaped)
         return 0;
     append(decoded, unit);
@@ -164,6 +165,8 @@ std::string_view TextEncoder::encodeSpecial(std::string_view utf8)
             m_text += character == '\n' ? "^J" : "^M";
         else if (character == '^' && namesLineEnd(utf8.substr(i + 1)))
             m_text += "^ ";
+        else if (character == '\0')
+            m_text += "\\U+0000";
         else
             m_text += character;
     }

@@ -122,7 +122,7 @@ int rowOf(OdDb::TextVertMode mode)
 
 OdString OdDbMText::contents() const
 {
-    return OdString(contentsOf(*this).c_str());
+    return OdString(contentsOf(*this));
 }
 
 void OdDbMText::setContents(const OdString& contents)
@@ -135,12 +135,12 @@ void OdDbMText::setContents(const OdString& contents)
     remove(*this, kMText, 3);
     if (!groups.empty())
         setGroups(*this, kMText, 3, groups);
-    setText(*this, kMText, 1, OdString(std::wstring(all.substr(at)).c_str()));
+    setText(*this, kMText, 1, OdString(all.substr(at)));
 }
 
 OdString OdDbMText::text() const
 {
-    return OdString(mtext::plainText(contentsOf(*this)).c_str());
+    return OdString(mtext::plainText(contentsOf(*this)));
 }
 
 OdGePoint3d OdDbMText::location() const

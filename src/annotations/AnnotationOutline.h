@@ -18,7 +18,7 @@ struct Outline
 };
 
 /** The greatest number of corners that a shape may have. */
-inline constexpr OdInt32 kMostCorners = 4096;
+inline constexpr OdInt32 kMostCorners = 1024;
 
 /** The number of corners of the polygon that a shape stands for; 0 for rectangle and ellipse. */
 OdInt32 PolygonCorners(OdInt32 iBorderShape);

@@ -1,12 +1,12 @@
 // Texts are placed by what two probes measure, so that a text looks centred whether or not it has letters that go below
 // the base line:
 //
-//   top    ---- H ---- gjpqy ----     of "H"
-//               H      gjpqy
-//   bottom ------------gjpqy ----     of "H", or of "Hgjpqy" when the text has one of these letters
+//   top    ---- H ---- gjpqy ----
+//               H      gjpqy            the line is "H", or "Hgjpqy" when the text has one of these letters
+//   bottom ------------gjpqy ----
 //
 // Both count from the place of the MTEXT. With height h of the box and padding p the place is
-//   top: h/2 - p - top      middle: -(top + bottom)/2      bottom: -h/2 + p - bottom
+//   top: h/2 - p - top of "H"      middle: -(top + bottom)/2      bottom: -h/2 + p - bottom
 #include "annotations/AnnotationText.h"
 
 #include <algorithm>
@@ -114,7 +114,7 @@ double PlaceUpward(const AnnotationProperties& properties, const OdDbMText& text
     switch (text.verticalMode())
     {
     case OdDb::kTextTop:
-        return fEdge - reach.fTop;
+        return fEdge - reach.fCapital;
     case OdDb::kTextVertMid:
         return -(reach.fTop + reach.fBottom) / 2.0;
     default:
@@ -148,8 +148,8 @@ TextReach CTextMeasure::Measure(const AnnotationProperties& properties, OdDbMTex
         return found->second;
     text.setLocation(OdGePoint3d::kOrigin);
     const OdGeExtents3d capital = Probe(properties, text, kCapital);
-    const OdGeExtents3d deepest = bDescends ? Probe(properties, text, kCapitalAndDescenders) : capital;
-    return m_known[key] = {capital.maxPoint().y, deepest.minPoint().y};
+    const OdGeExtents3d line = bDescends ? Probe(properties, text, kCapitalAndDescenders) : capital;
+    return m_known[key] = {capital.maxPoint().y, line.maxPoint().y, line.minPoint().y};
 }
 
 void FillText(AnnotationProperties& properties, OdDbMText& text, OdDbObjectId idTextStyle, CTextMeasure& measure)

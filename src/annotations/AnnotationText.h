@@ -13,8 +13,9 @@ namespace Annotation
 /** How far a line of text reaches above and below the place of its MTEXT. */
 struct TextReach
 {
-    double fTop;    ///< of a capital letter
-    double fBottom; ///< of the base line, or of letters that go below it
+    double fCapital; ///< top of a capital letter by itself
+    double fTop;     ///< of the line
+    double fBottom;  ///< of the line
     double Height() const { return fTop - fBottom; }
 };
 
@@ -22,8 +23,8 @@ struct TextReach
 class CTextMeasure
 {
 public:
-    /** The reach of the record's text, measured with a capital letter, and with letters that go below the base line
-        when the text has such. The entity has the looks of the text, and its contents and place are changed. */
+    /** The reach of a line with a capital letter, and with letters that go below the base line when the record's text has
+        such. The entity has the looks of the text; its contents and place are changed. */
     TextReach Measure(const AnnotationProperties& properties, OdDbMText& text);
 
 private:
