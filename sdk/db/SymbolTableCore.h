@@ -14,7 +14,7 @@ namespace oddb
 
 /// The records of one table. A record stays where it is for good: what is erased, or whose making is undone, is passed
 /// over.
-class SymbolRecords : public SymbolIndex
+class SymbolRecords final : public SymbolIndex
 {
 public:
     explicit SymbolRecords(SymbolTable kind) : kind(kind) {}
