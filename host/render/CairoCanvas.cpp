@@ -152,7 +152,7 @@ void CairoCanvas::showGlyphs(const OdGiShapedText&, const std::vector<cairo_glyp
     cairo_show_glyphs(m_context, glyphs.data(), static_cast<int>(glyphs.size()));
 }
 
-void CairoCanvas::image(const OdGiRasterImage& image, const ImagePlace& place, bool isTransparent, OdUInt8 alpha)
+void CairoCanvas::image(const OdGiRasterImage& image, const ImagePlace& place, const ImageLooks& looks)
 {
     flush();
     const int width = static_cast<int>(image.pixelWidth());
@@ -161,14 +161,14 @@ void CairoCanvas::image(const OdGiRasterImage& image, const ImagePlace& place, b
                                 place.down.y / height,  place.origin.x,         place.origin.y};
     if (!isUsable(matrix))
         return;
-    const ImagePixels pixels(image, isTransparent);
+    const ImagePixels pixels(image, looks);
     cairo_save(m_context);
     cairo_transform(m_context, &matrix);
     cairo_rectangle(m_context, 0, 0, width, height);
     cairo_clip(m_context);
     cairo_set_source_surface(m_context, pixels.surface(), 0, 0);
     cairo_pattern_set_extend(cairo_get_source(m_context), CAIRO_EXTEND_PAD);
-    cairo_paint_with_alpha(m_context, alpha / 255.0);
+    cairo_paint_with_alpha(m_context, looks.alpha / 255.0);
     cairo_restore(m_context);
 }
 

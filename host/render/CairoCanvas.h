@@ -24,7 +24,7 @@ public:
     void fill(const Path& path, const Color& color, bool evenOdd) override;
     void stroke(const Path& path, const Color& color, double width) override;
     void text(const OdGiShapedText& text, const TextPlace& place, const Color& color) override;
-    void image(const OdGiRasterImage& image, const ImagePlace& place, bool isTransparent, OdUInt8 alpha) override;
+    void image(const OdGiRasterImage& image, const ImagePlace& place, const ImageLooks& looks) override;
     void pushClip(const Path& path) override;
     void popClip() override;
 

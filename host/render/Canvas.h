@@ -32,6 +32,17 @@ struct ImagePlace
     OdGeVector2d down;
 };
 
+/// How a picture is to look.
+struct ImageLooks
+{
+    bool isTransparent = false; ///< its transparent pixels are so
+    OdUInt8 alpha = 255;        ///< of the whole
+    double brightness = 50.0;   ///< from 0 to 100
+    double contrast = 50.0;     ///< from 0 to 100
+    double fade = 0.0;          ///< from 0 to 100, towards the background
+    Color background;
+};
+
 /// Paints in the order of the calls. Coordinates are pixels from the upper left corner of the page.
 class Canvas
 {
@@ -42,7 +53,7 @@ public:
     virtual void fill(const Path& path, const Color& color, bool evenOdd) = 0;
     virtual void stroke(const Path& path, const Color& color, double width) = 0;
     virtual void text(const OdGiShapedText& text, const TextPlace& place, const Color& color) = 0;
-    virtual void image(const OdGiRasterImage& image, const ImagePlace& place, bool isTransparent, OdUInt8 alpha) = 0;
+    virtual void image(const OdGiRasterImage& image, const ImagePlace& place, const ImageLooks& looks) = 0;
 
     /// Cuts off what lies outside of the path, until its pop.
     virtual void pushClip(const Path& path) = 0;

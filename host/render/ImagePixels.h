@@ -7,6 +7,7 @@
 #include <cairo.h>
 
 #include "Gi/GiRasterImage.h"
+#include "render/Canvas.h"
 
 namespace render
 {
@@ -15,8 +16,8 @@ namespace render
 class ImagePixels
 {
 public:
-    /// Without isTransparent, all pixels are opaque. Throws OdError when the pixels cannot be read.
-    ImagePixels(const OdGiRasterImage& image, bool isTransparent);
+    /// Throws OdError when the pixels cannot be read.
+    ImagePixels(const OdGiRasterImage& image, const ImageLooks& looks);
     ~ImagePixels();
     ImagePixels(const ImagePixels&) = delete;
     ImagePixels& operator=(const ImagePixels&) = delete;

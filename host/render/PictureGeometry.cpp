@@ -6,6 +6,7 @@
 
 #include "Gi/GiClipBoundary.h"
 #include "Gi/GiPolyline.h"
+#include "Gi/GiRasterImage.h"
 #include "Gi/GiShapedText.h"
 
 namespace render
@@ -403,6 +404,32 @@ void PictureGeometry::drawText(const OdGiShapedText& shaped, const TextPlace& pl
     const Path path = barPath(shaped.ink, place, shaped.fonts.front().slant);
     if (isSeen(path.bounds()))
         m_canvas.fill(path, color, false);
+}
+
+void PictureGeometry::rasterImageDc(const OdGePoint3d& origin, const OdGeVector3d& u, const OdGeVector3d& v,
+                                    const OdGiRasterImage* image, const OdGePoint2d* uvBoundary, OdUInt32 numBoundPts,
+                                    bool transparency, double brightness, double contrast, double fade)
+{
+    const PageMap map = this->map();
+    const ImagePlace place{map.at(origin + v), map.along(u), map.along(v) * -1.0};
+    OdGeExtents2d bounds;
+    for (const OdGeVector2d& corner : {OdGeVector2d(0.0, 0.0), place.across, place.down, place.across + place.down})
+        bounds.addPoint(place.origin + corner);
+    const Color color = m_looks.colorOf(worldDraw().effectiveTraits());
+    if (!isSeen(bounds) || color.alpha == 0)
+        return;
+    Path outline;
+    for (OdUInt32 i = 0; uvBoundary && i < numBoundPts; ++i)
+    {
+        const OdGePoint2d point = place.origin + place.across * (uvBoundary[i].x / image->pixelWidth()) +
+                                  place.down * (uvBoundary[i].y / image->pixelHeight());
+        i == 0 ? outline.moveTo(point) : outline.lineTo(point);
+    }
+    if (!outline.empty())
+        m_canvas.pushClip(outline);
+    m_canvas.image(*image, place, {transparency, color.alpha, brightness, contrast, fade, m_looks.background()});
+    if (!outline.empty())
+        m_canvas.popClip();
 }
 
 void PictureGeometry::pushClipBoundary(const OdGiClipBoundary& boundary)

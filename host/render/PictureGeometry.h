@@ -34,6 +34,9 @@ public:
     using OdGiGeometrySimplifier::text;
     void text(const OdGePoint3d& position, const OdGeVector3d& normal, const OdGeVector3d& direction,
               const OdChar* message, OdInt32 length, bool raw, const OdGiTextStyle* textStyle) override;
+    void rasterImageDc(const OdGePoint3d& origin, const OdGeVector3d& u, const OdGeVector3d& v,
+                       const OdGiRasterImage* image, const OdGePoint2d* uvBoundary, OdUInt32 numBoundPts,
+                       bool transparency, double brightness, double contrast, double fade) override;
     void xline(const OdGePoint3d& first, const OdGePoint3d& second) override;
     void ray(const OdGePoint3d& first, const OdGePoint3d& second) override;
     void pushClipBoundary(const OdGiClipBoundary& boundary) override;

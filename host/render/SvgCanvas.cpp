@@ -188,7 +188,7 @@ public:
     }
 
     void text(const OdGiShapedText& text, const TextPlace& place, const Color& color) override;
-    void image(const OdGiRasterImage& image, const ImagePlace& place, bool isTransparent, OdUInt8 alpha) override;
+    void image(const OdGiRasterImage& image, const ImagePlace& place, const ImageLooks& looks) override;
 
     void pushClip(const Path& path) override
     {
@@ -279,16 +279,16 @@ void SvgCanvas::text(const OdGiShapedText& text, const TextPlace& place, const C
         fill(barPath(bar, place, font.slant), color, false);
 }
 
-void SvgCanvas::image(const OdGiRasterImage& image, const ImagePlace& place, bool isTransparent, OdUInt8 alpha)
+void SvgCanvas::image(const OdGiRasterImage& image, const ImagePlace& place, const ImageLooks& looks)
 {
     flush();
-    const std::string png = ImagePixels(image, isTransparent).png();
+    const std::string png = ImagePixels(image, looks).png();
     m_out += "<image width=\"1\" height=\"1\" preserveAspectRatio=\"none\"";
     appendMatrix(place.across, place.down, place.origin);
-    if (alpha < 255)
+    if (looks.alpha < 255)
     {
         m_out += " opacity=\"";
-        appendNumber(m_out, alpha / 255.0, 3);
+        appendNumber(m_out, looks.alpha / 255.0, 3);
         m_out += '"';
     }
     m_out += " xlink:href=\"data:image/png;base64," + base64(png) + "\"/>\n";

@@ -6,6 +6,7 @@
 #include "Gi/GiWorldDraw.h"
 #include "OdError.h"
 #include "db/BlockReferences.h"
+#include "entities/BlockClip.h"
 #include "entities/BlockContents.h"
 #include "entities/Drawing.h"
 #include "entities/Fields.h"
@@ -202,8 +203,13 @@ bool OdDbBlockReference::subWorldDraw(OdGiWorldDraw* worldDraw) const
 
 void OdDbBlockReference::drawDefinition(OdGiWorldDraw* worldDraw) const
 {
+    const std::optional<OdGiClipBoundary> clip = drawing::clipOf(*this);
     worldDraw->geometry().pushModelTransform(blockTransform());
+    if (clip)
+        worldDraw->geometry().pushClipBoundary(*clip);
     drawing::drawBlock(*worldDraw, blockTableRecord());
+    if (clip)
+        worldDraw->geometry().popClipBoundary();
     worldDraw->geometry().popModelTransform();
 }
 

@@ -6,6 +6,7 @@
 
 #include "RxClass.h"
 #include "entities/EntityTables.h"
+#include "entities/RasterImageFiles.h"
 #include "entities/RuntimeClasses.h"
 #include "rx/Layers.h"
 
@@ -290,6 +291,7 @@ Groups makeInitialGroups(const EntityClass& entityClass)
 void registerClasses()
 {
     registerRuntimeClasses();
+    rasterfiles::start();
     oddb::registerDxfClasses(dxfClasses());
     for (const DxfClass& known : dxfClasses())
         classesByRuntimeClass()[odrxGetClass(odUtf8ToString(known.className))] = &known;
@@ -297,6 +299,7 @@ void registerClasses()
 
 void unregisterClasses()
 {
+    rasterfiles::end();
     classesByRuntimeClass().clear();
     unregisterRuntimeClasses();
 }

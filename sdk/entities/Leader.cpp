@@ -2,7 +2,6 @@
 #include <vector>
 
 #include "DbLeader.h"
-#include "Gi/GiWorldDraw.h"
 #include "OdError.h"
 #include "entities/Fields.h"
 
@@ -112,11 +111,4 @@ OdResult OdDbLeader::getEndPoint(OdGePoint3d& point) const
         return eInvalidExtents;
     point = vertices.back();
     return eOk;
-}
-
-bool OdDbLeader::subWorldDraw(OdGiWorldDraw* worldDraw) const
-{
-    const std::vector<OdGePoint3d> vertices = verticesOf(*this);
-    worldDraw->geometry().polyline(static_cast<OdInt32>(vertices.size()), vertices.data());
-    return true;
 }

@@ -209,11 +209,76 @@ bool OdDbRasterImage::isPlanar() const
     return true;
 }
 
-bool OdDbRasterImage::subWorldDraw(OdGiWorldDraw* worldDraw) const
+namespace
+{
+
+void drawOutline(const OdDbRasterImage& image, OdGiWorldDraw& worldDraw)
 {
     OdArray<OdGePoint3d> points;
-    if (getVertices(points) == eOk)
-        worldDraw->geometry().polygon(static_cast<OdInt32>(points.size()), points.asArrayPtr());
+    if (image.getVertices(points) == eOk)
+        worldDraw.geometry().polygon(static_cast<OdInt32>(points.size()), points.asArrayPtr());
+}
+
+/// The outline in the pixels of the picture as it is, which may have become another one than the drawing says.
+std::vector<OdGePoint2d> boundaryOf(const Reader& fields, const OdGiRasterImage& picture)
+{
+    const OdGePoint2d size = sizeOf(fields);
+    std::vector<OdGePoint2d> boundary = clippingOutline(fields);
+    for (OdGePoint2d& point : boundary)
+        point = OdGePoint2d((point.x + 0.5) * picture.pixelWidth() / size.x,
+                            (point.y + 0.5) * picture.pixelHeight() / size.y);
+    return boundary;
+}
+
+/// What stands for a picture that is not there: its outline and the name of its file.
+void drawMissing(const OdDbRasterImage& image, const OdString& fileName, OdGiWorldDraw& worldDraw)
+{
+    drawOutline(image, worldDraw);
+    OdGePoint3d origin;
+    OdGeVector3d u;
+    OdGeVector3d v;
+    image.getOrientation(origin, u, v);
+    const double length = u.length();
+    if (fileName.isEmpty() || !(length > 0.0) || !(v.length() > 0.0))
+        return;
+    const double height = std::min(v.length() / 10.0, length / (fileName.getLength() + 1.0));
+    const OdGeVector3d along = u / length;
+    worldDraw.geometry().text(origin + (along + v.normal()) * (height / 2.0), along.crossProduct(v).normal(), along,
+                              height, 1.0, 0.0, fileName);
+}
+
+} // namespace
+
+bool OdDbRasterImage::subWorldDraw(OdGiWorldDraw* worldDraw) const
+{
+    if (worldDraw->regenType() == kOdGiForExtents || !isSetDisplayOpt(kShow))
+    {
+        drawOutline(*this, *worldDraw);
+        return true;
+    }
+    const OdDbRasterImageDefPtr definition = OdDbRasterImageDef::cast(imageDefId().openObject());
+    const OdGiRasterImagePtr picture = definition.isNull() ? OdGiRasterImagePtr() : definition->image();
+    if (picture.isNull())
+    {
+        drawMissing(*this, definition.isNull() ? OdString() : definition->sourceFileName(), *worldDraw);
+        return true;
+    }
+    const Reader fields = fieldsOf(*this);
+    const std::vector<OdGePoint2d> boundary = isClipped() ? boundaryOf(fields, *picture) : std::vector<OdGePoint2d>();
+    OdGePoint3d origin;
+    OdGeVector3d u;
+    OdGeVector3d v;
+    getOrientation(origin, u, v);
+    worldDraw->geometry().rasterImageDc(origin, u, v, picture, boundary.data(), static_cast<OdUInt32>(boundary.size()),
+                                        isSetDisplayOpt(kTransparent), brightness(), contrast(), fade());
+    return true;
+}
+
+bool OdDbWipeout::subWorldDraw(OdGiWorldDraw* worldDraw) const
+{
+    worldDraw->subEntityTraits().setTrueColor(OdCmEntityColor(OdCmEntityColor::kNone));
+    worldDraw->subEntityTraits().setFillType(kOdGiFillAlways);
+    drawOutline(*this, *worldDraw);
     return true;
 }
 

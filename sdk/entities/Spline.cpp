@@ -6,6 +6,7 @@
 #include "OdError.h"
 #include "entities/Drawing.h"
 #include "entities/Fields.h"
+#include "entities/FitCurve.h"
 #include "entities/NurbsCurve.h"
 
 using namespace entityfields;
@@ -77,6 +78,19 @@ SplineData dataOf(const OdDbSpline& spline)
 }
 
 /// What stands for the curve when its figures do not make one: the fit points, or else the control points.
+const std::vector<OdGePoint3d>& replacement(const SplineData& data);
+
+/// A smooth curve through points, with the tangents at its ends where they are given.
+std::vector<OdGePoint3d> curveThrough(const std::vector<OdGePoint3d>& points, const Reader& fields)
+{
+    const auto tangent = [&fields](int code)
+    {
+        const OdGeVector3d vector = fields.has(code) ? fields.vector(code) : OdGeVector3d(0.0, 0.0, 0.0);
+        return vector.length() > 0.0 ? std::optional(vector) : std::nullopt;
+    };
+    return fitcurve::sampleThrough(points, tangent(12), tangent(13));
+}
+
 const std::vector<OdGePoint3d>& replacement(const SplineData& data)
 {
     return data.fitPoints.empty() ? data.curve.points : data.fitPoints;
@@ -177,7 +191,8 @@ OdResult OdDbSpline::getEndPoint(OdGePoint3d& point) const
 bool OdDbSpline::subWorldDraw(OdGiWorldDraw* worldDraw) const
 {
     const SplineData data = dataOf(*this);
-    const std::vector<OdGePoint3d> points = data.curve.isValid() ? nurbs::sample(data.curve) : replacement(data);
+    const std::vector<OdGePoint3d> points =
+        data.curve.isValid() ? nurbs::sample(data.curve) : curveThrough(replacement(data), read<kSpline>(*this));
     worldDraw->geometry().polyline(static_cast<OdInt32>(points.size()), points.data());
     return true;
 }

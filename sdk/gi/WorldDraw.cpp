@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "Ge/GePoint2d.h"
+#include "Gi/GiRasterImage.h"
 #include "Gi/GiTextStyle.h"
 #include "gi/Inheritance.h"
 #include "gi/PolylineShapes.h"
@@ -170,6 +171,27 @@ void OdGiGeometrySimplifier::text(const OdGePoint3d& position, const OdGeVector3
     style.setXScale(width);
     style.setObliquingAngle(oblique);
     text(position, normal, direction, message.c_str(), message.getLength(), true, &style);
+}
+
+void OdGiGeometrySimplifier::rasterImageDc(const OdGePoint3d& origin, const OdGeVector3d& u, const OdGeVector3d& v,
+                                           const OdGiRasterImage* image, const OdGePoint2d* uvBoundary,
+                                           OdUInt32 numBoundPts, bool, double, double, double)
+{
+    std::vector<OdGePoint3d> outline{origin, origin + u, origin + u + v, origin + v};
+    if (uvBoundary && numBoundPts > 2)
+    {
+        outline.clear();
+        for (OdUInt32 i = 0; i < numBoundPts; ++i)
+        {
+            const double across = uvBoundary[i].x / image->pixelWidth();
+            const double down = uvBoundary[i].y / image->pixelHeight();
+            outline.push_back(origin + u * across + v * (1.0 - down));
+        }
+    }
+    const OdGiFillType before = m_worldDraw.traits().fillType();
+    m_worldDraw.traits().setFillType(kOdGiFillAlways);
+    polygon(static_cast<OdInt32>(outline.size()), outline.data());
+    m_worldDraw.traits().setFillType(before);
 }
 
 void OdGiGeometrySimplifier::xline(const OdGePoint3d&, const OdGePoint3d&) {}

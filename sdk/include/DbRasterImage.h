@@ -66,6 +66,9 @@ class OdDbWipeout : public OdDbRasterImage
 {
 public:
     ODDB_DECLARE_MEMBERS(OdDbWipeout);
+
+protected:
+    bool subWorldDraw(OdGiWorldDraw* worldDraw) const override;
 };
 
 using OdDbWipeoutPtr = OdSmartPtr<OdDbWipeout>;

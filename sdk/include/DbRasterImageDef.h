@@ -3,6 +3,7 @@
 
 #include "DbObject.h"
 #include "Ge/GeVector2d.h"
+#include "Gi/GiRasterImage.h"
 
 /** An IMAGEDEF names the file of a picture. The definitions of a drawing stand in one dictionary under names of
     their own, and any number of images may show the same one. */
@@ -35,6 +36,13 @@ public:
     void setResolutionMMPerPixel(const OdGeVector2d& size);
     Units resolutionUnits() const;
     void setResolutionUnits(Units units);
+    /** The file that sourceFileName names: as it stands, in the folder of the drawing, or there by its last part;
+        empty when there is none. */
+    OdString activeFileName() const;
+    /** The picture in the file, null when it cannot be read. A picture that was read last is kept as long as its file
+        is unchanged. */
+    OdGiRasterImagePtr image() const;
+
     bool isLoaded() const;
     void setLoaded(bool loaded);
 

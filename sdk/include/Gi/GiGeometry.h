@@ -7,7 +7,9 @@
 #include "OdString.h"
 #include "RxObject.h"
 
+class OdGePoint2d;
 class OdGiDrawable;
+class OdGiRasterImage;
 class OdGiTextStyle;
 struct OdGiClipBoundary;
 struct OdGiPolyline;
@@ -74,6 +76,17 @@ public:
     // oblique the slant in radians.
     virtual void text(const OdGePoint3d& position, const OdGeVector3d& normal, const OdGeVector3d& direction,
                       double height, double width, double oblique, const OdString& message) = 0;
+
+    // A picture that fills the parallelogram of u and v at its lower left corner, which is not null. What is shown of
+    // it is the polygon of uvBoundary, in pixels from its upper left corner; none for all of it. transparency asks for
+    // its transparent pixels to be so; brightness, contrast and fade run from 0 to 100, where 50, 50 and 0 leave it as
+    // it is.
+    virtual void rasterImageDc(const OdGePoint3d& /*origin*/, const OdGeVector3d& /*u*/, const OdGeVector3d& /*v*/,
+                               const OdGiRasterImage* /*image*/, const OdGePoint2d* /*uvBoundary*/,
+                               OdUInt32 /*numBoundPts*/, bool /*transparency*/, double /*brightness*/,
+                               double /*contrast*/, double /*fade*/)
+    {
+    }
 
     // Cuts off what lies outside of the outline, until its pop.
     virtual void pushClipBoundary(const OdGiClipBoundary& /*boundary*/) {}

@@ -8,9 +8,9 @@
 class OdGiBaseVectorizer;
 
 /** Keeps the transforms, and draws drawables into each other. Circles and arcs arrive as elliptical arcs, polygons and
-    areas with holes as closed polylines, flat polylines as lines, arcs and filled polygons, texts as the polygons
-    around them, unless the client takes them itself. What a client overrides receives coordinates as they are
-    given; toWorld maps them. */
+    areas with holes as closed polylines, flat polylines as lines, arcs and filled polygons, texts and pictures as
+    the polygons around them, unless the client takes them itself. What a client overrides receives coordinates as they
+   are given; toWorld maps them. */
 class OdGiGeometrySimplifier : public OdGiGeometry
 {
 public:
@@ -31,6 +31,9 @@ public:
               const OdChar* message, OdInt32 length, bool raw, const OdGiTextStyle* textStyle) override;
     void text(const OdGePoint3d& position, const OdGeVector3d& normal, const OdGeVector3d& direction, double height,
               double width, double oblique, const OdString& message) override;
+    void rasterImageDc(const OdGePoint3d& origin, const OdGeVector3d& u, const OdGeVector3d& v,
+                       const OdGiRasterImage* image, const OdGePoint2d* uvBoundary, OdUInt32 numBoundPts,
+                       bool transparency, double brightness, double contrast, double fade) override;
     void xline(const OdGePoint3d& first, const OdGePoint3d& second) override;
     void ray(const OdGePoint3d& first, const OdGePoint3d& second) override;
     void draw(const OdGiDrawable* drawable) override;
