@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "DbBlockTableRecord.h"
+#include "DbLayerTable.h"
 #include "render/OutlineCollector.h"
 
 namespace render
@@ -18,6 +19,13 @@ bool hasPaperLinetypes(const OdDbDatabase& database)
 {
     const OdResBufPtr value = database.getSysVar(L"PSLTSCALE");
     return value.isNull() || value->getInt16() != 0;
+}
+
+/// The layer that holds what dimensions hang on, which is there to be picked but not to be printed.
+OdDbObjectId findDefpoints(const OdDbDatabase& database)
+{
+    const OdDbLayerTablePtr layers = OdDbLayerTable::cast(database.getLayerTableId().openObject());
+    return layers.isNull() ? OdDbObjectId() : layers->getAt(L"Defpoints");
 }
 
 } // namespace
@@ -37,7 +45,7 @@ void SpaceGeometry::draw(const OdGiDrawable* drawable)
 
 SpaceDraw::SpaceDraw(Canvas& canvas, Looks& looks, OdDbDatabase& database)
     : OdGiBaseVectorizer(kOdGiStandardDisplay), m_geometry(*this, canvas, looks), m_canvas(canvas), m_looks(looks),
-      m_database(database)
+      m_database(database), m_defpoints(findDefpoints(database))
 {
 }
 
@@ -113,6 +121,8 @@ void SpaceDraw::drawViewport(const OdDbViewport& viewport)
 bool SpaceDraw::isShown(const OdGiDrawable&, OdUInt32 flags)
 {
     if ((flags & OdGiDrawable::kDrawableIsInvisible) != 0 || isLayerFrozen())
+        return false;
+    if (m_defpoints && traits().layer() == m_defpoints)
         return false;
     if (std::find(m_frozenLayers.begin(), m_frozenLayers.end(), traits().layer()) != m_frozenLayers.end())
         return false;

@@ -47,7 +47,8 @@ private:
     Canvas& m_canvas;
     Looks& m_looks;
     OdDbDatabase& m_database;
-    PageMap m_sheet; ///< how the space is seen
+    OdDbStub* m_defpoints; ///< the layer of points that are not printed, null when there is none
+    PageMap m_sheet;       ///< how the space is seen
     double m_sheetScale = 1.0;
     OdGeExtents2d m_page;
     std::vector<OdDbStub*> m_frozenLayers; ///< in the viewport that is being drawn

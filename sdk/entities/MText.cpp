@@ -1,4 +1,5 @@
 // Texts of several lines.
+#include <algorithm>
 #include <cmath>
 
 #include "DbMText.h"
@@ -46,6 +47,68 @@ OdDbMText::AttachmentPoint attachmentOf(const Reader& fields)
 constexpr mtext::Alignment kAlignments[] = {mtext::Alignment::kLeft, mtext::Alignment::kCenter,
                                             mtext::Alignment::kRight};
 
+/// The columns, as newer files have them behind all else:
+///
+///   101 "Embedded Object" ... 71 kind (none 0, static 1, dynamic 2)  72 count  44 width  45 gutter
+///                             73 all of one height  74 from right to left  { 46 height }   41 that height
+///
+/// In older files each column is a text of its own.
+void readColumns(const Groups& groups, mtext::Style& style)
+{
+    enum Kind
+    {
+        kNone = 0
+    };
+    bool inside = false;
+    std::int64_t kind = kNone;
+    bool ofOneHeight = false;
+    double width = 0.0;
+    double height = 0.0;
+    mtext::Columns columns;
+    for (const oddb::GroupView& group : groups)
+    {
+        if (group.beginsSection())
+            inside = group.code() == 101;
+        if (!inside)
+            continue;
+        switch (group.code())
+        {
+        case 71:
+            kind = group.integer();
+            break;
+        case 72:
+            columns.count = static_cast<int>(std::clamp<std::int64_t>(group.integer(), 1, 1000));
+            break;
+        case 44:
+            width = group.real();
+            break;
+        case 45:
+            columns.gutter = group.real();
+            break;
+        case 73:
+            ofOneHeight = group.integer() != 0;
+            break;
+        case 74:
+            columns.isReversed = group.integer() != 0;
+            break;
+        case 41:
+            height = group.real();
+            break;
+        case 46:
+            columns.heights.push_back(group.real());
+            break;
+        default:
+            break;
+        }
+    }
+    if (kind == kNone || columns.count < 2 || !(width > 0.0) || !std::isfinite(columns.gutter))
+        return;
+    if (ofOneHeight || columns.heights.empty())
+        columns.heights.assign(1, height);
+    style.width = width;
+    style.columns = std::move(columns);
+}
+
 mtext::Layout layoutOf(const OdDbMText& text)
 {
     const Reader fields = read<kMText>(text);
@@ -56,6 +119,7 @@ mtext::Layout layoutOf(const OdDbMText& text)
     style.width = fields.real(41);
     style.spacingFactor = fields.real(44);
     style.exactSpacing = fields.integer(73) == OdDb::kExactly;
+    readColumns(fields.groups(), style);
     return mtext::layOut(contentsOf(text), style);
 }
 
@@ -102,6 +166,45 @@ Sheet sheetOf(const OdDbMText& text, const mtext::Layout& layout)
     sheet.corner = fields.point(10) - sheet.along * (layout.frame * columnOf(attachment) * 0.5) +
                    sheet.up * (layout.height * rowOf(attachment) * 0.5);
     return sheet;
+}
+
+enum BackgroundFlag
+{
+    kFilled = 1,
+    kFilledAsWindow = 2,
+    kFramed = 16
+};
+
+/// The area behind the text and the line around it, where the text has them.
+void drawBackground(OdGiWorldDraw& worldDraw, const Reader& fields, const mtext::Layout& layout, const Sheet& sheet)
+{
+    const int flags = fields.integer(90);
+    if ((flags & (kFilled | kFilledAsWindow | kFramed)) == 0)
+        return;
+    const double border = std::max(fields.real(45) - 1.0, 0.0) * fields.real(40);
+    const OdGePoint3d corners[4] = {sheet.at(-border, border), sheet.at(layout.frame + border, border),
+                                    sheet.at(layout.frame + border, -layout.height - border),
+                                    sheet.at(-border, -layout.height - border)};
+    OdGiSubEntityTraits& traits = worldDraw.subEntityTraits();
+    const OdCmEntityColor color = traits.trueColor();
+    if ((flags & (kFilled | kFilledAsWindow)) != 0)
+    {
+        OdCmEntityColor fill(OdCmEntityColor::kNone);
+        if ((flags & kFilledAsWindow) == 0 && fields.has(421))
+        {
+            const auto rgb = static_cast<OdUInt32>(fields.integer(421));
+            fill.setRGB(static_cast<OdUInt8>(rgb >> 16), static_cast<OdUInt8>(rgb >> 8), static_cast<OdUInt8>(rgb));
+        }
+        else if ((flags & kFilledAsWindow) == 0)
+            fill.setColorIndex(static_cast<OdUInt16>(std::clamp(fields.integer(63), 0, 256)));
+        traits.setTrueColor(fill);
+        traits.setFillType(kOdGiFillAlways);
+        worldDraw.geometry().polygon(4, corners);
+        traits.setFillType(kOdGiFillNever);
+        traits.setTrueColor(color);
+    }
+    if ((flags & kFramed) != 0)
+        worldDraw.geometry().polygon(4, corners);
 }
 
 /// Modes in the order of columns and rows.
@@ -310,6 +413,7 @@ bool OdDbMText::subWorldDraw(OdGiWorldDraw* worldDraw) const
 {
     const mtext::Layout layout = layoutOf(*this);
     const Sheet sheet = sheetOf(*this, layout);
+    drawBackground(*worldDraw, read<kMText>(*this), layout, sheet);
     const OdCmEntityColor color = worldDraw->subEntityTraits().trueColor();
     const auto setColor = [&](const mtext::Look& look)
     {

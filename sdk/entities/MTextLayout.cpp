@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "entities/MTextLine.h"
 #include "entities/MTextParser.h"
@@ -62,6 +63,8 @@ private:
     double gapWidening(bool endsParagraph) const;
     Tab nextTab(double from) const;
     void placeLines();
+    double stepBetween(const Line* before, const Line& line) const;
+    void finishColumn(double baseLine);
     void emit(Line& line, double left, double baseLine);
 
     const Style& m_style;
@@ -70,6 +73,7 @@ private:
     std::vector<Look> m_groups;
     Layout m_layout;
     std::vector<Line> m_lines;
+    std::size_t m_lastRuns = 0; // where the runs of the last line begin
 
     std::vector<Fragment> m_word; // x counts from the word's start
     double m_wordWidth = 0.0;
@@ -80,9 +84,10 @@ private:
     double m_cursor = 0.0;             // the line's width with the spaces at its end
     int m_spaces = 0;                  // since the last word
     Look m_spaceLook;
-    bool m_joins = true;      // nothing but spaces of one look since the last word
-    bool m_firstLine = true;  // of the paragraph
-    std::optional<Tab> m_tab; // what follows is to be moved to
+    bool m_joins = true;         // nothing but spaces of one look since the last word
+    bool m_beginsColumn = false; // the next line does
+    bool m_firstLine = true;     // of the paragraph
+    std::optional<Tab> m_tab;    // what follows is to be moved to
     std::size_t m_tabFragment = 0;
 };
 
@@ -101,8 +106,11 @@ void Typesetter::take(const Piece& piece)
     case PieceKind::kCharacter:
         return takeCharacter(piece.character);
     case PieceKind::kLineEnd:
-    case PieceKind::kColumnEnd:
         return finishParagraph();
+    case PieceKind::kColumnEnd:
+        finishParagraph();
+        m_beginsColumn = true;
+        return;
     case PieceKind::kStack:
         return takeStack(piece);
     case PieceKind::kParagraph:
@@ -359,6 +367,7 @@ void Typesetter::finishLine(bool endsParagraph)
     line.spacing = m_paragraph.spacing.value_or(m_style.spacingFactor);
     line.before += m_firstLine ? m_paragraph.before * m_style.height : 0.0;
     line.alignment = m_paragraph.alignment == Alignment::kDefault ? m_style.alignment : m_paragraph.alignment;
+    line.beginsColumn = std::exchange(m_beginsColumn, false);
     m_lines.push_back(std::move(line));
     m_fragments.clear();
     m_cursor = 0.0;
@@ -397,47 +406,76 @@ double partOf(Alignment alignment)
 
 void Typesetter::placeLines()
 {
-    double baseLine = 0.0;
-    double below = 0.0; // of the line before
+    const Columns& columns = m_style.columns;
     for (const Line& line : m_lines)
         m_layout.width = std::max(m_layout.width, line.width);
-    m_layout.frame = m_style.width > 0.0 ? m_style.width : m_layout.width;
+    const double columnWidth = m_style.width > 0.0 ? m_style.width : m_layout.width;
+    m_layout.frame = columnWidth * columns.count + columns.gutter * (columns.count - 1);
+    int column = 0;
+    double baseLine = 0.0;
+    const Line* before = nullptr; // in the same column
     for (Line& line : m_lines)
     {
-        const bool first = &line == &m_lines.front();
-        const double spacing = kLineSpacing * line.spacing;
-        const double overhang = line.ascent - line.height + below;
-        const double step =
-            m_style.exactSpacing ? spacing * m_style.height : spacing * line.height + std::max(overhang, 0.0);
-        baseLine -= first ? line.ascent : step + line.before;
-        emit(line, (m_layout.frame - line.width) * partOf(line.alignment), baseLine);
-        below = line.descent;
+        double next = baseLine - stepBetween(before, line);
+        const double limit = columns.heightOf(column);
+        const bool isFull = limit > 0.0 && before && -next > limit * (1.0 + 1e-9);
+        if (before && column + 1 < columns.count && (isFull || line.beginsColumn))
+        {
+            finishColumn(baseLine);
+            ++column;
+            next = -stepBetween(nullptr, line);
+        }
+        baseLine = next;
+        const int place = columns.isReversed ? columns.count - 1 - column : column;
+        const double left = place * (columnWidth + columns.gutter);
+        m_lastRuns = m_layout.runs.size();
+        emit(line, left + (columnWidth - line.width) * partOf(line.alignment), baseLine);
+        before = &line;
     }
+    finishColumn(baseLine);
     m_layout.lines = m_lines.size();
-    m_layout.height = -baseLine;
 }
 
-Layout Typesetter::finish()
+/// From the base line of the line before, or the top of the column, down to that of a line.
+double Typesetter::stepBetween(const Line* before, const Line& line) const
 {
-    finishWord();
-    finishLine(true);
-    const std::size_t lastLine = m_lines.size() - 1;
-    std::size_t runsBefore = 0;
-    for (std::size_t i = 0; i < lastLine; ++i)
-        runsBefore += m_lines[i].runs.size();
-    placeLines();
-    // What reaches below the last base line belongs to the text's height.
-    for (std::size_t i = runsBefore; i < m_layout.runs.size(); ++i)
+    if (!before)
+        return line.ascent;
+    const double spacing = kLineSpacing * line.spacing;
+    const double overhang = line.ascent - line.height + before->descent;
+    return line.before +
+           (m_style.exactSpacing ? spacing * m_style.height : spacing * line.height + std::max(overhang, 0.0));
+}
+
+/// What reaches below the last base line of a column belongs to the text's height.
+void Typesetter::finishColumn(double baseLine)
+{
+    m_layout.height = std::max(m_layout.height, -baseLine);
+    for (std::size_t i = m_lastRuns; i < m_layout.runs.size(); ++i)
     {
         const Run& run = m_layout.runs[i];
         const OdGiShapedText shaped = fonts::shape(styleOf(m_layout, run.look), run.characters, true);
         if (shaped.ink.isValidExtents())
             m_layout.height = std::max(m_layout.height, -run.y - shaped.ink.minPoint().y);
     }
+}
+
+Layout Typesetter::finish()
+{
+    finishWord();
+    finishLine(true);
+    placeLines();
     return std::move(m_layout);
 }
 
 } // namespace
+
+double Columns::heightOf(int column) const
+{
+    if (heights.empty())
+        return 0.0;
+    return heights[std::min(static_cast<std::size_t>(column), heights.size() - 1)];
+}
 
 Layout layOut(std::wstring_view contents, const Style& style)
 {

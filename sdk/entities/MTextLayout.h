@@ -11,6 +11,17 @@
 namespace mtext
 {
 
+/// Columns side by side, which lines fill one after the other.
+struct Columns
+{
+    int count = 1;
+    double gutter = 0.0;
+    std::vector<double> heights; ///< of the columns, 0 for as many lines as come; the last one counts for those behind
+    bool isReversed = false;     ///< the first column is the rightmost one
+
+    double heightOf(int column) const;
+};
+
 /// What the whole text is set in.
 struct Style
 {
@@ -19,6 +30,7 @@ struct Style
     double width = 0.0; ///< where lines are broken, 0 for nowhere
     double spacingFactor = 1.0;
     bool exactSpacing = false;              ///< high characters do not move lines apart
+    Columns columns;                        ///< each as wide as width
     Alignment alignment = Alignment::kLeft; ///< of paragraphs that have none of their own
 };
 
@@ -49,7 +61,7 @@ struct Layout
     std::size_t lines = 0;
     double frame = 0.0;  ///< the width that lines are aligned in
     double width = 0.0;  ///< of the widest line
-    double height = 0.0; ///< from the top of the first line to the lowest point of the last
+    double height = 0.0; ///< from the top of the first line to the lowest point of the last, in the highest column
 };
 
 /// Lays out contents; takes time in proportion to their length.

@@ -124,11 +124,8 @@ void appendRuns(Line& line, Fragment& fragment, double x, double y, bool joins)
 
 double widthOf(std::wstring_view characters, const Look& look, const std::vector<OdGiTextStyle>& fonts)
 {
-    double width = 0.0;
-    for (const fonts::PlacedGlyph& glyph :
-         fonts::placeGlyphs(fonts::Font::of(fonts[look.font]), characters, look.tracking))
-        width += glyph.advance;
-    return width * look.height * look.widthFactor;
+    return fonts::widthOf(fonts::Font::of(fonts[look.font]), characters, look.tracking) * look.height *
+           look.widthFactor;
 }
 
 Fragment makeStack(std::wstring_view upper, std::wstring_view lower, wchar_t divider, const Look& look,

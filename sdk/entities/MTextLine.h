@@ -31,6 +31,7 @@ struct Line
     double descent = 0.0; ///< below, of what is stacked
     double before = 0.0;  ///< room to the line before, beyond the line spacing
     double spacing = 0.0; ///< the line spacing factor
+    bool beginsColumn = false;
     Alignment alignment = Alignment::kLeft;
 };
 

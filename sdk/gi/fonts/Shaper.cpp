@@ -183,13 +183,37 @@ void placeJoining(const Font& font, std::wstring_view text, double tracking, std
         x = placePiece(font, piece, text, x, tracking, buffer.get(), placed);
 }
 
+bool isJoining(const Font& font, std::wstring_view text)
+{
+    return font.typeface().hasOutlines() && std::any_of(text.begin(), text.end(), joins);
+}
+
 } // namespace
+
+double widthOf(const Font& font, std::wstring_view text, double tracking)
+{
+    double width = 0.0;
+    if (isJoining(font, text))
+    {
+        for (const PlacedGlyph& glyph : placeGlyphs(font, text, tracking))
+            width += glyph.advance;
+        return width;
+    }
+    for (const wchar_t character : text)
+    {
+        if (character == L'\t')
+            width += font.find(L' ').advance() * kTabSpaces;
+        else if (!isControl(character))
+            width += font.find(character).advance();
+    }
+    return width * tracking;
+}
 
 std::vector<PlacedGlyph> placeGlyphs(const Font& font, std::wstring_view text, double tracking)
 {
     std::vector<PlacedGlyph> placed;
     placed.reserve(text.size());
-    if (font.typeface().hasOutlines() && std::any_of(text.begin(), text.end(), joins))
+    if (isJoining(font, text))
         placeJoining(font, text, tracking, placed);
     else
         placeSimple(font, text, tracking, placed);

@@ -23,6 +23,9 @@ struct PlacedGlyph
 /// The glyphs of a line. tracking widens the distance from glyph to glyph.
 std::vector<PlacedGlyph> placeGlyphs(const Font& font, std::wstring_view text, double tracking);
 
+/// The width of a line, in text heights.
+double widthOf(const Font& font, std::wstring_view text, double tracking);
+
 /// A line in the style's font.
 OdGiShapedText shape(const OdGiTextStyle& style, std::wstring_view message, bool raw);
 
