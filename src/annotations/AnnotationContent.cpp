@@ -108,35 +108,50 @@ Entity& Require(OdSmartPtr<Entity>& pEntity, OdDbBlockTableRecord& definition)
 // ---- Filling them
 // ----------------------------------------------------------------------------------------------------
 
+// Vertices come last, for what is set behind them has to pass them.
 void FillBackground(const AnnotationProperties& properties, const Outline& outline, OdDbHatch& hatch)
 {
     while (hatch.numLoops() > 0)
         hatch.removeLoopAt(hatch.numLoops() - 1);
-    hatch.appendLoop(kLoopType, outline.points, outline.bulges);
     hatch.setPattern(OdDbHatch::kPreDefined, L"SOLID");
     hatch.setHatchStyle(OdDbHatch::kOuter);
-    hatch.setAssociative(false);
+    if (hatch.associative())
+        hatch.setAssociative(false);
     hatch.setColor(properties.backgroundColor, true);
     hatch.setTransparency(properties.backgroundTransparency, true);
+    hatch.appendLoop(kLoopType, outline.points, outline.bulges);
 }
 
 void FillBorder(const AnnotationProperties& properties, const Outline& outline, OdDbPolyline& border)
 {
     border.reset();
-    for (unsigned i = 0; i < outline.points.size(); ++i)
-        border.addVertexAt(i, outline.points[i], outline.bulges[i], -1.0, -1.0);
     border.setClosed(true);
     border.setColor(properties.borderColor, true);
     border.setTransparency(properties.borderTransparency, true);
     border.setConstantWidth(properties.borderThickness);
+    for (unsigned i = 0; i < outline.points.size(); ++i)
+        border.addVertexAt(i, outline.points[i], outline.bulges[i], -1.0, -1.0);
 }
 
+bool IsExactly(const OdGeVector3d& first, const OdGeVector3d& second)
+{
+    return first.x == second.x && first.y == second.y && first.z == second.z;
+}
+
+bool IsUnscaled(const OdGeScale3d& scale)
+{
+    return scale.sx == 1.0 && scale.sy == 1.0 && scale.sz == 1.0;
+}
+
+// A new reference is as most stamps want it.
 void PlaceReference(const AnnotationProperties& properties, OdDbBlockReference& reference, CAnnotationDrawing& drawing)
 {
     reference.setLayer(drawing.Layer());
-    reference.setNormal(properties.normal);
+    if (!IsExactly(reference.normal(), properties.normal))
+        reference.setNormal(properties.normal);
     reference.setPosition(properties.position);
-    reference.setScaleFactors(OdGeScale3d(1.0, 1.0, 1.0));
+    if (!IsUnscaled(reference.scaleFactors()))
+        reference.setScaleFactors(OdGeScale3d(1.0, 1.0, 1.0));
     reference.setRotation(properties.angle / 180.0 * OdaPI);
 }
 
