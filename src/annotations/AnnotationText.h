@@ -23,8 +23,8 @@ struct TextReach
 class CTextMeasure
 {
 public:
-    /** The reach of a line with a capital letter, and with letters that go below the base line when the record's text has
-        such. The entity has the looks of the text; its contents and place are changed. */
+    /** The reach of a line with a capital letter, and with letters that go below the base line when the record's text
+       has such. The entity has the looks of the text; its contents and place are changed. */
     TextReach Measure(const AnnotationProperties& properties, OdDbMText& text);
 
 private:
