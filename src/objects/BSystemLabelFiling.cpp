@@ -25,19 +25,13 @@ OdResult CBSystemLabel::dwgInFields(OdDbDwgFiler* pFiler)
     return eOk;
 }
 
-// A recorded state is put back as it is, without a look at the dictionary.
 void CBSystemLabel::ReadGuid(OdDbDwgFiler& filer)
 {
-    const OdString strGuid = filer.rdString();
-    const OdDbDictionaryPtr pDictionary = database() ? GetDictionary(database()) : OdDbDictionaryPtr();
-    if (IsPutBack(*this, filer))
-        m_strGuid = strGuid;
-    else if (!NeedsOwnGuid(*this, filer, strGuid, pDictionary.get()))
-        SetGuid(strGuid);
-    else if (m_strGuid.isEmpty() && pDictionary)
-        SetGuid(CreateGuid());
-    else if (m_strGuid.isEmpty())
-        m_strGuid = CreateGuid();
+    const GuidReading reading = ::ReadGuid(*this, filer, filer.rdString(), m_strGuid, &CBSystemLabel::GetDictionary);
+    if (reading.bMoves)
+        SetGuid(reading.strGuid);
+    else
+        m_strGuid = reading.strGuid;
 }
 
 void CBSystemLabel::ReadLabel(OdDbDwgFiler& filer)

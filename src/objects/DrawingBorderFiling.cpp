@@ -53,19 +53,17 @@ OdResult CDrawingBorderData::dwgInFields(OdDbDwgFiler* pFiler)
     return eOk;
 }
 
-// The dictionary follows, but for files, which bring it along, and for states that are put back.
+// A file brings the dictionary along.
 void CDrawingBorderData::ReadGuid(OdDbDwgFiler& filer)
 {
     const OdString strGuid = filer.rdString();
-    const OdDbDictionaryPtr pDictionary = database() ? GetDictionary(database()) : OdDbDictionaryPtr();
-    if (filer.filerType() == OdDbFiler::kFileFiler || IsPutBack(*this, filer))
+    const GuidReading reading = ::ReadGuid(*this, filer, strGuid, m_guid, &CDrawingBorderData::GetDictionary);
+    if (filer.filerType() == OdDbFiler::kFileFiler)
         m_guid = strGuid;
-    else if (!NeedsOwnGuid(*this, filer, strGuid, pDictionary.get()))
-        setGuid(strGuid);
-    else if (m_guid.isEmpty() && pDictionary)
-        setGuid(CreateGuid());
-    else if (m_guid.isEmpty())
-        m_guid = CreateGuid();
+    else if (reading.bMoves)
+        setGuid(reading.strGuid);
+    else
+        m_guid = reading.strGuid;
 }
 
 void CDrawingBorderData::dwgOutFields(OdDbDwgFiler* pFiler) const

@@ -24,13 +24,29 @@ bool IsPutBack(const OdDbObject& object, const OdDbFiler& filer)
     return filer.filerType() == OdDbFiler::kUndoFiler && object.database() && object.database()->isUndoing();
 }
 
-bool NeedsOwnGuid(const OdDbObject& object, const OdDbFiler& filer, const OdString& strGuid,
-                  const OdDbDictionary* pDictionary)
+static bool IsCopyWithinDrawing(const OdDbFiler& filer)
 {
-    if (filer.filerType() != OdDbFiler::kCopyFiler && filer.filerType() != OdDbFiler::kDeepCloneFiler)
-        return false;
-    if (!pDictionary)
-        return true;
-    const OdDbObjectId idThere = pDictionary->getAt(strGuid);
+    return filer.filerType() == OdDbFiler::kCopyFiler || filer.filerType() == OdDbFiler::kDeepCloneFiler;
+}
+
+static bool IsKeyOfAnother(const OdDbDictionary& dictionary, const OdString& strGuid, const OdDbObject& object)
+{
+    const OdDbObjectId idThere = dictionary.getAt(strGuid);
     return !idThere.isNull() && idThere != object.objectId();
+}
+
+GuidReading ReadGuid(const OdDbObject& object, const OdDbFiler& filer, const OdString& strRead,
+                     const OdString& strPresent,
+                     const std::function<OdDbDictionaryPtr(const OdDbDatabase*)>& getDictionary)
+{
+    if (IsPutBack(object, filer))
+        return {strRead, false};
+    if (!IsCopyWithinDrawing(filer))
+        return {strRead, true};
+    const bool bResident = object.database() != nullptr;
+    if (bResident && !IsKeyOfAnother(*getDictionary(object.database()), strRead, object))
+        return {strRead, true};
+    if (!strPresent.isEmpty())
+        return {strPresent, false};
+    return {CreateGuid(), bResident};
 }

@@ -2,8 +2,12 @@
 // module.
 #pragma once
 
-#include "OdString.h"
+#include <functional>
 
+#include "OdString.h"
+#include "SmartPtr.h"
+
+class OdDbDatabase;
 class OdDbDictionary;
 class OdDbFiler;
 class OdDbObject;
@@ -18,7 +22,17 @@ OdString CreateGuid();
     and dictionaries are left alone. */
 bool IsPutBack(const OdDbObject& object, const OdDbFiler& filer);
 
-/** True when the object is a copy of another one of its drawing and cannot have the GUID that the filer brings, for in
-    the dictionary this is the key of the other one (a copy that is not resident has none to look into: null). */
-bool NeedsOwnGuid(const OdDbObject& object, const OdDbFiler& filer, const OdString& strGuid,
-                  const OdDbDictionary* pDictionary);
+/** What an object does with a GUID that a filer brings. */
+struct GuidReading
+{
+    OdString strGuid;
+    bool bMoves; ///< the dictionary entry moves to the GUID; else that is taken as it is
+};
+
+/** Decides that: states that are put back are taken as they are. A copy of another object of the same drawing cannot
+   have the GUID that is read, for this is the other one's key in the dictionary: it keeps the one that it has, or gets
+   a new one. strPresent is what the object has; getDictionary gives the dictionary of a resident object's drawing, and
+   is not called for states that are put back. */
+GuidReading ReadGuid(const OdDbObject& object, const OdDbFiler& filer, const OdString& strRead,
+                     const OdString& strPresent,
+                     const std::function<OdSmartPtr<OdDbDictionary>(const OdDbDatabase*)>& getDictionary);

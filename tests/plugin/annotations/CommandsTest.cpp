@@ -5,6 +5,7 @@
 #include "EditorRefresher.h"
 #include "StaticRxObject.h"
 #include "framework/FunctionIO.h"
+#include "support/PartialContext.h"
 
 using namespace annotationtest;
 
@@ -33,20 +34,6 @@ protected:
 
 // ---- The frame
 // -------------------------------------------------------------------------------------------------------
-
-class PartialContext : public OdDbCommandContext
-{
-public:
-    OdRxObject* baseDatabase() override { return database; }
-    OdEdUserIO* userIO() override { return user; }
-    OdEdFunctionIO* funcIO() override { return functionIO; }
-    void setArbitraryData(const OdString&, OdRxObject*) override {}
-    OdRxObjectPtr arbitraryData(const OdString&) const override { return {}; }
-
-    OdRxObject* database = nullptr;
-    OdEdUserIO* user = nullptr;
-    OdEdFunctionIO* functionIO = nullptr;
-};
 
 TEST_F(AnnotationCommandsTest, FramesRefuseWhatIsMissing)
 {

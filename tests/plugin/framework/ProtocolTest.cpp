@@ -1,5 +1,6 @@
 // Attacks the parameter protocol: the layout of every entry, values of wrong types, names in disguise, results read
 // twice.
+#include "support/PartialContext.h"
 #include "support/PluginTest.h"
 
 #include "RxVariant.h"
@@ -31,17 +32,6 @@ std::string typesOf(const OdResBufPtr& chain)
         types += std::to_string(element->restype()) + " ";
     return types;
 }
-
-/// A context of commands that has nothing.
-class BareContext : public OdDbCommandContext
-{
-public:
-    OdRxObject* baseDatabase() override { return nullptr; }
-    OdEdUserIO* userIO() override { return nullptr; }
-    OdEdFunctionIO* funcIO() override { return nullptr; }
-    void setArbitraryData(const OdString&, OdRxObject*) override {}
-    OdRxObjectPtr arbitraryData(const OdString&) const override { return {}; }
-};
 
 using Write = std::function<OdResBufPtr(const OdString& name)>;
 
@@ -233,7 +223,7 @@ TEST_F(ProtocolTest, FindsResultsByNamesInDisguise)
 
 TEST_F(ProtocolTest, ExecuteRefusesBeforeItTouchesAnything)
 {
-    OdStaticRxObject<BareContext> bare;
+    OdStaticRxObject<PartialContext> bare;
     const OdResBufPtr old = OdResBuf::newRb(1);
     handler->funcIO()->setParam(old);
     handler->funcIO()->setResult(old);

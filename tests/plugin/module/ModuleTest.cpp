@@ -1,4 +1,5 @@
 // Attacks the module: what it registers and takes away, its store, the overrule, and what happens when it is not there.
+#include "support/PartialContext.h"
 #include "support/PluginTest.h"
 
 #include "DbEntity.h"
@@ -187,29 +188,6 @@ TEST_F(ModuleTest, UnknownCommandsWithoutHandlerAreErrors)
 
 // ---- The frames of commands
 // ------------------------------------------------------------------------------------------
-
-/// A context whose parts can be missing.
-class PartialContext : public OdDbCommandContext
-{
-public:
-    OdRxObject* baseDatabase() override { return database; }
-    OdEdUserIO* userIO() override { return nullptr; }
-    OdEdFunctionIO* funcIO() override { return functionIO; }
-    void setArbitraryData(const OdString&, OdRxObject*) override {}
-    OdRxObjectPtr arbitraryData(const OdString&) const override { return {}; }
-
-    OdRxObject* database = nullptr;
-    OdEdFunctionIO* functionIO = nullptr;
-};
-
-class ForeignFunctionIO : public OdEdFunctionIO
-{
-public:
-    void setParam(OdRxObject*) override {}
-    OdRxObjectPtr param() override { return {}; }
-    void setResult(OdRxObject*) override {}
-    OdRxObjectPtr result() override { return {}; }
-};
 
 TEST_F(ModuleTest, FramesNameWhatIsMissing)
 {

@@ -1,5 +1,6 @@
 // Attacks the commands of drawing borders: their frame, where they take JSON from, which border they mean, and that a
 // refusal leaves nothing behind.
+#include "support/PartialContext.h"
 #include "support/PluginTest.h"
 
 #include "DbHostAppServices.h"
@@ -62,42 +63,9 @@ protected:
 // ---- The frame
 // -------------------------------------------------------------------------------------------------------
 
-class NotOnDrawings : public OdEdCommandContext
-{
-public:
-    OdRxObject* baseDatabase() override { return nullptr; }
-    OdEdUserIO* userIO() override { return nullptr; }
-    OdEdFunctionIO* funcIO() override { return nullptr; }
-    void setArbitraryData(const OdString&, OdRxObject*) override {}
-    OdRxObjectPtr arbitraryData(const OdString&) const override { return {}; }
-};
-
-class PartialContext : public OdDbCommandContext
-{
-public:
-    OdRxObject* baseDatabase() override { return database; }
-    OdEdUserIO* userIO() override { return user; }
-    OdEdFunctionIO* funcIO() override { return functionIO; }
-    void setArbitraryData(const OdString&, OdRxObject*) override {}
-    OdRxObjectPtr arbitraryData(const OdString&) const override { return {}; }
-
-    OdRxObject* database = nullptr;
-    OdEdUserIO* user = nullptr;
-    OdEdFunctionIO* functionIO = nullptr;
-};
-
-class ForeignFunctionIO : public OdEdFunctionIO
-{
-public:
-    void setParam(OdRxObject*) override {}
-    OdRxObjectPtr param() override { return {}; }
-    void setResult(OdRxObject*) override {}
-    OdRxObjectPtr result() override { return {}; }
-};
-
 TEST_F(DrawingBorderCommandsTest, TheFrameNamesWhatIsMissing)
 {
-    OdStaticRxObject<NotOnDrawings> other;
+    OdStaticRxObject<ContextOfNoDrawing> other;
     OdStaticRxObject<OdEdUserIO> simpleUser;
     OdStaticRxObject<ForeignFunctionIO> foreign;
     const OdDbDatabasePtr bare = OdDbDatabase::createObject();
