@@ -34,6 +34,18 @@ constexpr Range kRanges[] = {
     {1060, 1070, GroupValue::Int16}, {1071, 1071, GroupValue::Int32},
 };
 
+constexpr int kHighestCode = std::end(kRanges)[-1].last;
+
+// The ranges laid out code by code: this is asked for every group of a drawing.
+constexpr auto kValues = []
+{
+    std::array<GroupValue, kHighestCode + 1> values{};
+    for (const Range& range : kRanges)
+        for (int code = range.first; code <= range.last; ++code)
+            values[static_cast<std::size_t>(code)] = range.value;
+    return values;
+}();
+
 struct ReferenceRange
 {
     int first;
@@ -59,8 +71,7 @@ const Row* findRange(const Row (&rows)[Count], int code)
 
 GroupValue groupValue(int code)
 {
-    const Range* range = findRange(kRanges, code);
-    return range ? range->value : GroupValue::None;
+    return code >= 0 && code <= kHighestCode ? kValues[static_cast<std::size_t>(code)] : GroupValue::None;
 }
 
 std::optional<OdDb::ReferenceType> referenceType(int code)

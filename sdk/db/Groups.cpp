@@ -16,8 +16,6 @@ constexpr GroupType kTypes[] = {GroupType::Text,    GroupType::Text,    GroupTyp
                                 GroupType::Integer, GroupType::Boolean, GroupType::Id,      GroupType::Name,
                                 GroupType::Binary};
 
-constexpr std::uint8_t kFixedSizes[] = {2, 0, 8, 4, 0, 1, 2, 4, 8, 1, 8, 8, 0};
-
 struct Length
 {
     std::size_t value;
@@ -77,11 +75,8 @@ GroupType GroupView::type() const
     return kTypes[static_cast<int>(storage())];
 }
 
-std::size_t GroupView::payloadSize() const
+std::size_t GroupView::measurePayload() const
 {
-    const Storage kind = storage();
-    if (kind != Storage::String && kind != Storage::Binary)
-        return kFixedSizes[static_cast<int>(kind)];
     const Length length = readLength(payload());
     return length.bytes + length.value;
 }

@@ -110,7 +110,13 @@ private:
         return value;
     }
     const std::uint8_t* payload() const { return m_item + 2; }
-    std::size_t payloadSize() const;
+    std::size_t payloadSize() const
+    {
+        constexpr std::uint8_t kSizes[] = {2, 0, 8, 4, 0, 1, 2, 4, 8, 1, 8, 8, 0};
+        const Storage kind = storage();
+        return kind != Storage::String && kind != Storage::Binary ? kSizes[static_cast<int>(kind)] : measurePayload();
+    }
+    std::size_t measurePayload() const;
     template<class T>
     T load() const
     {

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <memory>
 #include <vector>
 
@@ -24,9 +25,6 @@ public:
     /// The stub of the handle, made when there is none. The handle must not be null.
     OdDbStub* findOrCreate(OdUInt64 handle);
 
-    /// Makes room for this number of stubs at once.
-    void reserve(std::size_t count);
-
     std::size_t size() const { return m_count; }
 
     /// Calls visit(OdDbStub&) for every stub in the order of their making.
@@ -41,15 +39,27 @@ public:
 
 private:
     static constexpr std::size_t kSlabSize = 2048;
+    static constexpr OdUInt64 kPageSize = 8;
 
-    std::size_t slot(OdUInt64 handle) const;
+    /// The stubs of consecutive handles, for handles mostly are: neighbours in a drawing are neighbours here.
+    struct Page
+    {
+        OdUInt64 number = 0; ///< the first handle divided by kPageSize
+        OdDbStub* stubs[kPageSize] = {};
+    };
+
+    std::size_t slot(OdUInt64 pageNumber) const;
+    Page* findPage(OdUInt64 pageNumber) const;
+    Page& findOrCreatePage(OdUInt64 pageNumber);
     void rehash(std::size_t slots);
     OdDbStub* allocate(OdUInt64 handle);
 
     OdDbDatabase* m_database;
     std::vector<std::unique_ptr<OdDbStub[]>> m_slabs;
     std::size_t m_count = 0;
-    std::vector<OdDbStub*> m_slots; // open addressing, a power of two, at most three quarters full
+    std::deque<Page> m_pages;
+    std::vector<Page*> m_slots; // open addressing, a power of two, at most three quarters full
+    mutable Page* m_recent = nullptr;
 };
 
 } // namespace oddb

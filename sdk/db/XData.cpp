@@ -90,13 +90,13 @@ Groups GroupsPool::intern(const GroupsBuilder& values)
 std::vector<XDataEntry> readXDataChain(const OdResBuf& chain, OdDbDatabase& database)
 {
     std::vector<XDataEntry> entries;
-    GroupsBuilder values;
+    GroupsPool& pool = database.impl().xdataPool;
     for (const OdResBuf* element = &chain; element;)
     {
         OdDbStub* application = findApplication(*element, database);
-        values.clear();
+        GroupsBuilder& values = pool.builder();
         element = readValues(element->next().get(), database, values);
-        entries.push_back({application, database.impl().xdataPool.intern(values)});
+        entries.push_back({application, pool.intern(values)});
     }
     return entries;
 }

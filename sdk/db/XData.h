@@ -28,7 +28,15 @@ class GroupsPool
 public:
     Groups intern(const GroupsBuilder& values);
 
+    /// An empty builder for the values to be shared; it keeps its buffer from one row to the next.
+    GroupsBuilder& builder()
+    {
+        m_builder.clear();
+        return m_builder;
+    }
+
 private:
+    GroupsBuilder m_builder;
     std::array<Groups, 64> m_recent;
 };
 

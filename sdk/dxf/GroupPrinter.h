@@ -34,6 +34,8 @@ public:
     void groups(oddb::GroupIterator begin, oddb::GroupIterator end);
     void groups(const oddb::Groups& groups) { this->groups(groups.begin(), groups.end()); }
 
+    TagPrinter& tags() { return m_tags; }
+
     /// Prints the data of an object of the class, which may be null.
     void groupsOf(const oddb::DxfClass* cls, oddb::GroupIterator begin, oddb::GroupIterator end);
 

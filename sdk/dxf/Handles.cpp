@@ -3,6 +3,8 @@
 
 #include "Numbers.h"
 
+#include <bit>
+
 namespace dxf
 {
 
@@ -33,10 +35,7 @@ bool parseHandle(std::string_view text, std::uint64_t& handle)
 
 char* printHandle(std::uint64_t handle, char* buffer)
 {
-    int shift = 60;
-    while (shift > 0 && (handle >> shift) == 0)
-        shift -= 4;
-    for (; shift >= 0; shift -= 4)
+    for (int shift = (63 - std::countl_zero(handle | 1)) / 4 * 4; shift >= 0; shift -= 4)
         *buffer++ = "0123456789ABCDEF"[(handle >> shift) & 15];
     return buffer;
 }

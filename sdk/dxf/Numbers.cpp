@@ -2,6 +2,8 @@
 // one exact power of ten, which needs no general conversion.
 #include "Numbers.h"
 
+#include <array>
+#include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstring>
@@ -15,6 +17,14 @@ namespace
 constexpr double kPowersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
                                    1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 constexpr std::uint64_t kLargestExactInteger = std::uint64_t{1} << 53;
+
+constexpr auto kDigitPairs = []
+{
+    std::array<char, 200> pairs{};
+    for (std::size_t i = 0; i < pairs.size(); ++i)
+        pairs[i] = static_cast<char>('0' + (i % 2 == 0 ? i / 20 : i / 2 % 10));
+    return pairs;
+}();
 
 bool isDigit(char character)
 {
@@ -47,6 +57,82 @@ bool parsePlainReal(std::string_view text, double& value)
     const double magnitude = static_cast<double>(digits) / kPowersOfTen[decimals];
     value = negative ? -magnitude : magnitude;
     return true;
+}
+
+// What comes of reading whole / 10^decimals back when it has so few digits is the same number, and no shorter text is.
+constexpr double kFewDigits = 1e15;
+
+// How many decimals a number of this magnitude may have within the few digits, in steps; -1 for one that is too large.
+int roomForDecimals(double magnitude)
+{
+    return magnitude < 1e6 ? 9 : magnitude < 1e9 ? 6 : magnitude < 1e12 ? 3 : magnitude < kFewDigits ? 0 : -1;
+}
+
+char* printPair(std::uint64_t pair, char* at)
+{
+    std::memcpy(at, &kDigitPairs[2 * pair], 2);
+    return at + 2;
+}
+
+char* printDigits(std::uint64_t value, char* at)
+{
+    if (value < 10)
+    {
+        *at = static_cast<char>('0' + value);
+        return at + 1;
+    }
+    if (value < 100)
+        return printPair(value, at);
+    return printPair(value % 100, printDigits(value / 100, at));
+}
+
+// Prints the fraction without zeros at its end, but one digit at least.
+char* printFraction(std::uint64_t fraction, int decimals, char* at)
+{
+    if (fraction == 0)
+    {
+        *at = '0';
+        return at + 1;
+    }
+    while (fraction % 1000 == 0)
+    {
+        fraction /= 1000;
+        decimals -= 3;
+    }
+    while (fraction % 10 == 0)
+    {
+        fraction /= 10;
+        --decimals;
+    }
+    char* const end = at + decimals;
+    char* digit = end;
+    for (; digit - at >= 2; fraction /= 100)
+        printPair(fraction % 100, digit -= 2);
+    if (digit != at)
+        *at = static_cast<char>('0' + fraction);
+    return end;
+}
+
+// Prints a number that is exactly a short decimal one; null for any other, for the negative zero, and for numbers so
+// small that the form with an exponent is shorter.
+char* printPlainReal(double value, char* buffer)
+{
+    constexpr double kSmall = 1e-4;
+    const double magnitude = std::fabs(value);
+    const int decimals = roomForDecimals(magnitude);
+    if (decimals < 0 || (magnitude < kSmall && std::bit_cast<std::uint64_t>(value) != 0))
+        return nullptr;
+    const double power = kPowersOfTen[decimals];
+    const auto digits = static_cast<std::uint64_t>(magnitude * power + 0.5);
+    if (static_cast<double>(digits) / power != magnitude)
+        return nullptr;
+    const auto scale = static_cast<std::uint64_t>(power);
+    char* at = buffer;
+    if (value < 0.0)
+        *at++ = '-';
+    at = printDigits(digits / scale, at);
+    *at++ = '.';
+    return printFraction(digits % scale, decimals, at);
 }
 
 double nearestFinite(std::string_view text)
@@ -105,6 +191,8 @@ char* printReal(double value, char* buffer)
 {
     if (!std::isfinite(value))
         value = 0.0;
+    if (char* const printed = printPlainReal(value, buffer))
+        return printed;
     char* const end = std::to_chars(buffer, buffer + kLongestNumber - 2, value).ptr;
     const std::size_t length = static_cast<std::size_t>(end - buffer);
     const bool hasPoint = std::memchr(buffer, '.', length) != nullptr;
@@ -117,6 +205,8 @@ char* printReal(double value, char* buffer)
 
 char* printInteger(std::int64_t value, char* buffer)
 {
+    if (value >= 0)
+        return printDigits(static_cast<std::uint64_t>(value), buffer);
     return std::to_chars(buffer, buffer + kLongestNumber, value).ptr;
 }
 

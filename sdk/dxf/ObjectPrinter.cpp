@@ -41,6 +41,7 @@ const ObjectPrinter::Kind& ObjectPrinter::kindOf(const OdDbObject& object)
         return kind;
     kind.runtimeClass = runtimeClass;
     kind.cls = oddb::findDxfClassOfRuntimeClass(odStringToUtf8(runtimeClass->name()));
+    kind.isFiled = !object.keepsGroups() || object.isKindOf(OdDbDictionary::desc());
     kind.isProxy = !oddb::proxyDxfName(object).empty();
     kind.name = kind.cls != nullptr ? kind.cls->dxfName : odStringToUtf8(runtimeClass->dxfName());
     return kind;
@@ -124,10 +125,11 @@ void ObjectPrinter::printExtensionDictionary(const OdDbObject& object)
 
 void ObjectPrinter::printData(const OdDbObject& object)
 {
-    if (!object.keepsGroups() || object.isKindOf(OdDbDictionary::desc()))
+    const Kind& kind = kindOf(object);
+    if (kind.isFiled)
         return printFiled(object);
     const oddb::Groups groups = ObjectCore::groups(object);
-    m_groups.groupsOf(kindOf(object).cls, groups.begin(), groups.end());
+    m_groups.groupsOf(kind.cls, groups.begin(), groups.end());
 }
 
 void ObjectPrinter::printFiled(const OdDbObject& object)
@@ -142,11 +144,18 @@ void ObjectPrinter::printXData(const OdDbObject& object)
 {
     const oddb::ObjectExtras* const extras = ObjectCore::extras(object);
     for (std::size_t i = 0; extras != nullptr && i < extras->xdata.size(); ++i)
-    {
-        const oddb::XDataEntry& entry = extras->xdata[i];
-        m_groups.text(kXDataApplicationCode, oddb::symbolName(entry.application));
-        m_groups.groups(entry.values);
-    }
+        printXDataEntry(extras->xdata[i]);
+}
+
+void ObjectPrinter::printXDataEntry(const oddb::XDataEntry& entry)
+{
+    if (entry.application == m_lastXData.application && entry.values.data() == m_lastXData.values.data())
+        return m_groups.tags().again(m_lastXData.text);
+    const std::uint64_t place = m_groups.tags().place();
+    m_groups.text(kXDataApplicationCode, oddb::symbolName(entry.application));
+    m_groups.groups(entry.values);
+    if (const std::string_view printed = m_groups.tags().since(place); !printed.empty())
+        m_lastXData = {entry.application, entry.values, std::string(printed)};
 }
 
 } // namespace dxf

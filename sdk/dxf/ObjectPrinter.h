@@ -2,6 +2,7 @@
 #pragma once
 
 #include "GroupPrinter.h"
+#include "db/ObjectExtras.h"
 
 #include <string>
 #include <unordered_map>
@@ -43,11 +44,21 @@ private:
         const oddb::DxfClass* cls = nullptr;
         std::string name;
         bool isProxy = false; // each proxy has a name of its own
+        bool isFiled = false; // it files itself, or its groups do not say everything
+    };
+
+    /// Extended data as it was printed last: many objects share the same.
+    struct PrintedXData
+    {
+        const OdDbStub* application = nullptr;
+        oddb::Groups values;
+        std::string text;
     };
 
     void printHead(const OdDbStub& stub, std::string_view name);
     void printCommon(const OdDbStub& stub, int handleCode);
     void printData(const OdDbObject& object);
+    void printXDataEntry(const oddb::XDataEntry& entry);
     const Kind& kindOf(const OdDbObject& object);
     void printReactors(const OdDbObject& object);
     void printExtensionDictionary(const OdDbObject& object);
@@ -58,6 +69,7 @@ private:
     OdDb::DwgVersion m_version;
     std::unordered_map<const OdRxClass*, Kind> m_kinds;
     const Kind* m_lastKind = nullptr;
+    PrintedXData m_lastXData;
 };
 
 } // namespace dxf

@@ -120,7 +120,9 @@ void OutputFile::write(std::string_view bytes)
     if (bytes.size() > kBufferSize / 2)
     {
         flush();
-        return writeOut(bytes.data(), bytes.size());
+        writeOut(bytes.data(), bytes.size());
+        m_flushed += bytes.size();
+        return;
     }
     char* const at = reserve(bytes.size());
     std::memcpy(at, bytes.data(), bytes.size());
@@ -130,6 +132,7 @@ void OutputFile::write(std::string_view bytes)
 void OutputFile::flush()
 {
     writeOut(m_buffer.get(), m_used);
+    m_flushed += m_used;
     m_used = 0;
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <memory>
 #include <string>
@@ -33,6 +34,16 @@ public:
     }
     void advance(const char* end) { m_used = static_cast<std::size_t>(end - m_buffer.get()); }
 
+    /// How many bytes were written so far.
+    std::uint64_t size() const { return m_flushed + m_used; }
+
+    /// The bytes from there to the end, when they are still in the buffer; else nothing.
+    std::string_view since(std::uint64_t place) const
+    {
+        return place < m_flushed ? std::string_view()
+                                 : std::string_view(m_buffer.get() + (place - m_flushed), m_used - (place - m_flushed));
+    }
+
     /// Writes bytes of any length.
     void write(std::string_view bytes);
 
@@ -54,6 +65,7 @@ private:
     int m_file = -1;
     std::unique_ptr<char[]> m_buffer;
     std::size_t m_used = 0;
+    std::uint64_t m_flushed = 0; // bytes that are not in the buffer any more
 };
 
 } // namespace dxf

@@ -7,6 +7,7 @@
 #include "Numbers.h"
 
 #include <algorithm>
+#include <array>
 #include <limits>
 
 namespace dxf
@@ -36,6 +37,34 @@ char* putNarrowed(char* at, std::int64_t value)
     return put(at, static_cast<Narrow>(kept));
 }
 
+// A code as it stands in an ASCII file: right-aligned in three places, with the end of its line.
+struct CodeLine
+{
+    char text[7]{};
+    std::uint8_t length = 0;
+};
+
+constexpr int kCodeLines = 1072;
+
+constexpr CodeLine makeCodeLine(int code)
+{
+    CodeLine line;
+    for (int unit = code < 1000 ? 100 : 1000; unit > 0; unit /= 10)
+        line.text[line.length++] = code < unit && unit > 1 ? ' ' : static_cast<char>('0' + code / unit % 10);
+    line.text[line.length++] = '\n';
+    return line;
+}
+
+constexpr auto makeCodeLines()
+{
+    std::array<CodeLine, kCodeLines> lines{};
+    for (int code = 0; code < kCodeLines; ++code)
+        lines[static_cast<std::size_t>(code)] = makeCodeLine(code);
+    return lines;
+}
+
+constexpr std::array<CodeLine, kCodeLines> kLines = makeCodeLines();
+
 std::size_t fieldWidth(ValueKind kind)
 {
     return kind == ValueKind::Int16 || kind == ValueKind::Bool ? 6 : kind == ValueKind::Int32 ? 9 : 0;
@@ -53,11 +82,11 @@ char* TagPrinter::putCode(char* at, int code) const
 {
     if (!m_ascii)
         return put(at, static_cast<std::int16_t>(code));
-    if (code >= 0 && code < 100)
+    if (code >= 0 && code < kCodeLines)
     {
-        *at++ = ' ';
-        if (code < 10)
-            *at++ = ' ';
+        const CodeLine& line = kLines[static_cast<std::size_t>(code)];
+        std::memcpy(at, line.text, sizeof line.text);
+        return at + line.length;
     }
     at = printInteger(code, at);
     *at++ = '\n';

@@ -31,6 +31,12 @@ public:
     /// Writes bytes, cut into groups of the size that readers expect.
     void bytes(int code, std::string_view value);
 
+    /// Writes groups once more that were printed before.
+    void again(std::string_view printed) { m_file.write(printed); }
+    /// Where the next group will stand, and what has been printed since such a place as long as that is at hand.
+    std::uint64_t place() const { return m_file.size(); }
+    std::string_view since(std::uint64_t place) const { return m_file.since(place); }
+
 private:
     char* putCode(char* at, int code) const;
     char* putLineEnd(char* at) const;

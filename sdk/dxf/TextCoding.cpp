@@ -15,7 +15,8 @@
 #include "OdCharMapper.h"
 #include "OdString.h"
 
-#include <array>
+#include <cstdint>
+#include <cstring>
 
 namespace dxf
 {
@@ -24,25 +25,34 @@ namespace
 
 constexpr std::size_t kEscapeLength = 7; // \U+XXXX
 
-constexpr auto makeSpecial()
+constexpr std::uint64_t kOnes = 0x0101010101010101u;
+constexpr std::uint64_t kHighBits = kOnes << 7;
+
+// True when one of the eight bytes begins something special: a backslash, a caret, a control character or, in a code
+// page, a byte from 80 on.
+bool hasSpecial(std::uint64_t bytes, bool inCodePage)
 {
-    std::array<bool, 256> special{};
-    for (const char character : {'\\', '^', '\n', '\r', '\0'})
-        special[static_cast<unsigned char>(character)] = true;
-    return special;
+    // backslash and caret differ in one bit
+    const std::uint64_t zeroWhereSpecial = (bytes & ~(kOnes * 2)) ^ kOnes * '\\';
+    const std::uint64_t special = (zeroWhereSpecial - kOnes) & ~zeroWhereSpecial;
+    const std::uint64_t control = (bytes - kOnes * ' ') & ~bytes;
+    return ((special | control | (inCodePage ? bytes : 0)) & kHighBits) != 0;
 }
 
-constexpr auto kSpecial = makeSpecial();
-
+// Takes eight bytes at a time, filled up with blanks at the end.
 bool hasSpecial(std::string_view text, bool inCodePage)
 {
-    for (const char character : text)
+    std::uint64_t bytes = 0;
+    for (; text.size() >= sizeof bytes; text.remove_prefix(sizeof bytes))
     {
-        const auto byte = static_cast<unsigned char>(character);
-        if (kSpecial[byte] || (inCodePage && byte >= 0x80))
+        std::memcpy(&bytes, text.data(), sizeof bytes);
+        if (hasSpecial(bytes, inCodePage))
             return true;
     }
-    return false;
+    bytes = kOnes * ' ';
+    for (const char character : text)
+        bytes = bytes << 8 | static_cast<unsigned char>(character);
+    return hasSpecial(bytes, inCodePage);
 }
 
 bool isHighSurrogate(char32_t unit)

@@ -3,15 +3,12 @@
 
 #include "db/GroupCodes.h"
 
-#include <array>
-
 namespace dxf
 {
 namespace
 {
 
 constexpr int kCommentCode = 999;
-constexpr std::size_t kCodes = kHighestCode - kLowestCode + 1;
 
 ValueKind kindOf(oddb::GroupValue value)
 {
@@ -37,22 +34,17 @@ ValueKind kindOf(oddb::GroupValue value)
     }
 }
 
-std::array<ValueKind, kCodes> layOut()
+auto layOut()
 {
-    std::array<ValueKind, kCodes> kinds{};
+    std::remove_const_t<decltype(kValueKinds)> kinds{};
     for (int code = kLowestCode; code <= kHighestCode; ++code)
         kinds[static_cast<std::size_t>(code - kLowestCode)] = kindOf(oddb::groupValue(code));
     kinds[kCommentCode - kLowestCode] = ValueKind::Comment;
     return kinds;
 }
 
-const std::array<ValueKind, kCodes> kKinds = layOut();
-
 } // namespace
 
-ValueKind valueKind(int code)
-{
-    return isGroupCode(code) ? kKinds[static_cast<std::size_t>(code - kLowestCode)] : ValueKind::Text;
-}
+const std::array<ValueKind, kHighestCode - kLowestCode + 1> kValueKinds = layOut();
 
 } // namespace dxf

@@ -2,6 +2,7 @@
 // whether the value is a text, a number or bytes, and how wide the number is in the binary form.
 #pragma once
 
+#include <array>
 #include <cstdint>
 
 namespace dxf
@@ -24,13 +25,19 @@ enum class ValueKind : std::uint8_t
 constexpr int kLowestCode = -8;
 constexpr int kHighestCode = 2039;
 
-/// Says which kind of value the code announces. Codes outside of kLowestCode..kHighestCode are texts.
-ValueKind valueKind(int code);
-
 /// True when the code may head a group: kLowestCode..kHighestCode.
 constexpr bool isGroupCode(int code)
 {
     return code >= kLowestCode && code <= kHighestCode;
+}
+
+/// The kinds from kLowestCode on.
+extern const std::array<ValueKind, kHighestCode - kLowestCode + 1> kValueKinds;
+
+/// Says which kind of value the code announces. Codes outside of kLowestCode..kHighestCode are texts.
+inline ValueKind valueKind(int code)
+{
+    return isGroupCode(code) ? kValueKinds[static_cast<std::size_t>(code - kLowestCode)] : ValueKind::Text;
 }
 
 /// True for the kinds whose value is a whole number.

@@ -3,6 +3,9 @@
 
 #include "OdString.h"
 
+#include <algorithm>
+#include <type_traits>
+
 namespace odutf8
 {
 namespace
@@ -103,15 +106,35 @@ std::size_t countCharacters(std::string_view utf8)
 }
 } // namespace odutf8
 
+// Most texts are ASCII from the first to the last character, and take no more than a copy.
+template<class Character>
+static std::size_t countAscii(std::basic_string_view<Character> text)
+{
+    using Unsigned = std::make_unsigned_t<Character>;
+    constexpr std::size_t kBlock = 16;
+    std::size_t count = 0;
+    for (Unsigned all = 0; count + kBlock <= text.size(); count += kBlock)
+    {
+        for (std::size_t i = 0; i < kBlock; ++i)
+            all |= static_cast<Unsigned>(text[count + i]);
+        if (all >= 0x80)
+            break;
+    }
+    while (count < text.size() && static_cast<Unsigned>(text[count]) < 0x80)
+        ++count;
+    return count;
+}
+
 OdString odUtf8ToString(std::string_view utf8)
 {
     OdString text;
     if (utf8.empty())
         return text;
-    const int length = static_cast<int>(odutf8::countCharacters(utf8));
-    OdChar* target = text.getBuffer(length);
-    const char* position = utf8.data();
-    for (const char* const end = position + utf8.size(); position != end; ++target)
+    const std::size_t ascii = countAscii(utf8);
+    const int length = static_cast<int>(ascii + odutf8::countCharacters(utf8.substr(ascii)));
+    OdChar* target = std::copy_n(utf8.begin(), ascii, text.getBuffer(length));
+    const char* position = utf8.data() + ascii;
+    for (const char* const end = utf8.data() + utf8.size(); position != end; ++target)
         *target = odutf8::takeCharacter(position, end);
     text.releaseBuffer(length);
     return text;
@@ -119,14 +142,13 @@ OdString odUtf8ToString(std::string_view utf8)
 
 void odAppendUtf8(std::string& buffer, std::wstring_view text)
 {
-    for (std::size_t i = 0; i < text.size();)
-    {
-        const wchar_t character = odutf8::takeCharacter(text, i);
-        if (character >= 0 && character < 0x80)
-            buffer += static_cast<char>(character);
-        else
-            odutf8::appendCharacter(buffer, character);
-    }
+    const std::size_t ascii = countAscii(text);
+    const std::size_t before = buffer.size();
+    buffer.resize(before + ascii);
+    for (std::size_t i = 0; i < ascii; ++i)
+        buffer[before + i] = static_cast<char>(text[i]);
+    for (std::size_t i = ascii; i < text.size();)
+        odutf8::appendCharacter(buffer, odutf8::takeCharacter(text, i));
 }
 
 std::string odStringToUtf8(std::wstring_view text)

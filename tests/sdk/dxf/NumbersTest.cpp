@@ -62,6 +62,38 @@ TEST(Numbers, PrintShort)
         EXPECT_EQ(printed(value), text);
 }
 
+// What people type comes back as they typed it.
+TEST(Numbers, PrintDecimalsAsTheyAreWritten)
+{
+    std::mt19937_64 random(17);
+    for (int i = 0; i < 200000; ++i)
+    {
+        const std::size_t decimals = 1 + random() % 9;
+        std::string fraction = std::to_string(random() % 1000000000).substr(0, decimals);
+        while (fraction.size() > 1 && fraction.back() == '0')
+            fraction.pop_back();
+        const std::string whole = std::to_string(random() % 1000000 >> random() % 20);
+        const std::string text = (random() % 2 == 0 ? "-" : "") + whole + "." + fraction;
+        const double value = std::stod(text);
+        if (std::fabs(value) >= 1e-4)
+        {
+            EXPECT_EQ(printed(value), text);
+        }
+    }
+}
+
+TEST(Numbers, PrintRoundNumbersWithoutExponent)
+{
+    const std::pair<double, const char*> cases[] = {
+        {100000.0, "100000.0"},         {999999.9999999999, "999999.9999999999"}, {1e6, "1000000.0"},
+        {-1e9, "-1000000000.0"},        {999999999999.125, "999999999999.125"},   {1e14, "100000000000000.0"},
+        {0.0001, "0.0001"},             {123456789.000001, "123456789.000001"},   {0.30000000000000004,
+                                                                                  "0.30000000000000004"},
+        {999999999999999, "999999999999999.0"}};
+    for (const auto& [value, text] : cases)
+        EXPECT_EQ(printed(value), text);
+}
+
 TEST(Handles, PrintWithoutLeadingZeros)
 {
     EXPECT_EQ(dxf::handleText(0), "0");
