@@ -53,7 +53,7 @@ const DxfRow* DxfSubclass::row(int code) const
 Atom DxfSubclass::atom() const
 {
     if (knownAtom.empty())
-        knownAtom = Atom(std::string_view(marker));
+        knownAtom = Atom(marker);
     return knownAtom;
 }
 

@@ -44,7 +44,7 @@ struct DxfRow
 /// The groups behind one subclass marker, in the order in which they are written.
 struct DxfSubclass
 {
-    const char* marker;
+    std::string_view marker;
     std::span<const DxfRow> rows;
 
     /// The row of the code, null when the class does not know it. Codes of second and third coordinates give the

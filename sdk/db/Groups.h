@@ -285,7 +285,13 @@ public:
     const std::uint8_t* end() const { return m_buffer + m_size; }
 
 private:
-    std::uint8_t* grow(std::size_t size);
+    std::uint8_t* grow(std::size_t size)
+    {
+        if (m_capacity - m_size < size)
+            makeRoom(size);
+        return m_buffer + std::exchange(m_size, m_size + size);
+    }
+    void makeRoom(std::size_t size);
     std::uint8_t* head(int code, Storage storage, std::size_t payload);
     GroupsBuilder& bytes(int code, Storage storage, std::string_view value);
 

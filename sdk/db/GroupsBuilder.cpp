@@ -65,22 +65,16 @@ GroupsBuilder::~GroupsBuilder()
     std::free(m_buffer);
 }
 
-std::uint8_t* GroupsBuilder::grow(std::size_t size)
+void GroupsBuilder::makeRoom(std::size_t size)
 {
-    if (m_capacity - m_size < size)
-    {
-        std::size_t capacity = m_capacity ? m_capacity : 256;
-        while (capacity - m_size < size)
-            capacity *= 2;
-        void* buffer = std::realloc(m_buffer, capacity);
-        if (!buffer)
-            throw std::bad_alloc();
-        m_buffer = static_cast<std::uint8_t*>(buffer);
-        m_capacity = capacity;
-    }
-    std::uint8_t* at = m_buffer + m_size;
-    m_size += size;
-    return at;
+    std::size_t capacity = m_capacity ? m_capacity : 256;
+    while (capacity - m_size < size)
+        capacity *= 2;
+    void* buffer = std::realloc(m_buffer, capacity);
+    if (!buffer)
+        throw std::bad_alloc();
+    m_buffer = static_cast<std::uint8_t*>(buffer);
+    m_capacity = capacity;
 }
 
 std::uint8_t* GroupsBuilder::head(int code, Storage storage, std::size_t payload)

@@ -89,31 +89,42 @@ const ObjectLoader::Maker& ObjectLoader::makerOf(std::string_view name)
     return place->second;
 }
 
-ObjectLoader::Maker ObjectLoader::findMaker(std::string_view name) const
+ObjectLoader::Maker ObjectLoader::makerWith(const DxfClass* cls, OdRxClass* runtimeClass)
 {
     Maker maker;
-    maker.cls = oddb::findDxfClass(name);
-    maker.runtimeClass =
-        maker.cls != nullptr ? runtimeClassOf(*maker.cls) : odrxGetClassByDxfName(odUtf8ToString(name));
+    maker.cls = cls;
+    maker.runtimeClass = runtimeClass;
+    maker.makesObject = runtimeClass != nullptr && runtimeClass->constructor() != nullptr &&
+                        runtimeClass->isDerivedFrom(OdDbObject::desc());
+    maker.makesEntity = maker.makesObject && runtimeClass->isDerivedFrom(OdDbEntity::desc());
+    return maker;
+}
+
+ObjectLoader::Maker ObjectLoader::findMaker(std::string_view name) const
+{
+    const DxfClass* const cls = oddb::findDxfClass(name);
     // the SDK's own proxy classes have names in files too, yet each proxy keeps the name that it came with
-    if (name.substr(0, kProxyNames.size()) == kProxyNames)
-        maker.runtimeClass = nullptr;
+    const bool isProxy = name.substr(0, kProxyNames.size()) == kProxyNames;
+    OdRxClass* const runtimeClass = isProxy          ? nullptr
+                                    : cls != nullptr ? runtimeClassOf(*cls)
+                                                     : odrxGetClassByDxfName(odUtf8ToString(name));
+    Maker maker = makerWith(cls, runtimeClass);
     for (const std::string_view shared : {"POLYLINE", "VERTEX", "DIMENSION", "INSERT"})
         maker.sharesName = maker.sharesName || name == shared;
     return maker;
 }
 
-ObjectLoader::Maker ObjectLoader::chooseMaker(const Record& record, const Maker& maker) const
+const ObjectLoader::Maker& ObjectLoader::chooseMaker(const Record& record, const Maker& maker)
 {
     if (!maker.sharesName)
         return maker;
-    Maker chosen = maker;
-    if (const DxfClass* const cls = entityclasses::classFor(record.name, record.groups.build()))
-    {
-        chosen.cls = cls;
-        chosen.runtimeClass = runtimeClassOf(*cls);
-    }
-    return chosen;
+    const DxfClass* const cls = entityclasses::classFor(record.name, record.groups.build());
+    if (cls == nullptr)
+        return maker;
+    const auto [place, isNew] = m_makersByClass.try_emplace(cls);
+    if (isNew)
+        place->second = makerWith(cls, runtimeClassOf(*cls));
+    return place->second;
 }
 
 // A file of more names than the table of names can hold gets one name for the rest.
@@ -128,12 +139,10 @@ OdDbObjectPtr ObjectLoader::makeProxy(const std::string& name, bool isEntity) co
 OdDbObjectPtr ObjectLoader::make(const Record& record, const Maker& maker, Family family) const
 {
     const bool isEntity = family == Family::Entity;
-    const bool fits = maker.runtimeClass != nullptr && maker.runtimeClass->constructor() != nullptr &&
-                      maker.runtimeClass->isDerivedFrom(OdDbObject::desc()) &&
-                      maker.runtimeClass->isDerivedFrom(OdDbEntity::desc()) == isEntity;
-    if (!fits)
+    if (!maker.makesObject || maker.makesEntity != isEntity)
         return makeProxy(record.name, isEntity);
-    return OdDbObject::cast(maker.runtimeClass->create());
+    const OdRxObjectPtr made = maker.runtimeClass->create();
+    return OdDbObjectPtr(static_cast<OdDbObject*>(made.get()));
 }
 
 // ---- Loading
@@ -141,7 +150,7 @@ OdDbObjectPtr ObjectLoader::make(const Record& record, const Maker& maker, Famil
 
 OdDbStub* ObjectLoader::load(Record& record, OdDbStub* owner, Family family)
 {
-    const Maker maker = chooseMaker(record, makerOf(record.name));
+    const Maker& maker = chooseMaker(record, makerOf(record.name));
     if (maker.cls != nullptr && !record.hasMarkers)
         m_records.completeMarkers(record.groups, *maker.cls);
     const OdDbObjectPtr object = make(record, maker, family);

@@ -57,6 +57,8 @@ private:
         const oddb::DxfClass* cls = nullptr;
         OdRxClass* runtimeClass = nullptr; // null when the object becomes a proxy
         bool sharesName = false;           // the groups decide between several classes
+        bool makesObject = false;          // the class makes objects of a database
+        bool makesEntity = false;          // and they are entities
     };
 
     struct Waiting
@@ -68,7 +70,8 @@ private:
     OdDbStub* load(Record& record, OdDbStub* owner, Family family);
     const Maker& makerOf(std::string_view name);
     Maker findMaker(std::string_view name) const;
-    Maker chooseMaker(const Record& record, const Maker& maker) const;
+    const Maker& chooseMaker(const Record& record, const Maker& maker);
+    static Maker makerWith(const oddb::DxfClass* cls, OdRxClass* runtimeClass);
     OdDbObjectPtr makeProxy(const std::string& name, bool isEntity) const;
     OdDbObjectPtr make(const Record& record, const Maker& maker, Family family) const;
     void putCommon(OdDbObject& object, const Record& record);
@@ -82,6 +85,7 @@ private:
     FaultLog& m_faults;
     std::string_view m_file;
     std::unordered_map<std::string, Maker> m_makers;
+    std::unordered_map<const oddb::DxfClass*, Maker> m_makersByClass; // for classes that share a name
     const Maker* m_lastMaker = nullptr;
     std::string m_lastName;
     std::vector<Waiting> m_waiting;

@@ -115,9 +115,7 @@ void RecordReader::readGroup(Record& record)
     switch (m_tag.code)
     {
     case kMarkerCode:
-        record.hasMarkers = true;
-        enterSubclass(trimmed(m_tag.text));
-        break;
+        return readMarker(record);
     case kApplicationGroupCode:
         return readApplicationGroup(record);
     default:
@@ -128,9 +126,16 @@ void RecordReader::readGroup(Record& record)
     advance();
 }
 
-void RecordReader::enterSubclass(std::string_view marker)
+// The marker of a part that the class has needs not be looked for among all that files have.
+void RecordReader::readMarker(Record& record)
 {
-    m_subclass = m_class != nullptr ? m_class->subclass(marker) : nullptr;
+    record.hasMarkers = true;
+    m_subclass = m_class != nullptr ? m_class->subclass(trimmed(m_tag.text)) : nullptr;
+    if (m_subclass != nullptr && m_tag.text == m_subclass->marker)
+        record.groups.atom(kMarkerCode, m_subclass->atom());
+    else
+        append(record.groups, m_tag);
+    advance();
 }
 
 void RecordReader::readText(Record& record)
@@ -182,8 +187,13 @@ OdDbStub* RecordReader::referenceOf(const Tag& tag)
     }
     if (handle.isNull())
         return nullptr;
-    m_database.noteHandle(handle);
-    return m_database.stubs.findOrCreate(handle);
+    // most records have the same owner as the one before
+    if (m_lastReference == nullptr || m_lastReference->handle != OdUInt64(handle))
+    {
+        m_database.noteHandle(handle);
+        m_lastReference = m_database.stubs.findOrCreate(handle);
+    }
+    return m_lastReference;
 }
 
 void RecordReader::readApplicationGroup(Record& record)

@@ -66,7 +66,7 @@ private:
     bool nextOfApplicationGroup();
     void readXData(Record& record);
     void readHandle(Record& record);
-    void enterSubclass(std::string_view marker);
+    void readMarker(Record& record);
     OdDbStub* referenceOf(const Tag& tag);
     OdDbStub* findOrRegister(std::string_view application);
 
@@ -80,6 +80,7 @@ private:
     const oddb::DxfClass* m_class = nullptr; // of the record that was read last
     std::string m_className;                 // its name in files
     const oddb::DxfSubclass* m_subclass = nullptr;
+    OdDbStub* m_lastReference = nullptr;
     oddb::GroupsBuilder m_values;
     Registrar m_register;
 };

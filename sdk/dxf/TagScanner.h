@@ -48,6 +48,7 @@ private:
     };
 
     bool nextAscii(Tag& tag);
+    bool readUsualCode(int& code);
     bool readLine(std::string_view& line);
     bool readAsciiValue(Tag& tag, std::string_view line);
     void noteNumber(NumberText outcome, const Tag& tag);

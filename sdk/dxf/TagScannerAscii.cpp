@@ -38,7 +38,9 @@ const char* findLineEnd(const char* at, const char* end)
     return at;
 }
 
-// Reads a group code; most are three characters long.
+constexpr std::ptrdiff_t kMostDigits = 4; // of a group code
+
+// Reads a group code that has blanks behind it or a sign, or finds that it is none.
 bool parseCode(std::string_view line, int& code)
 {
     while (!line.empty() && line.front() == ' ')
@@ -47,7 +49,7 @@ bool parseCode(std::string_view line, int& code)
         line = trimmed(line);
     const bool negative = !line.empty() && line.front() == '-';
     line.remove_prefix(negative);
-    if (line.empty() || line.size() > 4)
+    if (line.empty() || line.size() > kMostDigits)
         return false;
     int value = 0;
     for (const char character : line)
@@ -99,6 +101,28 @@ bool TagScanner::readLine(std::string_view& line)
     return true;
 }
 
+// Reads a line that is a code and has nothing but blanks in front of it, as nearly all do. Any other line is left alone.
+bool TagScanner::readUsualCode(int& code)
+{
+    const char* at = m_file.data() + m_at;
+    const char* const end = m_file.data() + m_file.size();
+    while (at != end && *at == ' ')
+        ++at;
+    const char* const first = at;
+    const char* const last = first + std::min(end - first, kMostDigits);
+    int value = 0;
+    for (; at != last && *at >= '0' && *at <= '9'; ++at)
+        value = value * 10 + (*at - '0');
+    const bool hasDigits = at != first;
+    at += at != end && *at == '\r';
+    if (!hasDigits || at == end || *at != '\n' || !isGroupCode(value))
+        return false;
+    code = value;
+    m_at = static_cast<std::size_t>(at + 1 - m_file.data());
+    ++m_line;
+    return true;
+}
+
 bool TagScanner::nextAscii(Tag& tag)
 {
     std::string_view codeLine;
@@ -107,6 +131,8 @@ bool TagScanner::nextAscii(Tag& tag)
     {
         m_tagAt = m_at;
         m_tagLine = m_line;
+        if (readUsualCode(tag.code))
+            break;
         if (!readLine(codeLine))
             return false;
         if (parseCode(codeLine, tag.code))

@@ -205,14 +205,43 @@ bool fitsFlags(const EntityClass& row, const Groups& groups)
     return row.flags != kAnyFlags && (flagsOf(groups) & mask) == (row.flags & mask);
 }
 
+bool fitsArray(const EntityClass& row, const Groups&)
+{
+    return row.parts.data() == kMInsertBlockParts;
+}
+
+bool fitsReference(const EntityClass& row, const Groups&)
+{
+    return row.parts.data() == kBlockReferenceParts;
+}
+
 using Fits = bool (*)(const EntityClass&, const Groups&);
 
-const DxfClass* findFitting(std::string_view dxfName, const Groups& groups, Fits fits)
+/// The rows of kClasses that have one name in files; they stand together.
+using Rows = std::span<const EntityClass>;
+
+Rows rowsOf(std::string_view dxfName)
 {
-    for (std::size_t i = 0; i < std::size(kClasses); ++i)
+    static const std::unordered_map<std::string_view, Rows> rowsByName = []
     {
-        if (dxfName == kClasses[i].dxfName && fits(kClasses[i], groups))
-            return &dxfClasses()[i];
+        std::unordered_map<std::string_view, Rows> made;
+        for (const EntityClass& row : kClasses)
+        {
+            Rows& rows = made.try_emplace(row.dxfName, &row, 0).first->second;
+            rows = Rows(rows.data(), rows.size() + 1);
+        }
+        return made;
+    }();
+    const auto found = rowsByName.find(dxfName);
+    return found == rowsByName.end() ? Rows() : found->second;
+}
+
+const DxfClass* findFitting(Rows rows, const Groups& groups, Fits fits)
+{
+    for (const EntityClass& row : rows)
+    {
+        if (fits(row, groups))
+            return &dxfClasses()[static_cast<std::size_t>(&row - kClasses)];
     }
     return nullptr;
 }
@@ -306,11 +335,12 @@ void unregisterClasses()
 
 const DxfClass* classFor(std::string_view dxfName, const Groups& groups)
 {
+    const Rows rows = rowsOf(dxfName);
     if (dxfName == "INSERT")
-        return oddb::findDxfClassOfRuntimeClass(isArray(groups) ? "OdDbMInsertBlock" : "OdDbBlockReference");
-    if (const DxfClass* found = findFitting(dxfName, groups, fitsMarker))
+        return findFitting(rows, groups, isArray(groups) ? fitsArray : fitsReference);
+    if (const DxfClass* found = findFitting(rows, groups, fitsMarker))
         return found;
-    if (const DxfClass* found = findFitting(dxfName, groups, fitsFlags))
+    if (const DxfClass* found = findFitting(rows, groups, fitsFlags))
         return found;
     return oddb::findDxfClass(dxfName);
 }
