@@ -23,16 +23,10 @@ bool isAscii(std::string_view name)
     return true;
 }
 
-std::uint32_t foldAscii(char c)
+// What odCaseFold makes of ASCII characters: the letters become small ones.
+constexpr std::uint32_t foldAscii(char c)
 {
-    static const std::array<OdChar, 128> kFolded = []
-    {
-        std::array<OdChar, 128> folded{};
-        for (int i = 0; i < 128; ++i)
-            folded[static_cast<std::size_t>(i)] = odCaseFold(i);
-        return folded;
-    }();
-    return static_cast<std::uint32_t>(kFolded[static_cast<unsigned char>(c)]);
+    return static_cast<std::uint32_t>(c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c);
 }
 
 std::uint32_t hashStep(std::uint32_t hash, std::uint32_t character)

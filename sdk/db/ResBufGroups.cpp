@@ -66,7 +66,7 @@ void appendReference(GroupsBuilder& builder, const OdResBuf& element, OdDbDataba
 
 void appendLayer(GroupsBuilder& builder, const OdResBuf& element, OdDbDatabase* database)
 {
-    const std::string name = odStringToUtf8(element.getString());
+    const std::string name = odStringToUtf8(ChainAccess::text(element));
     OdDbStub* layer = database ? findSymbol(*database, SymbolTable::Layer, name) : nullptr;
     if (layer && symbolName(layer) == name)
         builder.name(element.restype(), layer);
@@ -142,7 +142,7 @@ void appendElement(GroupsBuilder& builder, const OdResBuf& element, OdDbDatabase
     {
     case GroupValue::Text:
         return code == 1003 ? appendLayer(builder, element, database)
-                            : void(builder.text(code, odStringToUtf8(element.getString())));
+                            : void(builder.text(code, odStringToUtf8(ChainAccess::text(element))));
     case GroupValue::Point:
         return appendPoint(builder, element);
     case GroupValue::Real:

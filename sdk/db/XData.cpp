@@ -42,11 +42,11 @@ bool isXDataCode(int code)
     return code >= 1000 && code <= 1071 && groupValue(code) != GroupValue::None;
 }
 
-OdDbStub* findApplication(const OdResBuf& element, OdDbDatabase& database)
+OdDbStub* findApplication(const OdResBuf& element, const OdDbDatabase& database)
 {
     if (element.restype() != 1001)
         throw OdError(eInvalidResBuf);
-    OdDbStub* application = findSymbol(database, SymbolTable::RegApp, odStringToUtf8(element.getString()));
+    OdDbStub* application = findSymbol(database, SymbolTable::RegApp, odStringToUtf8(ChainAccess::text(element)));
     if (!application)
         throw OdError(eRegappIdNotFound);
     return application;
@@ -55,13 +55,36 @@ OdDbStub* findApplication(const OdResBuf& element, OdDbDatabase& database)
 // Reads the values of one application; returns the name of the next one, null at the end of the chain.
 const OdResBuf* readValues(const OdResBuf* element, OdDbDatabase& database, GroupsBuilder& values)
 {
-    for (; element && element->restype() != 1001; element = element->next().get())
+    for (; element && element->restype() != 1001; element = ChainAccess::next(*element))
     {
         if (!isXDataCode(element->restype()))
             throw OdError(eInvalidResBuf);
         appendElement(values, *element, &database);
     }
     return element;
+}
+
+// Texts and whole numbers mean the same whenever they are read; points are compared with a tolerance, and whether there
+// is a layer of a name may change.
+bool meansTheSameAgain(const OdResBuf& chain)
+{
+    for (const OdResBuf* element = &chain; element; element = ChainAccess::next(*element))
+    {
+        const int code = element->restype();
+        if (code != 1000 && code != 1001 && code != 1002 && code != 1070 && code != 1071)
+            return false;
+    }
+    return true;
+}
+
+bool isSameChain(const OdResBuf* first, const OdResBuf* second)
+{
+    while (first && second && ChainAccess::hasSameValue(*first, *second))
+    {
+        first = ChainAccess::next(*first);
+        second = ChainAccess::next(*second);
+    }
+    return !first && !second;
 }
 
 } // namespace
@@ -87,18 +110,39 @@ Groups GroupsPool::intern(const GroupsBuilder& values)
     return place;
 }
 
-std::vector<XDataEntry> readXDataChain(const OdResBuf& chain, OdDbDatabase& database)
+// The same chain gives the same entries as long as the applications have their names.
+bool GroupsPool::isReadAgain(const OdResBuf& chain, const OdDbDatabase& database) const
 {
-    std::vector<XDataEntry> entries;
-    GroupsPool& pool = database.impl().xdataPool;
+    if (!isSameChain(m_readChain, &chain))
+        return false;
+    const OdResBuf* element = &chain;
+    for (const XDataEntry& entry : m_read)
+    {
+        while (element->restype() != 1001)
+            element = ChainAccess::next(*element);
+        if (findApplication(*element, database) != entry.application)
+            return false;
+        element = ChainAccess::next(*element);
+    }
+    return true;
+}
+
+const std::vector<XDataEntry>& GroupsPool::read(const OdResBuf& chain, OdDbDatabase& database)
+{
+    if (isReadAgain(chain, database))
+        return m_read;
+    m_readChain.release();
+    m_read.clear();
     for (const OdResBuf* element = &chain; element;)
     {
         OdDbStub* application = findApplication(*element, database);
-        GroupsBuilder& values = pool.builder();
-        element = readValues(element->next().get(), database, values);
-        entries.push_back({application, pool.intern(values)});
+        GroupsBuilder& values = builder();
+        element = readValues(ChainAccess::next(*element), database, values);
+        m_read.push_back({application, intern(values)});
     }
-    return entries;
+    if (meansTheSameAgain(chain))
+        m_readChain = OdResBuf::cast(chain.clone());
+    return m_read;
 }
 
 OdResBufPtr makeXDataChain(const XDataList& list, const OdDbStub* application)
@@ -185,7 +229,8 @@ OdResult OdDbObject::setXData(const OdResBuf* xdata)
         throw OdError(eNoDatabase);
     if (!xdata || isUndoing())
         return eOk;
-    const std::vector<oddb::XDataEntry> entries = oddb::readXDataChain(*xdata, *database());
+    OdDbDatabase& home = *database();
+    const std::vector<oddb::XDataEntry>& entries = home.impl().xdataPool.read(*xdata, home);
     oddb::checkLimit(m_extras ? &m_extras->xdata : nullptr, entries);
     for (const oddb::XDataEntry& entry : entries)
         oddb::setXDataOf(*this, entry);

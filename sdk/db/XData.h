@@ -22,11 +22,16 @@ constexpr std::size_t kXDataLimit = 16 * 1024;
 /// The room that the values of one application take, its name included.
 std::size_t xdataBytes(const Groups& values);
 
-/// Shares equal rows of values: marking many objects with the same values stores them once.
+/// Shares equal rows of values: marking many objects with the same values stores them once, and reads them once when
+/// the objects come one after the other.
 class GroupsPool
 {
 public:
     Groups intern(const GroupsBuilder& values);
+
+    /// Reads a chain: the values of each application in it, none for one that is to be removed. Throws OdError
+    /// eInvalidResBuf, eRegappIdNotFound. The entries are valid until the next call.
+    const std::vector<XDataEntry>& read(const OdResBuf& chain, OdDbDatabase& database);
 
     /// An empty builder for the values to be shared; it keeps its buffer from one row to the next.
     GroupsBuilder& builder()
@@ -36,13 +41,13 @@ public:
     }
 
 private:
+    bool isReadAgain(const OdResBuf& chain, const OdDbDatabase& database) const;
+
     GroupsBuilder m_builder;
+    std::vector<XDataEntry> m_read;
+    OdResBufPtr m_readChain; ///< a copy of the chain that became m_read, null when it has to be read once more
     std::array<Groups, 64> m_recent;
 };
-
-/// Reads a chain: the values of each application in it, none for one that is to be removed. Throws OdError
-/// eInvalidResBuf, eRegappIdNotFound.
-std::vector<XDataEntry> readXDataChain(const OdResBuf& chain, OdDbDatabase& database);
 
 /// The chain of one application, or of all when application is null; null when there is nothing.
 OdResBufPtr makeXDataChain(const XDataList& list, const OdDbStub* application);

@@ -101,7 +101,8 @@ bool TagScanner::readLine(std::string_view& line)
     return true;
 }
 
-// Reads a line that is a code and has nothing but blanks in front of it, as nearly all do. Any other line is left alone.
+// Reads a line that is a code and has nothing but blanks in front of it, as nearly all do. Any other line is left
+// alone.
 bool TagScanner::readUsualCode(int& code)
 {
     const char* at = m_file.data() + m_at;

@@ -15,6 +15,11 @@
 #include "OdBinaryData.h"
 #include "RxObject.h"
 
+namespace oddb
+{
+class ChainAccess;
+} // namespace oddb
+
 class OdResBuf;
 using OdResBufPtr = OdSmartPtr<OdResBuf>;
 
@@ -243,10 +248,11 @@ public:
     void addRef() override { m_references.fetch_add(1, std::memory_order_relaxed); }
     void release() override
     {
-        if (m_references.fetch_sub(1, std::memory_order_acq_rel) == 1)
+        // nobody can add a reference to the last one
+        if (numRefs() == 1 || m_references.fetch_sub(1, std::memory_order_acq_rel) == 1)
             delete this;
     }
-    long numRefs() const override { return m_references.load(std::memory_order_relaxed); }
+    long numRefs() const override { return m_references.load(std::memory_order_acquire); }
 
     /** Copies the whole chain from here, nested chains included; objects are shared. */
     OdRxObjectPtr clone() const override;
@@ -260,6 +266,7 @@ protected:
     ~OdResBuf() override;
 
 private:
+    friend class oddb::ChainAccess;
     using Value =
         std::variant<std::monostate, bool, OdInt64, double, OdString, OdGePoint2d, OdGePoint3d, OdDbHandle,
                      OdDbObjectId, OdRxObjectPtr, OdResBufPtr, OdBinaryData, std::shared_ptr<const OdCmColor>>;

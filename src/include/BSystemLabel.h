@@ -26,6 +26,7 @@
 #include "QuendZolExport.h"
 
 class CReferenceList;
+class CZolExtendedData;
 
 /** A CBSystemLabel is a GUID, a text and a list of entities that it refers to, each there once. Every one of these
    entities has the label as a persistent reactor and carries a CZolExtendedData that says custom label and holds GUID
@@ -122,7 +123,9 @@ protected:
 private:
     using Visit = void (CBSystemLabel::*)(const OdDbObjectId&);
     class BlockWalk;
+    class CommonMarks;
 
+    void PutMarks(CZolExtendedData& data) const;
     void Mark(const OdDbObjectId& id);
     void Unmark(const OdDbObjectId& id);
     void VisitMarked(const OdDbObjectId& id, const OdChar* pszFunction, Visit mark, Visit visitEntity);
@@ -142,6 +145,7 @@ private:
     OdString m_strGuid;
     OdString m_strLabel;
     std::unique_ptr<CReferenceList> m_pReferences;
-    BlockWalk* m_pWalk = nullptr; ///< only while marks are written or taken off
+    BlockWalk* m_pWalk = nullptr;                ///< only while marks are written or taken off
+    OdSmartPtr<CZolExtendedData> m_pCommonMarks; ///< only while marks are written on many objects
 };
 using CBSystemLabelPtr = OdSmartPtr<CBSystemLabel>;

@@ -102,6 +102,7 @@ private:
 
     bool m_bHasData = false;
     bool m_bModified = false;
+    OdResBufPtr m_pWritten; ///< what was written last, until a field changes
     OdDbObjectId m_idObject;
     OdUInt32 m_uiFlags = 0;
     EZolExtendedCharacteristicFlags m_eExtendedCharacteristicFlags = eZolExtendedCharacteristicNone;

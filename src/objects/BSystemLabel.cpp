@@ -158,10 +158,28 @@ void CBSystemLabel::RemoveReferencedObjectId(const OdDbObjectId& id)
     m_pReferences->RemoveFirst(id);
 }
 
+/** Makes the marks of the label once for all objects that carry none yet. */
+class CBSystemLabel::CommonMarks
+{
+public:
+    explicit CommonMarks(CBSystemLabel& label) : m_label(label)
+    {
+        m_label.m_pCommonMarks = CZolExtendedData::createObject();
+        m_label.PutMarks(*m_label.m_pCommonMarks);
+    }
+    ~CommonMarks() { m_label.m_pCommonMarks.release(); }
+    CommonMarks(const CommonMarks&) = delete;
+    CommonMarks& operator=(const CommonMarks&) = delete;
+
+private:
+    CBSystemLabel& m_label;
+};
+
 void CBSystemLabel::SetReferencedObjectIds(const OdDbObjectIdArray& ids)
 {
     assertWriteEnabled();
     ClearReferencedObjectIds();
+    const CommonMarks commonMarks(*this);
     for (const OdDbObjectId& id : ids)
         AddReferencedObjectId(id);
 }
@@ -275,14 +293,21 @@ void CBSystemLabel::RemoveExtendedData(const OdDbObjectId& id)
     VisitMarked(id, L"CBSystemLabel::RemoveExtendedData", &CBSystemLabel::Unmark, &CBSystemLabel::RemoveExtendedData);
 }
 
+void CBSystemLabel::PutMarks(CZolExtendedData& data) const
+{
+    data.SetIsCustomLabel(true);
+    data.SetGuid(m_strGuid);
+    data.SetName(m_strLabel);
+}
+
 void CBSystemLabel::Mark(const OdDbObjectId& id)
 {
+    if (m_pCommonMarks && !CZolExtendedData::ObjectHasData(id, true))
+        return m_pCommonMarks->SaveTo(id);
     const CZolExtendedDataPtr pData = CZolExtendedData::Get(id, true, true);
     if (!pData)
         return;
-    pData->SetIsCustomLabel(true);
-    pData->SetGuid(m_strGuid);
-    pData->SetName(m_strLabel);
+    PutMarks(*pData);
     pData->Save();
 }
 
@@ -305,6 +330,7 @@ OdResult CBSystemLabel::subErase(bool erasing)
     const OdResult eResult = OdDbObject::subErase(erasing);
     if (eResult != eOk)
         return eResult;
+    const CommonMarks commonMarks(*this);
     for (const OdDbObjectId& id : std::as_const(*m_pReferences).Ids())
     {
         const OdDbObjectPtr pObject = RequireObject(id, true, L"CBSystemLabel::subErase");

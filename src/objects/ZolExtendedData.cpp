@@ -22,13 +22,19 @@ enum EObjectFlags : OdUInt32
     eFlagTable = 0x2000
 };
 
+OdResBufPtr ReadMarks(const OdDbObject& object)
+{
+    static const OdString strApplication(kDefaultApplication);
+    return object.xData(strApplication);
+}
+
 // Goes over the elements of the marks; the first one that is missing or of another type ends the reading.
 class MarksReader
 {
 public:
     explicit MarksReader(const OdDbObject& object)
     {
-        if (const OdResBufPtr pData = object.xData(kDefaultApplication))
+        if (const OdResBufPtr pData = ReadMarks(object))
             m_pElement = pData->next();
     }
 
@@ -73,7 +79,7 @@ bool HasMarks(const OdDbObjectPtr& pObject)
 {
     if (!pObject)
         return false;
-    const OdResBufPtr pData = pObject->xData(kDefaultApplication);
+    const OdResBufPtr pData = ReadMarks(*pObject);
     return pData && pData->next();
 }
 
@@ -170,10 +176,11 @@ void CZolExtendedData::SaveTo(const OdDbObjectId& id)
     if (!m_bModified)
         return;
     const OdDbObjectPtr pObject = RequireObject(id.openObject(OdDb::kForWrite, true), pszFunction);
-    const OdResBufPtr pResBuf = GetResultBuffer();
-    if (!pResBuf)
+    if (!m_pWritten)
+        m_pWritten = GetResultBuffer();
+    if (!m_pWritten)
         throw OdError_InvalidValue(eNullObjectPointer, L"pResBuf", pszFunction);
-    WriteMarks(*pObject, *pResBuf, pszFunction);
+    WriteMarks(*pObject, *m_pWritten, pszFunction);
 }
 
 void CZolExtendedData::Remove()
@@ -197,6 +204,7 @@ void CZolExtendedData::Change(Value& field, const Value& value)
     if (field == value)
         return;
     m_bModified = true;
+    m_pWritten.release();
     field = value;
 }
 

@@ -1,4 +1,6 @@
 // Extended data: by application, shared, limited.
+#include <utility>
+
 #include <gtest/gtest.h>
 
 #include "CoreDrawing.h"
@@ -173,6 +175,38 @@ TEST_F(XData, EqualValuesOfManyObjectsAreStoredOnce)
         EXPECT_TRUE(!shared || shared == data);
         shared = data;
     }
+}
+
+// What was read from one chain is used again for the next; that must show nowhere but in time.
+TEST_F(XData, ChainsThatAreSetAgainMeanWhatTheyMeanNow)
+{
+    const OdResBufPtr chain = xdataChain(L"ONE", 7, L"a");
+    object->setXData(chain);
+    chain->next()->setInt32(8); // the caller's chain may change after it was set
+    object->setXData(chain);
+    EXPECT_EQ(print(object->xData(L"ONE")), "1001=ONE 1071=8 1000=a ");
+
+    OdDbStub* one = std::exchange(drawing.applications.m_records["ONE"], nullptr);
+    EXPECT_EQ(thrownBy([&] { object->setXData(chain); }), eRegappIdNotFound);
+    drawing.applications.m_records["ONE"] = drawing.applications.m_records["TWO"]; // registered again
+    const OdDbObjectPtr second = drawing.addLedger().safeOpenObject(OdDb::kForWrite);
+    second->setXData(chain);
+    EXPECT_EQ(print(second->xData()), "1001=TWO 1071=8 1000=a ");
+    drawing.applications.m_records["ONE"] = one;
+    const OdDbObjectPtr third = drawing.addLedger().safeOpenObject(OdDb::kForWrite);
+    third->setXData(chain);
+    EXPECT_EQ(print(third->xData()), "1001=ONE 1071=8 1000=a ");
+    chain->last()->setNext(OdResBuf::newRb(1000, L"longer"));
+    third->setXData(chain);
+    EXPECT_EQ(print(third->xData()), "1001=ONE 1071=8 1000=a 1000=longer ");
+    third->setXData(xdataChain(L"ONE", 8, L"a")); // shorter than the last one
+    EXPECT_EQ(print(third->xData()), "1001=ONE 1071=8 1000=a ");
+    const OdResBufPtr close = xdataRemoval(L"ONE");
+    close->setNext(OdResBuf::newRb(1010, OdGePoint3d(0, 1, 0)));
+    third->setXData(close);
+    close->next()->setPoint3d(OdGePoint3d(0, 1 + 1e-13, 0));
+    third->setXData(close);
+    EXPECT_EQ(third->xData()->next()->getPoint3d().y, 1 + 1e-13);
 }
 
 TEST_F(XData, AnApplicationWithoutValuesOfAFileStays)
