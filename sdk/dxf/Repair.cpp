@@ -9,6 +9,7 @@
 #include "DbDictionary.h"
 #include "DbLayout.h"
 #include "db/BlockCore.h"
+#include "db/DictionaryCore.h"
 #include "db/ObjectCore.h"
 #include "db/SymbolTableCore.h"
 
@@ -34,6 +35,8 @@ private:
     void mendLayouts();
     void mendLayout(OdDbStub& layout);
     void enterLayout(OdDbLayout& layout);
+    void mendOwners();
+    void mendOwnersIn(OdDbStub& dictionary);
     OdDbStub* blockFor(OdDbLayout& layout);
     OdDbStub* makePaperBlock();
     void note(const OdDbStub& object, std::string_view what) { m_reading.faults.addForObject(object.handle, what); }
@@ -62,6 +65,7 @@ void Repairer::repair()
     makeSpaces(m_reading);
     completeBlocks();
     mendLayouts();
+    mendOwners();
     const bool isOld = m_reading.version < OdDb::vAC15;
     if (!isOld && hasAll())
         return;
@@ -176,6 +180,38 @@ void Repairer::enterLayout(OdDbLayout& layout)
         return;
     m_reading.faults.addForObject(layout.objectHandle(), "the layout is not in its dictionary; it is entered");
     owner->setAt(layout.getLayoutName(), &layout);
+}
+
+// ---- Dictionaries
+// ----------------------------------------------------------------------------------------------------
+
+// An object that says of no owner belongs to the dictionary that has it; files before R2000 never say.
+void Repairer::mendOwners()
+{
+    m_database.stubs.visit(
+        [&](OdDbStub& stub)
+        {
+            if (stub.object != nullptr && stub.object->isKindOf(OdDbDictionary::desc()))
+                mendOwnersIn(stub);
+        });
+}
+
+void Repairer::mendOwnersIn(OdDbStub& dictionary)
+{
+    const auto entries =
+        oddb::DictionaryCore::entries(static_cast<const OdDbDictionary&>(*dictionary.object)).inOrder();
+    for (const oddb::DictionaryEntry& entry : *entries)
+    {
+        OdDbObject* const object = entry.object->object;
+        if (object == nullptr || entry.object == m_database.namedObjects)
+            continue;
+        const OdDbStub* const owner = oddb::ObjectCore::owner(*object);
+        if (owner != nullptr && owner->object != nullptr)
+            continue;
+        if (m_reading.version >= OdDb::vAC15)
+            note(*entry.object, "the object has no owner; the dictionary that has it is its owner now");
+        oddb::ObjectCore::putOwner(*object, &dictionary);
+    }
 }
 
 } // namespace

@@ -64,7 +64,9 @@ std::vector<TableSeed> collectTables(TagScanner& scanner, TextDecoder& decoder)
         RecordSeed seed = reader.read();
         if (seed.kind == "TABLE")
             tables.push_back({std::string(trimmed(seed.name)), seed.handle, {}});
-        else if (seed.kind != "ENDTAB" && !tables.empty())
+        else if (tables.empty())
+            tables.push_back({{}, 0, {std::move(seed)}});
+        else
             tables.back().records.push_back(std::move(seed));
     }
     return tables;

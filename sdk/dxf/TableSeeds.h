@@ -19,10 +19,10 @@ struct RecordSeed
     std::string name;
 };
 
-/// The records of a table to come.
+/// A table to come with all that stands between its beginning and that of the next one.
 struct TableSeed
 {
-    std::string table; ///< "LAYER"
+    std::string table; ///< "LAYER"; empty for what stands in front of all tables
     std::uint64_t handle = 0;
     std::vector<RecordSeed> records;
 };

@@ -25,7 +25,6 @@ private:
 
     Reading& m_reading;
     const oddb::SymbolTableKind* m_kind = nullptr;
-    OdDbStub* m_table = nullptr;
     std::vector<OdDbStub*> m_records; // of all tables, in the order of the file
     std::size_t m_next = 0;
 };
@@ -53,12 +52,10 @@ void TableReader::makeRecordsToCome()
     ahead.seek(m_reading.sectionStart);
     for (const TableSeed& seed : collectTables(ahead, m_reading.records.decoder()))
     {
-        const oddb::SymbolTableKind* const kind = findTableKind(seed.table);
-        if (kind == nullptr)
-            continue;
-        findOrMakeTable(m_reading, kind->table, seed.handle);
+        if (const oddb::SymbolTableKind* const kind = findTableKind(seed.table))
+            findOrMakeTable(m_reading, kind->table, seed.handle);
         for (const RecordSeed& record : seed.records)
-            if (record.kind == kind->dxfName)
+            if (const oddb::SymbolTableKind* const kind = findTableKind(record.kind))
                 m_records.push_back(makeRecord(m_reading, kind->table, record.name, record.handle));
     }
 }
@@ -69,21 +66,24 @@ void TableReader::readTable()
     m_kind = findTableKind(trimmed(record.text(2)));
     if (m_kind == nullptr)
         return m_reading.noteFault("an unknown table is passed over");
-    m_table = findOrMakeTable(m_reading, m_kind->table);
-    m_reading.objects.fill(*m_table, record, nullptr);
+    m_reading.objects.fill(*findOrMakeTable(m_reading, m_kind->table), record, nullptr);
 }
 
+// The kind of a record says which table it belongs to, wherever it stands.
 void TableReader::readRecord()
 {
-    const bool belongs = m_kind != nullptr && m_reading.record.name == m_kind->dxfName;
-    if (!belongs || m_next == m_records.size())
-        return m_reading.noteFault("a " + m_reading.record.name + " is not in its table and is passed over");
+    const std::string& name = m_reading.record.name;
+    const oddb::SymbolTableKind* const kind = findTableKind(name);
+    if (kind == nullptr || m_next == m_records.size())
+        return m_reading.noteFault("a " + name + " is no record of a table and is passed over");
     OdDbStub& record = *m_records[m_next++];
-    m_reading.objects.fill(record, m_reading.record, m_table);
-    if (oddb::ObjectCore::owner(*record.object) == m_table)
-        return;
-    m_reading.noteFault("the record names another owner than its table");
-    oddb::ObjectCore::putOwner(*record.object, m_table);
+    OdDbStub* const table = findOrMakeTable(m_reading, kind->table);
+    m_reading.objects.fill(record, m_reading.record, table);
+    if (kind != m_kind)
+        m_reading.noteFault("the " + name + " stands outside of its table; it is taken into it");
+    else if (oddb::ObjectCore::owner(*record.object) != table)
+        m_reading.noteFault("the record names another owner than its table");
+    oddb::ObjectCore::putOwner(*record.object, table);
 }
 
 } // namespace

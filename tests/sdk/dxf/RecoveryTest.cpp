@@ -41,6 +41,9 @@ struct FaultCase
 std::vector<FaultCase> faultCases()
 {
     const std::string good = support::drawing("AC1032");
+    const std::string lostLayer = group(0, "LAYER") + group(5, "F10") + group(330, "2") +
+                                  group(100, "AcDbSymbolTableRecord") + group(100, "AcDbLayerTableRecord") +
+                                  group(2, "LOST") + group(70, "0") + group(62, "7") + group(6, "Continuous");
     const std::string handle50 = group(0, "LINE") + group(5, "50");
     return {
         {"a handle twice", replaced(good, group(0, "TEXT") + group(5, "51"), group(0, "TEXT") + group(5, "50")),
@@ -67,6 +70,19 @@ std::vector<FaultCase> faultCases()
          replaced(good, group(0, "LAYER") + group(5, "10") + group(330, "2"),
                   group(0, "LAYER") + group(5, "10") + group(330, "10")),
          "another owner than its table", "LAYER"},
+        {"a record behind its table",
+         replaced(good, group(0, "TABLE") + group(2, "LAYER"), lostLayer + group(0, "TABLE") + group(2, "LAYER")),
+         "the LAYER stands outside of its table", "LAYER"},
+        {"a record in another table",
+         replaced(good, group(0, "STYLE") + group(5, "11"), lostLayer + group(0, "STYLE") + group(5, "11")),
+         "the LAYER stands outside of its table", "LAYER"},
+        {"an object of a dictionary without owner",
+         replaced(good, group(0, "LAYOUT") + group(5, "1E") + group(330, "1A"), group(0, "LAYOUT") + group(5, "1E")),
+         "the object has no owner", "LAYOUT"},
+        {"an object whose owner is not there",
+         replaced(good, group(0, "LAYOUT") + group(5, "1E") + group(330, "1A"),
+                  group(0, "LAYOUT") + group(5, "1E") + group(330, "ABCDE")),
+         "the object has no owner", "LAYOUT"},
         {"a table missing", replaced(good, group(2, "STYLE"), group(2, "STOLEN")), "an unknown table", "TEXT"},
         {"a SEQEND missing", replaced(good, group(0, "SEQEND") + group(5, "55"), group(0, "POINT") + group(5, "55")),
          "a SEQEND is missing", "ATTRIB"},
