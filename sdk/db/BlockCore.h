@@ -29,6 +29,8 @@ public:
 
     /// Makes the BLOCK and ENDBLK of a resident block that has none.
     static void makeFrame(OdDbBlockTableRecord& block);
+    /// Puts the name of the block into its BLOCK.
+    static void nameFrame(OdDbBlockTableRecord& block);
 };
 
 } // namespace oddb

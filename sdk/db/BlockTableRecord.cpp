@@ -93,9 +93,8 @@ OdDbBlockTableRecord::~OdDbBlockTableRecord() = default;
 void OdDbBlockTableRecord::setName(const OdString& name)
 {
     OdDbSymbolTableRecord::setName(name);
-    GroupsBuilder shown;
     if (isDBRO() && !database()->isUndoing())
-        changeBegin(*this, BeginCodes::kName, shown.text(BeginCodes::kName, odStringToUtf8(name)));
+        BlockCore::nameFrame(*this);
 }
 
 // ---- Entities ------------------------------------------------------------------------------------------------------
@@ -255,6 +254,12 @@ void BlockCore::makeFrame(OdDbBlockTableRecord& block)
         ObjectCore::putGroups(*end, groups.finish());
         contents.end = database.addOdDbObject(end, block.objectId());
     }
+}
+
+void BlockCore::nameFrame(OdDbBlockTableRecord& block)
+{
+    GroupsBuilder shown;
+    changeBegin(block, BeginCodes::kName, shown.text(BeginCodes::kName, odStringToUtf8(block.getName())));
 }
 
 OdGePoint3d OdDbBlockTableRecord::origin() const

@@ -60,6 +60,8 @@ public:
     OdDb::DwgVersion fileVersion = OdDb::kDHL_CURRENT;
     OdDb::SaveType fileType = OdDb::kDxf;
     bool loading = false;
+    /// True when objects may name records by texts that are spelt in another way than the records (SpeltNames.h).
+    bool hasSpeltNames = false;
     OdArray<OdString> recovery;
     OdDbHostAppServices* services = nullptr;
 

@@ -20,6 +20,7 @@ struct Registry
 {
     std::unordered_map<std::string_view, const DxfClass*> byDxfName;
     std::unordered_map<std::string_view, const DxfClass*> byClassName;
+    std::unordered_map<const OdRxClass*, const DxfClass*> known; ///< answers given before
 };
 
 Registry& registry()
@@ -75,6 +76,7 @@ int DxfClass::position(std::string_view marker) const
 
 void registerDxfClasses(std::span<const DxfClass> classes)
 {
+    registry().known.clear();
     for (const DxfClass& known : classes)
     {
         registry().byDxfName.insert_or_assign(known.dxfName, &known);
@@ -90,6 +92,14 @@ const DxfClass* findDxfClass(std::string_view dxfName)
 const DxfClass* findDxfClassOfRuntimeClass(std::string_view className)
 {
     return find(registry().byClassName, className);
+}
+
+const DxfClass* dxfClassOf(const OdDbObject& object)
+{
+    const auto [place, isNew] = registry().known.try_emplace(object.isA(), nullptr);
+    for (const OdRxClass* cls = place->first; isNew && cls && !place->second; cls = cls->myParent())
+        place->second = findDxfClassOfRuntimeClass(odStringToUtf8(cls->name()));
+    return place->second;
 }
 
 // ---- Reading -------------------------------------------------------------------------------------------------------

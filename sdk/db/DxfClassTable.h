@@ -10,6 +10,8 @@
 #include "Groups.h"
 #include "SymbolNames.h"
 
+class OdDbObject;
+
 namespace oddb
 {
 
@@ -74,6 +76,8 @@ void registerDxfClasses(std::span<const DxfClass> classes);
 /// The class with this DXF name or runtime class name; null when there is none.
 const DxfClass* findDxfClass(std::string_view dxfName);
 const DxfClass* findDxfClassOfRuntimeClass(std::string_view className);
+/// The class of the object, or the one that its class is derived from; null when there is none.
+const DxfClass* dxfClassOf(const OdDbObject& object);
 
 // ---- Reading and editing by rows ---------------------------------------------------------------------------------
 

@@ -3,8 +3,11 @@
 
 #include <algorithm>
 #include <string>
+#include <vector>
 
+#include "DatabaseImpl.h"
 #include "DbHandle.h"
+#include "DxfClassTable.h"
 #include "Ge/GePoint2d.h"
 #include "Ge/GePoint3d.h"
 #include "GroupCodes.h"
@@ -21,6 +24,7 @@ namespace
 
 constexpr OdInt16 kNoGroup = -32768;
 constexpr std::size_t kPiece = 4096;
+constexpr int kApplicationDataCode = 102;
 
 // ---- DWG-style -----------------------------------------------------------------------------------------------------
 
@@ -205,43 +209,109 @@ void readBinary(OdDbDxfFiler& filer, int code, GroupsBuilder& builder)
     builder.binary(code, {reinterpret_cast<const char*>(chunk.asArrayPtr()), chunk.size()});
 }
 
-void readPoint(OdDbDxfFiler& filer, int code, GroupsBuilder& builder)
+// Reads the groups of an object one by one. The table of its class tells points of two coordinates from others, which a
+// filer cannot, and names of records from other texts.
+class DxfGroupReader
 {
-    OdGePoint3d point;
-    filer.rdPoint3d(point);
-    builder.point(code, point.x, point.y, point.z);
+public:
+    DxfGroupReader(OdDbDxfFiler& filer, const DxfClass* cls) : m_filer(filer), m_class(cls) {}
+
+    /// Reads the group that the filer stands at.
+    void read(int code);
+    Groups finish() { return m_builder.finish(); }
+
+private:
+    void readPoint(int code);
+    void readText(int code);
+    bool isFlat(int code);
+
+    OdDbDxfFiler& m_filer;
+    const DxfClass* m_class;
+    const DxfSubclass* m_part = nullptr;
+    std::vector<int> m_points; // their codes in the present part
+    GroupsBuilder m_builder;
+};
+
+// Where a class has a code in two rows, the first one is for the first point and the other one for those that follow.
+bool DxfGroupReader::isFlat(int code)
+{
+    const bool isFirst = std::find(m_points.begin(), m_points.end(), code) == m_points.end();
+    m_points.push_back(code);
+    const DxfRow* found = nullptr;
+    for (const DxfRow& row : m_part ? m_part->rows : std::span<const DxfRow>())
+        if (row.code == code && !(found && isFirst))
+            found = &row;
+    return found && found->kind == DxfKind::Point2d;
 }
 
-void readGroup(OdDbDxfFiler& filer, int code, GroupsBuilder& builder)
+void DxfGroupReader::readPoint(int code)
+{
+    if (isFlat(code))
+    {
+        OdGePoint2d flat;
+        m_filer.rdPoint2d(flat);
+        m_builder.point(code, flat.x, flat.y);
+        return;
+    }
+    OdGePoint3d point;
+    m_filer.rdPoint3d(point);
+    m_builder.point(code, point.x, point.y, point.z);
+}
+
+void DxfGroupReader::readText(int code)
+{
+    const std::string text = odStringToUtf8(m_filer.rdString());
+    OdDbDatabase* database = m_filer.database();
+    const DxfRow* row = m_part && database ? m_part->row(code) : nullptr;
+    if (code == 100)
+    {
+        m_part = m_class ? m_class->subclass(text) : nullptr;
+        m_points.clear();
+    }
+    if (!row || row->kind != DxfKind::Name || text.empty())
+    {
+        m_builder.text(code, text);
+        return;
+    }
+    OdDbStub* record = findSymbol(*database, row->table, text);
+    if (record && symbolName(record) == text)
+    {
+        m_builder.name(code, record);
+        return;
+    }
+    m_builder.text(code, text);
+    database->impl().hasSpeltNames = true;
+}
+
+void DxfGroupReader::read(int code)
 {
     switch (groupValue(code))
     {
     case GroupValue::Point:
-        return readPoint(filer, code, builder);
+        return readPoint(code);
     case GroupValue::Real:
-        builder.real(code, filer.rdDouble());
+        m_builder.real(code, m_filer.rdDouble());
         return;
     case GroupValue::Int16:
-        builder.integer(code, filer.rdInt16());
+        m_builder.integer(code, m_filer.rdInt16());
         return;
     case GroupValue::Int32:
-        builder.integer(code, filer.rdInt32());
+        m_builder.integer(code, m_filer.rdInt32());
         return;
     case GroupValue::Int64:
-        builder.integer(code, filer.rdInt64());
+        m_builder.integer(code, m_filer.rdInt64());
         return;
     case GroupValue::Boolean:
-        builder.boolean(code, filer.rdBool());
+        m_builder.boolean(code, m_filer.rdBool());
         return;
     case GroupValue::Handle:
-        builder.id(code, stubOf(filer.rdObjectId()));
+        m_builder.id(code, stubOf(m_filer.rdObjectId()));
         return;
     case GroupValue::Binary:
-        return readBinary(filer, code, builder);
+        return readBinary(m_filer, code, m_builder);
     case GroupValue::Text:
     case GroupValue::None:
-        builder.text(code, odStringToUtf8(filer.rdString()));
-        return;
+        return readText(code);
     }
 }
 
@@ -285,17 +355,27 @@ void writeGroups(OdDbDxfFiler& filer, const Groups& groups)
     }
 }
 
-Groups readGroups(OdDbDxfFiler& filer)
+Groups readGroups(OdDbDxfFiler& filer, const DxfClass* cls)
 {
     if (auto* memory = dynamic_cast<GroupsDxfFiler*>(&filer))
         return memory->rdGroups();
-    GroupsBuilder builder;
+    DxfGroupReader reader(filer, cls);
     while (!filer.atEOF())
+        reader.read(filer.nextItem());
+    return reader.finish();
+}
+
+Groups readApplicationData(OdDbDxfFiler& filer)
+{
+    DxfGroupReader reader(filer, nullptr);
+    reader.read(filer.currentGroupCode());
+    for (bool inside = true; inside && !filer.atEOF();)
     {
         const int code = filer.nextItem();
-        readGroup(filer, code, builder);
+        reader.read(code);
+        inside = code != kApplicationDataCode;
     }
-    return builder.build();
+    return reader.finish();
 }
 
 } // namespace oddb

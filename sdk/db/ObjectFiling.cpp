@@ -10,6 +10,7 @@
 #include "DatabaseImpl.h"
 #include "DbFiler.h"
 #include "DbObject.h"
+#include "DxfClassTable.h"
 #include "GroupsFiling.h"
 #include "MemoryFilers.h"
 #include "ObjectCore.h"
@@ -115,7 +116,8 @@ void readReferences(OdDbDxfFiler& filer, Put put)
         put(stubOf(filer.rdObjectId()));
 }
 
-void readApplicationData(OdDbDxfFiler& filer, OdDbObject& object)
+// Returns what is of no use to all objects but belongs to this one.
+Groups readApplicationData(OdDbDxfFiler& filer, OdDbObject& object)
 {
     const OdString name = filer.rdString();
     if (name == L"{ACAD_REACTORS")
@@ -128,21 +130,47 @@ void readApplicationData(OdDbDxfFiler& filer, OdDbObject& object)
     else if (name == L"{ACAD_XDICTIONARY")
         readReferences(filer, [&](OdDbStub* dictionary) { ObjectCore::putExtensionDictionary(object, dictionary); });
     else
-        readReferences(filer, [](OdDbStub*) {});
+        return oddb::readApplicationData(filer);
+    return {};
 }
 
-// Reads what stands in front of the first subclass marker; that marker is left to the class.
-void readHead(OdDbDxfFiler& filer, OdDbObject& object)
+Groups joined(const Groups& first, const Groups& second)
 {
+    GroupsBuilder builder;
+    return builder.append(first).append(second).build();
+}
+
+// Reads what stands in front of the first subclass marker, which is left to the class. Returns the data of
+// applications.
+Groups readHead(OdDbDxfFiler& filer, OdDbObject& object)
+{
+    GroupsBuilder kept;
     while (!filer.atEOF())
     {
         const int code = filer.nextItem();
         if (code == 102)
-            readApplicationData(filer, object);
+            kept.append(readApplicationData(filer, object));
         else if (code == 330)
             ObjectCore::putOwner(object, stubOf(filer.rdObjectId()));
         else if (code != 0 && code != 5 && code != 105)
-            return filer.pushBackItem();
+        {
+            filer.pushBackItem();
+            break;
+        }
+    }
+    return kept.build();
+}
+
+void readXData(OdDbDxfFiler& filer, OdDbObject& object)
+{
+    while (filer.atExtendedData())
+    {
+        filer.nextItem();
+        const std::string name = odStringToUtf8(filer.rdString());
+        OdDbStub* application = filer.database() ? findSymbol(*filer.database(), SymbolTable::RegApp, name) : nullptr;
+        if (!application)
+            throw OdError(eRegappIdNotFound);
+        ObjectCore::putXData(object, application, readGroups(filer));
     }
 }
 
@@ -197,8 +225,13 @@ OdResult OdDbObject::dxfIn(OdDbDxfFiler* filer)
     assertWriteEnabled();
     try
     {
-        oddb::readHead(*filer, *this);
-        return dxfInFields(filer);
+        const oddb::Groups kept = oddb::readHead(*filer, *this);
+        if (const OdResult result = dxfInFields(filer); result != eOk)
+            return result;
+        if (keepsGroups() && kept)
+            ObjectCore::putGroups(*this, oddb::joined(kept, ObjectCore::groups(*this)));
+        oddb::readXData(*filer, *this);
+        return eOk;
     }
     catch (const OdError& error)
     {
@@ -225,7 +258,7 @@ void OdDbObject::dxfOut(OdDbDxfFiler* filer) const
 OdResult OdDbObject::dxfInFields(OdDbDxfFiler* filer)
 {
     if (keepsGroups())
-        ObjectCore::putGroups(*this, oddb::readGroups(*filer));
+        ObjectCore::putGroups(*this, oddb::readGroups(*filer, oddb::dxfClassOf(*this)));
     return eOk;
 }
 

@@ -202,3 +202,10 @@ OdResBufPtr toChain(const Groups& groups)
 }
 
 } // namespace oddb
+
+// Ids know their database; of a handle only a database knows the id.
+OdDbObjectId OdResBuf::getObjectId(OdDbDatabase* database) const
+{
+    const OdDbHandle* handle = database ? std::get_if<OdDbHandle>(&m_value) : nullptr;
+    return handle ? database->getOdDbObjectId(*handle) : value<OdDbObjectId>();
+}

@@ -4,6 +4,7 @@
 #include "HeaderNames.h"
 #include "ObjectCore.h"
 #include "RecordTables.h"
+#include "SpeltNames.h"
 #include "SymbolTableCore.h"
 
 namespace oddb
@@ -102,7 +103,7 @@ private:
 
 const DxfClass& tableClassOf(const OdDbObject& record)
 {
-    const DxfClass* cls = findDxfClassOfRuntimeClass(odStringToUtf8(record.isA()->name()));
+    const DxfClass* cls = dxfClassOf(record);
     return cls ? *cls : recordtables::kRegApp;
 }
 
@@ -115,6 +116,7 @@ void SymbolTableCore::changeName(OdDbSymbolTableRecord& record, std::string_view
     record.assertWriteEnabled(false, false);
     if (table)
     {
+        keepNamesOf(*ObjectCore::stub(record));
         databaseImpl(record)->journal.record(std::make_unique<NameChange>(records(*table)));
         renameInHeader(*databaseImpl(record), records(*table).kind, symbolName(ObjectCore::stub(record)), utf8Name);
         records(*table).rename(ObjectCore::stub(record), utf8Name);

@@ -23,6 +23,7 @@ constexpr int kOwnerCode = 330;
 constexpr int kDictionaryCode = 360;
 constexpr int kFirstXDataCode = 1000;
 constexpr int kXDataApplicationCode = 1001;
+constexpr std::string_view kUnknownEntity = "ACAD_PROXY_ENTITY";
 
 bool isReference(int code)
 {
@@ -80,6 +81,8 @@ void RecordReader::enterClass(const std::string& name)
         return;
     m_className = name;
     m_class = oddb::findDxfClass(name);
+    if (m_class == nullptr)
+        m_class = oddb::findDxfClass(kUnknownEntity); // all entities have a layer
 }
 
 void RecordReader::readHeader(Record& record)
@@ -148,6 +151,8 @@ void RecordReader::readText(Record& record)
         record.groups.name(m_tag.code, named);
     else
         record.groups.text(m_tag.code, text);
+    m_database.hasSpeltNames = m_database.hasSpeltNames || (named == nullptr && row != nullptr && !text.empty() &&
+                                                            row->kind == oddb::DxfKind::Name);
     advance();
 }
 

@@ -37,6 +37,8 @@ constexpr DxfRow kHatchRows[] = {
     since(OdDb::vAC18, repeated(integer(63, "gradient colour index"))),
     since(OdDb::vAC18, repeated(integer(421, "gradient true colour"))),
     since(OdDb::vAC18, text(470, "gradient name")),
+    repeated(point2d(10, "corner of a loop, start or centre of an edge, seed point")),
+    repeated(point2d(11, "end of an edge, major axis of an elliptical one")),
 };
 
 constexpr DxfRow kTraceRows[] = {

@@ -24,6 +24,12 @@ void mapFrames(OdDbIdMapping& mapping)
     mapping.assign(OdDbIdPair(from.paperSpace, to.paperSpace));
 }
 
+void requireCopyable(const OdDbObjectIdArray& objectIds)
+{
+    for (const OdDbObjectId& id : objectIds)
+        oddb::ObjectCopier::requireCopyable(*id.safeOpenObject());
+}
+
 void moveCopies(OdDbIdMapping& mapping, const OdGePoint3d& basePoint)
 {
     const OdGeMatrix3d move = OdGeMatrix3d::translation(OdGePoint3d() - basePoint);
@@ -54,6 +60,7 @@ void OdDbObject::appendToOwner(OdDbIdPair&, OdDbObject*, OdDbIdMapping&) {}
 void OdDbDatabase::deepCloneObjects(const OdDbObjectIdArray& objectIds, const OdDbObjectId& ownerId,
                                     OdDbIdMapping& mapping)
 {
+    requireCopyable(objectIds);
     mapping.setOrigDb(this);
     mapping.setDestDb(this);
     mapping.setContext(OdDb::kDcCopy, OdDb::kDrcIgnore);
@@ -69,6 +76,7 @@ void OdDbDatabase::deepCloneObjects(const OdDbObjectIdArray& objectIds, const Od
 
 OdDbDatabasePtr OdDbDatabase::wblock(const OdDbObjectIdArray& objectIds, const OdGePoint3d& basePoint)
 {
+    requireCopyable(objectIds);
     OdDbDatabasePtr target = OdDbDatabase::createObject();
     target->setAppServices(appServices());
     target->initialize(getMEASUREMENT());

@@ -1,16 +1,21 @@
 // Making copies: one object after the other, each with what it owns.
 #include "entities/ObjectCopier.h"
 
+#include "DbBlockBegin.h"
+#include "DbBlockReference.h"
 #include "DbBlockTableRecord.h"
 #include "DbDatabase.h"
+#include "DbDimension.h"
 #include "DbEntity.h"
 #include "DbLayout.h"
 #include "DbSymbolTable.h"
 #include "OdError.h"
+#include "db/BlockCore.h"
 #include "db/DatabaseImpl.h"
 #include "db/MemoryFilers.h"
 #include "db/ObjectCore.h"
 #include "db/Proxies.h"
+#include "db/SpeltNames.h"
 #include "entities/Subentities.h"
 
 namespace oddb
@@ -22,6 +27,23 @@ namespace
 OdDbFiler::FilerType filerType(const OdDbIdMapping& mapping)
 {
     return mapping.deepCloneContext() == OdDb::kDcWblock ? OdDbFiler::kWblockCloneFiler : OdDbFiler::kDeepCloneFiler;
+}
+
+// The table of blocks completes the first two characters of such a name.
+bool isAnonymousBlock(const OdDbObject& object)
+{
+    const OdDbBlockTableRecordPtr block = OdDbBlockTableRecord::cast(&object);
+    return !block.isNull() && block->isAnonymous();
+}
+
+// The block through which a dimension or a table draws itself; null for anything else.
+OdDbObjectId ownBlockOf(const OdDbObject& object)
+{
+    if (const OdDbDimensionPtr dimension = OdDbDimension::cast(&object); !dimension.isNull())
+        return dimension->dimBlockId();
+    const OdDbBlockReferencePtr reference = OdDbBlockReference::cast(&object);
+    const bool isTable = !reference.isNull() && reference->isKindOf(odrxGetClass(L"OdDbTable"));
+    return isTable ? reference->blockTableRecord() : OdDbObjectId();
 }
 
 OdString freeName(const OdDbDictionary& dictionary, const OdString& wanted)
@@ -49,10 +71,12 @@ OdDbObjectPtr ObjectCopier::copy(const OdDbObject& source, OdDbObject* owner, bo
 {
     if (const OdDbObjectId done = valueOf(source.objectId()); !done.isNull())
         return done.safeOpenObject();
-    OdDbObjectPtr made = OdDbObjectPtr(source.isA()->create());
+    OdDbObjectPtr made = OdDbObject::cast(source.isA()->create());
+    if (made.isNull())
+        throw OdError(eNotApplicable);
     nameProxy(*made, proxyDxfName(source));
     if (source.keepsGroups())
-        ObjectCore::putGroups(*made, ObjectCore::groups(source));
+        ObjectCore::putGroups(*made, groupsOf(source));
     place(*made, owner, source);
     assign(source, made->objectId(), true, isPrimary);
     m_toFollow.push_back(source.objectId());
@@ -62,6 +86,14 @@ OdDbObjectPtr ObjectCopier::copy(const OdDbObject& source, OdDbObject* owner, bo
     copyOwned(source, *made);
     oddb::databaseImpl(source)->notifyCopied(source, *made);
     return made;
+}
+
+// In another drawing a record may be spelt in another way than here, so names become references at once.
+Groups ObjectCopier::groupsOf(const OdDbObject& source) const
+{
+    const Groups groups = ObjectCore::groups(source);
+    const DxfClass* cls = intoOtherDrawing() ? dxfClassOf(source) : nullptr;
+    return cls ? withReferences(*m_mapping.origDb(), *cls, groups, [](const OdDbStub&) { return true; }) : groups;
 }
 
 // ---- Giving a copy to its owner -----------------------------------------------------------------------------------
@@ -74,7 +106,12 @@ void ObjectCopier::place(OdDbObject& copy, OdDbObject* owner, const OdDbObject& 
     else if (OdDbEntityPtr complex = OdDbEntity::cast(owner); !complex.isNull() && entity)
         appendSubentity(*complex, complex->makeSubentities(), entity);
     else if (OdDbSymbolTablePtr table = OdDbSymbolTable::cast(owner); !table.isNull())
-        table->add(OdDbSymbolTableRecord::cast(&copy));
+    {
+        const OdDbSymbolTableRecordPtr record = OdDbSymbolTableRecord::cast(&copy);
+        if (!intoOtherDrawing() && isAnonymousBlock(copy))
+            record->setName(record->getName().left(2));
+        table->add(record);
+    }
     else if (OdDbDictionaryPtr dictionary = OdDbDictionary::cast(owner); !dictionary.isNull())
         placeInDictionary(copy, *dictionary, source);
     else
@@ -134,24 +171,68 @@ void ObjectCopier::copyOwned(const OdDbObject& source, OdDbObject& copy)
                 this->copy(*object, &copy, false);
         return;
     }
-    if (const OdDbEntityPtr entity = OdDbEntity::cast(&source); !entity.isNull() && entity->subentities())
-        visitSubentities(*entity->subentities(), [&](const OdDbEntity& element) { this->copy(element, &copy, false); });
+    if (!intoOtherDrawing())
+        copyOwnBlock(source);
+    const OdDbEntityPtr entity = OdDbEntity::cast(&source);
+    const SubentityList* elements = entity.isNull() ? nullptr : entity->subentities();
+    if (!elements || !elements->hasElements())
+        return;
+    visitSubentities(*elements, [&](const OdDbEntity& element) { this->copy(element, &copy, false); });
+    copyFrame(elements->sequenceEnd(), OdDbEntity::cast(&copy)->subentities()->sequenceEnd());
 }
 
 void ObjectCopier::copyBlock(const OdDbBlockTableRecord& source, OdDbBlockTableRecord& copy)
 {
-    copy.setOrigin(source.origin());
+    copyFrame(source.getBlockBeginId(), copy.getBlockBeginId());
+    BlockCore::nameFrame(copy);
+    copyFrame(source.getBlockEndId(), copy.getBlockEndId());
     for (OdDbObjectIteratorPtr entity = source.newIterator(); !entity->done(); entity->step())
         if (const OdDbEntityPtr opened = entity->entity(); !opened.isNull())
             this->copy(*opened, &copy, false);
 }
 
+// The copy of a block has its BLOCK and ENDBLK already, and a copy with vertices its SEQEND; they get the data of the
+// originals.
+void ObjectCopier::copyFrame(const OdDbObjectId& sourceId, const OdDbObjectId& copyId)
+{
+    const OdDbObjectPtr source = sourceId.openObject();
+    const OdDbObjectPtr copy = copyId.openObject(OdDb::kForWrite);
+    if (source.isNull() || copy.isNull())
+        return;
+    ObjectCore::putGroups(*copy, groupsOf(*source));
+    assign(*source, copyId, true, false);
+    m_toFollow.push_back(sourceId);
+    copyCommon(*copy, *source);
+}
+
+// Each draws itself through a block of its own, or what is done to one would show in the other.
+void ObjectCopier::copyOwnBlock(const OdDbObject& source)
+{
+    const OdDbObjectPtr block = ownBlockOf(source).openObject();
+    if (block.isNull() || !isAnonymousBlock(*block))
+        return;
+    const OdDbObjectPtr table = m_mapping.destDb()->getBlockTableId().safeOpenObject(OdDb::kForWrite);
+    copy(*block, table, false);
+}
+
 // ---- What a copy cannot be without ----------------------------------------------------------------------------------
+
+void ObjectCopier::requireCopyable(const OdDbObject& source)
+{
+    const OdDbBlockTableRecordPtr block = OdDbBlockTableRecord::cast(&source);
+    const bool isFrame = OdDbSymbolTable::cast(&source).get() || OdDbLayout::cast(&source).get() ||
+                         OdDbBlockBegin::cast(&source).get() || OdDbBlockEnd::cast(&source).get() ||
+                         source.objectId() == source.database()->getNamedObjectsDictionaryId();
+    if (isFrame || (!block.isNull() && block->isLayout()))
+        throw OdError(eNotApplicable);
+}
 
 void ObjectCopier::copyPrimary(const OdDbObject& source)
 {
     if (!valueOf(source.objectId()).isNull())
         return;
+    if (const OdDbEntityPtr whole = OdDbEntity::cast(source.ownerId().openObject()); !whole.isNull())
+        return copyPrimary(*whole);
     OdDbObjectPtr owner;
     const OdDbBlockTableRecordPtr block = OdDbBlockTableRecord::cast(source.ownerId().openObject());
     if (!block.isNull())
@@ -175,21 +256,28 @@ void ObjectCopier::copyNeeded()
         m_toFollow.pop_back();
         if (source.isNull())
             continue;
-        OdSmartPtr<MemoryDwgFiler> filer = MemoryDwgFiler::create(OdDbFiler::kIdFiler, m_mapping.origDb());
-        source->dwgOutFields(filer);
-        std::vector<OdDbStub*> wanted;
-        filer->visitIds(
-            [&](OdDbStub* stub, OdDb::ReferenceType type)
-            {
-                if (type == OdDb::kHardPointerRef || type == OdDb::kHardOwnershipRef)
-                    wanted.push_back(stub);
-            });
-        if (const ObjectExtras* extras = ObjectCore::extras(*source))
-            for (std::size_t i = 0; i < extras->xdata.size(); ++i)
-                wanted.push_back(extras->xdata[i].application);
-        for (OdDbStub* stub : wanted)
+        for (OdDbStub* stub : neededBy(*source))
             need(stub);
     }
+}
+
+std::vector<OdDbStub*> ObjectCopier::neededBy(const OdDbObject& source) const
+{
+    const DxfClass* cls = dxfClassOf(source);
+    std::vector<OdDbStub*> wanted =
+        cls ? speltRecords(*m_mapping.origDb(), *cls, ObjectCore::groups(source)) : std::vector<OdDbStub*>();
+    OdSmartPtr<MemoryDwgFiler> filer = MemoryDwgFiler::create(OdDbFiler::kIdFiler, m_mapping.origDb());
+    source.dwgOutFields(filer);
+    filer->visitIds(
+        [&](OdDbStub* stub, OdDb::ReferenceType type)
+        {
+            if (type == OdDb::kHardPointerRef || type == OdDb::kHardOwnershipRef)
+                wanted.push_back(stub);
+        });
+    if (const ObjectExtras* extras = ObjectCore::extras(source))
+        for (std::size_t i = 0; i < extras->xdata.size(); ++i)
+            wanted.push_back(extras->xdata[i].application);
+    return wanted;
 }
 
 void ObjectCopier::need(const OdDbObjectId& id)

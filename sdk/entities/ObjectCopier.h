@@ -7,6 +7,7 @@
 #include "DbDictionary.h"
 #include "DbIdMapping.h"
 #include "DbObject.h"
+#include "db/Groups.h"
 
 class OdDbBlockTableRecord;
 class OdDbEntity;
@@ -24,8 +25,12 @@ public:
     OdDbObjectPtr copy(const OdDbObject& source, OdDbObject* owner, bool isPrimary);
 
     /// Copies an object into the other drawing, to where it is in its own: entities of any paper layout into the
-    /// first one.
+    /// first one, those of blocks into the model. A vertex or attribute brings its owner.
     void copyPrimary(const OdDbObject& source);
+
+    /// Throws OdError eNotApplicable for what a drawing has by itself: tables, spaces, layouts, the root dictionary,
+    /// BLOCK and ENDBLK.
+    static void requireCopyable(const OdDbObject& source);
 
     /// Copies what the copies made so far cannot be without: objects they point to hard, records they name.
     void copyNeeded();
@@ -45,7 +50,11 @@ private:
     void copyCommon(OdDbObject& copy, const OdDbObject& source);
     void copyOwned(const OdDbObject& source, OdDbObject& copy);
     void copyBlock(const OdDbBlockTableRecord& source, OdDbBlockTableRecord& copy);
+    void copyFrame(const OdDbObjectId& source, const OdDbObjectId& copy);
+    void copyOwnBlock(const OdDbObject& source);
+    Groups groupsOf(const OdDbObject& source) const;
 
+    std::vector<OdDbStub*> neededBy(const OdDbObject& source) const;
     void need(const OdDbObjectId& id);
     OdDbObjectPtr neededOwner(const OdDbObjectId& ownerId);
     bool standsInTarget(const OdDbObject& source, OdDbObject& owner);

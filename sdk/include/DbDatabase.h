@@ -226,7 +226,9 @@ public:
 
     /** Copies objects with all they own within the drawing, to the owner, or for the null id each to the owner of its
         original. The mapping receives the pairs. References among the copied objects are turned to the copies.
-        Throws what OdDbObjectId::safeOpenObject throws, and what the classes throw that refuse to be copied. */
+        A dimension or a table is copied with the anonymous block that it draws itself by. Throws what
+        OdDbObjectId::safeOpenObject throws, eNotApplicable for what a drawing has by itself (tables, spaces, layouts,
+        the root dictionary), and what the classes throw that refuse to be copied. */
     void deepCloneObjects(const OdDbObjectIdArray& objectIds, const OdDbObjectId& ownerId, OdDbIdMapping& mapping);
 
     /** Makes a new drawing with copies of the objects, moved so that basePoint comes to lie on the origin, and of all

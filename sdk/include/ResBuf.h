@@ -215,7 +215,8 @@ public:
     OdGeVector2d getVector2d() const { return getPoint2d().asVector(); }
     OdGeVector3d getVector3d() const { return getPoint3d().asVector(); }
     OdDbHandle getHandle() const;
-    /** The id that was set; ids know their database, so the one given does not matter. */
+    /** The id that was set; with a database, also the id that it has for a handle that was set, null when it has none.
+     */
     OdDbObjectId getObjectId(OdDbDatabase* database = nullptr) const;
     /** The selection set as an object, null when null was set. */
     OdRxObjectPtr getPickSet() const { return value<OdRxObjectPtr>(); }

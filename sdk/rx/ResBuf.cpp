@@ -267,11 +267,6 @@ OdDbHandle OdResBuf::getHandle() const
     return value<OdDbHandle>();
 }
 
-OdDbObjectId OdResBuf::getObjectId(OdDbDatabase*) const
-{
-    return value<OdDbObjectId>();
-}
-
 OdCmColor OdResBuf::getColor() const
 {
     return *value<std::shared_ptr<const OdCmColor>>();

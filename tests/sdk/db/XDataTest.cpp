@@ -220,4 +220,19 @@ TEST_F(XData, AnApplicationWithoutValuesOfAFileStays)
     drawing.db->undo(); // the whole run, with the object itself
 }
 
+TEST_F(XData, HandlesOfAChainAreFoundInTheDatabaseThatIsAsked)
+{
+    CoreDrawing other;
+    const OdDbObjectId id = drawing.addLedger();
+    OdResBufPtr element = OdResBuf::newRb(1005);
+    element->setHandle(id.getHandle());
+    EXPECT_EQ(element->getObjectId(drawing.db), id);
+    EXPECT_NE(element->getObjectId(other.db), id);
+    EXPECT_EQ(thrownBy([&] { element->getObjectId(); }), eInvalidResBuf);
+    element->setHandle(OdDbHandle(0xFFFFFF));
+    EXPECT_TRUE(element->getObjectId(drawing.db).isNull()) << "asking makes nothing";
+    element->setObjectId(id);
+    EXPECT_EQ(element->getObjectId(other.db), id) << "ids know their database";
+}
+
 } // namespace
