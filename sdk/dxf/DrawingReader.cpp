@@ -176,8 +176,8 @@ void read(Reading& reading)
 
 } // namespace
 
-Reading::Reading(OdDbDatabase& readInto, std::string fileName, std::string_view file, InputFile* mappedFile)
-    : database(readInto.impl()), path(std::move(fileName)), bytes(file), mapped(mappedFile), scanner(file, faults),
+Reading::Reading(OdDbDatabase& readInto, std::string fileName, std::string_view file)
+    : database(readInto.impl()), path(std::move(fileName)), bytes(file), scanner(file, faults),
       records(database, scanner, faults), objects(database, records, faults, file)
 {
     records.setRegistrar([this](std::string_view name) { return makeRecord(*this, oddb::SymbolTable::RegApp, name); });
@@ -191,8 +191,6 @@ void Reading::goToFirstRecord()
 
 bool Reading::inSection()
 {
-    if (mapped != nullptr)
-        mapped->releaseBefore(scanner.position().offset);
     if (records.atHead("ENDSEC"))
         return false;
     const bool ends = records.atEnd() || records.atHead("SECTION") || records.atHead("EOF");
@@ -211,15 +209,14 @@ void keepSection(Reading& reading, std::string_view name)
 
 void readDrawing(OdDbDatabase& database, const std::string& name, std::string_view file)
 {
-    Reading reading(database, name, file, nullptr);
+    Reading reading(database, name, file);
     read(reading);
 }
 
 void readDrawing(OdDbDatabase& database, const std::string& path)
 {
-    InputFile file(path);
-    Reading reading(database, path, file.bytes(), &file);
-    read(reading);
+    const InputFile file(path);
+    readDrawing(database, path, file.bytes());
 }
 
 } // namespace dxf

@@ -1,8 +1,10 @@
-// Maps a file, or reads it where it cannot be mapped (a pipe).
+// Reads a file, or whatever else gives bytes (a pipe), into memory of its own. A mapped file would save the copy, but a
+// program that cuts the file short while it is read would end this one too.
 #include "InputFile.h"
 
 #include "Failures.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/mman.h>
@@ -13,6 +15,8 @@ namespace dxf
 {
 namespace
 {
+
+constexpr std::size_t kStep = std::size_t{1} << 20;
 
 struct FileDescriptor
 {
@@ -36,56 +40,43 @@ InputFile::InputFile(const std::string& path)
         failToOpen(path, errno);
     if (S_ISDIR(status.st_mode))
         failToOpen(path, EISDIR);
-    if (S_ISREG(status.st_mode) && status.st_size > 0)
-        map(file.number, static_cast<std::size_t>(status.st_size));
-    if (m_mapping == nullptr)
-        readAll(file.number, path);
+    // room for one byte more, so that the end is found without growing
+    grow(S_ISREG(status.st_mode) ? static_cast<std::size_t>(status.st_size) + 1 : kStep, path);
+    readAll(file.number, path);
 }
 
-InputFile::~InputFile()
+InputFile::Pages::~Pages()
 {
-    if (m_mapping != nullptr)
-        ::munmap(m_mapping, m_bytes.size());
+    if (memory != nullptr)
+        ::munmap(memory, size);
 }
 
-void InputFile::map(int file, std::size_t size)
+void InputFile::grow(std::size_t size, const std::string& path)
 {
-    void* const mapping = ::mmap(nullptr, size, PROT_READ, MAP_PRIVATE, file, 0);
-    if (mapping == MAP_FAILED)
-        return;
-    ::madvise(mapping, size, MADV_SEQUENTIAL);
-    m_mapping = mapping;
-    m_bytes = {static_cast<const char*>(mapping), size};
+    void* const memory = m_pages.memory == nullptr
+                             ? ::mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0)
+                             : ::mremap(m_pages.memory, m_pages.size, size, MREMAP_MAYMOVE);
+    if (memory == MAP_FAILED)
+        failToOpen(path, errno);
+    m_pages.memory = static_cast<char*>(memory);
+    m_pages.size = size;
 }
 
 void InputFile::readAll(int file, const std::string& path)
 {
-    constexpr std::size_t kStep = std::size_t{1} << 20;
-    for (std::size_t used = 0;;)
+    for (;;)
     {
-        m_copy.resize(used + kStep);
-        const ssize_t count = ::read(file, m_copy.data() + used, kStep);
+        if (m_size == m_pages.size)
+            grow(m_pages.size + std::max(m_pages.size, kStep), path);
+        const ssize_t count = ::read(file, m_pages.memory + m_size, m_pages.size - m_size);
         if (count < 0 && errno == EINTR)
             continue;
         if (count < 0)
             failToOpen(path, errno);
-        used += static_cast<std::size_t>(count);
-        if (count > 0)
-            continue;
-        m_copy.resize(used);
-        m_bytes = {m_copy.data(), used};
-        return;
+        if (count == 0)
+            return;
+        m_size += static_cast<std::size_t>(count);
     }
-}
-
-void InputFile::releaseBefore(std::size_t offset)
-{
-    constexpr std::size_t kStep = std::size_t{1} << 22;
-    const std::size_t end = offset / kStep * kStep;
-    if (m_mapping == nullptr || end <= m_released)
-        return;
-    ::madvise(static_cast<char*>(m_mapping) + m_released, end - m_released, MADV_DONTNEED);
-    m_released = end;
 }
 
 } // namespace dxf

@@ -1,36 +1,41 @@
-// A drawing file in memory: mapped, so that opening costs nothing and pages are read when they are scanned.
+// A drawing file in memory: read as a whole, so that what other programs do to the file later does no harm.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace dxf
 {
 
-/// The bytes of a file, for as long as the object lives; the file may meanwhile be replaced by another of its name.
+/// The bytes that a file had when it was read. They stay for as long as the object lives, also when another program
+/// cuts the file short, overwrites it or replaces it.
 class InputFile
 {
 public:
     /// Throws OdError (eFileNotFound, eCantOpenFile, eFileAccessErr) naming the file and the reason.
     explicit InputFile(const std::string& path);
-    ~InputFile();
-    InputFile(const InputFile&) = delete;
-    InputFile& operator=(const InputFile&) = delete;
 
-    std::string_view bytes() const { return m_bytes; }
-
-    /// Gives the memory of the bytes before the offset back to the system; they are read again when they are needed.
-    void releaseBefore(std::size_t offset);
+    std::string_view bytes() const { return {m_pages.memory, m_size}; }
 
 private:
-    void map(int file, std::size_t size);
-    void readAll(int file, const std::string& path);
+    // Pages of their own, which go back to the system as soon as the file is read.
+    struct Pages
+    {
+        Pages() = default;
+        ~Pages();
+        Pages(const Pages&) = delete;
+        Pages& operator=(const Pages&) = delete;
 
-    std::string_view m_bytes;
-    std::vector<char> m_copy; // of what cannot be mapped
-    void* m_mapping = nullptr;
-    std::size_t m_released = 0;
+        char* memory = nullptr;
+        std::size_t size = 0;
+    };
+
+    void readAll(int file, const std::string& path);
+    void grow(std::size_t size, const std::string& path);
+
+    Pages m_pages;
+    std::size_t m_size = 0; // of what was read
 };
 
 } // namespace dxf

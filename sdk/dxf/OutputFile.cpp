@@ -4,36 +4,49 @@
 #include "Failures.h"
 
 #include <cerrno>
+#include <climits>
 #include <csignal>
 #include <cstdlib>
 #include <ctime>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace dxf
 {
 namespace
 {
 
-constexpr mode_t kUsualMode = 0666;
 constexpr mode_t kPermissions = 07777;
+constexpr int kMostLinks = 40;
 
-// A link stays a link: what it points to is replaced.
-std::string resolveLinks(const std::string& path)
+// A link stays a link: what it points to is replaced, or made where there is nothing yet.
+std::string resolveLinks(std::string path)
 {
-    char* const resolved = ::realpath(path.c_str(), nullptr);
-    if (resolved == nullptr)
-        return path;
-    std::string result = resolved;
-    std::free(resolved);
-    return result;
+    for (int links = 0; links < kMostLinks; ++links)
+    {
+        if (char* const resolved = ::realpath(path.c_str(), nullptr))
+        {
+            path = resolved;
+            std::free(resolved);
+            return path;
+        }
+        char next[PATH_MAX];
+        const ssize_t length = ::readlink(path.c_str(), next, sizeof next);
+        if (length <= 0)
+            return path;
+        const std::string_view name(next, static_cast<std::size_t>(length));
+        path = (name.front() == '/' ? std::string() : folderOf(path)).append(name);
+    }
+    failToOpen(path, ELOOP);
 }
 
-std::string folderOf(const std::string& path)
+// Some file systems keep no owners and permissions, and that is no reason not to save.
+void keepOwnerAndPermissions(int file, const struct stat& before)
 {
-    const std::size_t slash = path.rfind('/');
-    return slash == std::string::npos ? "." : path.substr(0, slash + 1);
+    [[maybe_unused]] const int owner = ::fchown(file, before.st_uid, before.st_gid);
+    [[maybe_unused]] const int permissions = ::fchmod(file, before.st_mode & kPermissions);
 }
 
 // A file that grows beyond the limit, or a pipe without a reader, sends a signal that ends the process. Here it shall
@@ -80,21 +93,19 @@ OutputFile::OutputFile(const std::string& target)
     if (exists && ::access(m_target.c_str(), W_OK) != 0)
         failToOpen(m_target, errno);
     if (exists && !S_ISREG(status.st_mode))
+    {
         openDirectly();
-    else
-        createBeside();
-    // some file systems keep no permissions, and that is no reason not to save
-    if (exists && !m_temporary.empty())
-        ::fchmod(m_file, status.st_mode & kPermissions);
+        return;
+    }
+    m_file = m_temporary.emplace(m_target).number();
+    if (exists)
+        keepOwnerAndPermissions(m_file, status);
 }
 
 OutputFile::~OutputFile()
 {
-    if (m_file < 0)
-        return;
-    ::close(m_file);
-    if (!m_temporary.empty())
-        ::unlink(m_temporary.c_str());
+    if (!m_temporary && m_file >= 0)
+        ::close(m_file);
 }
 
 void OutputFile::openDirectly()
@@ -102,17 +113,6 @@ void OutputFile::openDirectly()
     m_file = ::open(m_target.c_str(), O_WRONLY | O_CLOEXEC);
     if (m_file < 0)
         failToOpen(m_target, errno);
-}
-
-void OutputFile::createBeside()
-{
-    for (int number = 0; m_file < 0; ++number)
-    {
-        m_temporary = m_target + "." + std::to_string(::getpid()) + "-" + std::to_string(number) + ".tmp";
-        m_file = ::open(m_temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kUsualMode);
-        if (m_file < 0 && errno != EEXIST)
-            failToOpen(m_target, errno);
-    }
 }
 
 void OutputFile::write(std::string_view bytes)
@@ -158,40 +158,10 @@ void OutputFile::writeOut(const char* bytes, std::size_t size)
 void OutputFile::commit()
 {
     flush();
-    if (m_temporary.empty())
-        return closeFile();
-    if (::fsync(m_file) != 0)
+    if (m_temporary)
+        return m_temporary->replaceTarget();
+    if (::close(std::exchange(m_file, -1)) != 0)
         failToWrite(m_target, errno);
-    closeFile();
-    if (::rename(m_temporary.c_str(), m_target.c_str()) != 0)
-    {
-        const int error = errno;
-        ::unlink(m_temporary.c_str());
-        failToWrite(m_target, error);
-    }
-    synchronizeFolder();
-}
-
-void OutputFile::closeFile()
-{
-    const int file = m_file;
-    m_file = -1;
-    if (::close(file) == 0)
-        return;
-    const int error = errno;
-    if (!m_temporary.empty())
-        ::unlink(m_temporary.c_str());
-    failToWrite(m_target, error);
-}
-
-// The new name is on the disk only when the folder is.
-void OutputFile::synchronizeFolder() const
-{
-    const int folder = ::open(folderOf(m_target).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (folder < 0)
-        return;
-    ::fsync(folder);
-    ::close(folder);
 }
 
 } // namespace dxf

@@ -2,18 +2,22 @@
 // reached the disk does the new file take the old one's name. Whatever happens before, the old drawing stays whole.
 #pragma once
 
+#include "TemporaryFile.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace dxf
 {
 
-/// A buffered file under a temporary name, which becomes the target by commit() and vanishes without it. A target that
-/// is no regular file (a device) is written directly.
+/// A buffered file under a temporary name, which becomes the target by commit() and vanishes without it. The target
+/// keeps its permissions and, as far as the system allows, its owner; one that is a symbolic link stays one. A target
+/// that is no regular file (a device) is written directly.
 class OutputFile
 {
 public:
@@ -53,15 +57,12 @@ public:
     static constexpr std::size_t kBufferSize = std::size_t{1} << 18;
 
 private:
-    void createBeside();
     void openDirectly();
     void flush();
     void writeOut(const char* bytes, std::size_t size);
-    void synchronizeFolder() const;
-    void closeFile();
 
     std::string m_target;
-    std::string m_temporary; // empty when the target is written directly
+    std::optional<TemporaryFile> m_temporary; // none when the target is written directly
     int m_file = -1;
     std::unique_ptr<char[]> m_buffer;
     std::size_t m_used = 0;

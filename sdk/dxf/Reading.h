@@ -2,7 +2,6 @@
 #pragma once
 
 #include "FaultLog.h"
-#include "InputFile.h"
 #include "ObjectLoader.h"
 #include "RecordReader.h"
 #include "TableSeeds.h"
@@ -17,13 +16,11 @@ namespace dxf
 /// The state of reading one file into one database.
 struct Reading
 {
-    /// The mapped file gives its memory back as reading goes on; null for bytes that lie elsewhere.
-    Reading(OdDbDatabase& readInto, std::string fileName, std::string_view file, InputFile* mappedFile);
+    Reading(OdDbDatabase& readInto, std::string fileName, std::string_view file);
 
     oddb::DatabaseImpl& database;
     std::string path;
     std::string_view bytes;
-    InputFile* mapped;
     FaultLog faults;
     TagScanner scanner;
     RecordReader records;

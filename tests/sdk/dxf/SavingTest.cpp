@@ -1,6 +1,7 @@
 // Saving is whole or not at all.
 #include "Drawings.h"
 
+#include "dxf/OutputFile.h"
 #include "support/DrawingText.h"
 
 #include <csignal>
@@ -28,10 +29,10 @@ protected:
 };
 
 // A drawing of some megabytes.
-std::string largeDrawing()
+std::string largeDrawing(int count = 40000)
 {
     std::string lines;
-    for (int i = 0; i < 40000; ++i)
+    for (int i = 0; i < count; ++i)
         lines += support::oldLine("", i, i);
     return support::headerSection("AC1009") + support::section("ENTITIES", lines) + support::endOfFile();
 }
@@ -135,6 +136,85 @@ TEST_F(Saving, SurvivesBeingKilledAtAnyMoment)
         ::waitpid(child, nullptr, 0);
         ASSERT_EQ(support::readWholeFile(path), whole) << "attempt " << attempt;
     }
+    save(path);
+    EXPECT_EQ(m_folder.fileCount(), 1u) << "nothing of what was begun is left";
+}
+
+TEST_F(Saving, RemovesOnlyWhatOthersLeftBehind)
+{
+    const std::string path = m_folder.path("drawing.dxf");
+    for (const char* left : {"drawing.dxf.1-0.tmp", "drawing.dxf.999999999-12.tmp"})
+        support::writeWholeFile(m_folder.path(left), "cut off");
+    const char* const others[] = {"drawing.dxf.tmp",       "drawing.dxf.1-.tmp",  "drawing.dxf.1-0.tmp.bak",
+                                  "drawing.dxf.a-0.tmp",   "drawing.dxf-1-0.tmp", "Drawing.dxf.1-0.tmp",
+                                  "my.drawing.dxf.1-0.tmp"};
+    for (const char* other : others)
+        support::writeWholeFile(m_folder.path(other), "of somebody else");
+    std::filesystem::create_symlink("drawing.dxf.tmp", m_folder.path("drawing.dxf.3-3.tmp"));
+    std::filesystem::create_directory(m_folder.path("drawing.dxf.4-4.tmp"));
+    {
+        dxf::OutputFile busy(path);
+        busy.write("still being written");
+        save(path);
+        EXPECT_EQ(m_folder.fileCount(), std::size(others) + 4)
+            << "with the two that look so, the busy one, the drawing";
+        busy.commit();
+    }
+    EXPECT_EQ(support::readWholeFile(path), "still being written");
+    for (const char* other : others)
+        EXPECT_EQ(support::readWholeFile(m_folder.path(other)), "of somebody else");
+    EXPECT_EQ(m_folder.fileCount(), std::size(others) + 3);
+}
+
+TEST_F(Saving, FollowsLinksToWhereNothingIsYet)
+{
+    std::filesystem::create_directory(m_folder.path("folder"));
+    std::filesystem::create_symlink("folder/second", m_folder.path("first"));
+    std::filesystem::create_symlink("../real.dxf", m_folder.path("folder/second"));
+    std::filesystem::create_symlink("circle", m_folder.path("circle"));
+    save(m_folder.path("first"));
+    EXPECT_TRUE(std::filesystem::is_symlink(m_folder.path("first")));
+    EXPECT_TRUE(std::filesystem::is_symlink(m_folder.path("folder/second")));
+    EXPECT_TRUE(std::filesystem::is_regular_file(m_folder.path("real.dxf")));
+    EXPECT_NE(errorOf([&] { save(m_folder.path("circle")); }).find("symbolic links"), std::string::npos);
+    EXPECT_TRUE(std::filesystem::is_symlink(m_folder.path("circle")));
+}
+
+// Another program writes into the file without replacing it, also while it is read.
+TEST_F(Saving, DoesNotCareWhatBecomesOfTheFileThatWasRead)
+{
+    const std::string path = m_folder.path("drawing.dxf");
+    const std::string file = largeDrawing(6000);
+    support::writeWholeFile(path, file);
+    const pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0)
+    {
+        const int other = ::open(path.c_str(), O_RDWR);
+        for (;;)
+        {
+            [[maybe_unused]] const int cut = ::ftruncate(other, 1000);
+            [[maybe_unused]] const ssize_t count = ::pwrite(other, file.data(), file.size(), 0);
+        }
+    }
+    for (int attempt = 0; attempt < 20; ++attempt)
+        errorOf(
+            [&]
+            {
+                m_database = OdDbDatabase::createObject();
+                dxf::readDrawing(*m_database, path);
+            });
+    ::kill(child, SIGKILL);
+    ::waitpid(child, nullptr, 0);
+
+    support::writeWholeFile(path, file);
+    m_database = OdDbDatabase::createObject();
+    dxf::readDrawing(*m_database, path);
+    save(m_folder.path("before.dxf"));
+    ::truncate(path.c_str(), 0);
+    save(m_folder.path("behind.dxf"));
+    EXPECT_TRUE(support::readWholeFile(m_folder.path("behind.dxf")) ==
+                support::readWholeFile(m_folder.path("before.dxf")));
 }
 
 } // namespace
