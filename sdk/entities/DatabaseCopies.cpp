@@ -32,14 +32,17 @@ void requireCopyable(const OdDbObjectIdArray& objectIds)
 
 void moveCopies(OdDbIdMapping& mapping, const OdGePoint3d& basePoint)
 {
+    if (basePoint == OdGePoint3d())
+        return;
     const OdGeMatrix3d move = OdGeMatrix3d::translation(OdGePoint3d() - basePoint);
     for (OdDbIdMappingIterPtr pairs = mapping.newIterator(); !pairs->done(); pairs->next())
     {
         const OdDbIdPair pair = pairs->getMap();
         const OdDbEntityPtr entity =
             pair.isPrimary() ? OdDbEntity::cast(pair.value().openObject(OdDb::kForWrite)) : OdDbEntityPtr();
-        if (!entity.isNull())
-            entity->transformBy(move);
+        const OdResult result = entity.isNull() ? eOk : entity->transformBy(move);
+        if (result != eOk)
+            throw OdError(result);
     }
 }
 

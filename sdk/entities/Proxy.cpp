@@ -4,6 +4,7 @@
 #include "db/Proxies.h"
 #include "entities/Fields.h"
 #include "entities/ProxyGraphics.h"
+#include "entities/RoleWalker.h"
 #include "entities/Transform.h"
 
 OdString OdDbProxyEntity::originalDxfName() const
@@ -12,11 +13,24 @@ OdString OdDbProxyEntity::originalDxfName() const
     return odUtf8ToString(oddb::proxyDxfName(*this));
 }
 
+/// Without a picture of its own an entity shows where it is, so far as its groups tell.
+static void drawPlaces(OdGiGeometry& geometry, const oddb::Groups& groups)
+{
+    const transform::Places places = transform::placesOf(groups);
+    for (const OdGePoint3d& point : places.points)
+        geometry.polyline(1, &point);
+    for (const std::vector<OdGePoint3d>& path : places.paths)
+        geometry.polyline(static_cast<OdInt32>(path.size()), path.data());
+}
+
 bool OdDbProxyEntity::subWorldDraw(OdGiWorldDraw* worldDraw) const
 {
     const OdGeExtents3d box = proxygraphics::boxOf(entityfields::groupsOf(*this));
     if (!box.isValidExtents())
+    {
+        drawPlaces(worldDraw->geometry(), entityfields::groupsOf(*this));
         return true;
+    }
     const OdGePoint3d low = box.minPoint();
     const OdGePoint3d high = box.maxPoint();
     OdGePoint3d corners[8];
@@ -26,10 +40,12 @@ bool OdDbProxyEntity::subWorldDraw(OdGiWorldDraw* worldDraw) const
     return true;
 }
 
+// What the class keeps of its own moves where its groups are known, and the picture with it. Of other classes neither
+// moves: the picture alone would only be right until the class draws itself again.
 OdResult OdDbProxyEntity::subTransformBy(const OdGeMatrix3d& xform)
 {
-    // The picture that comes with the data would stay behind.
-    if (proxygraphics::boxOf(entityfields::groupsOf(*this)).isValidExtents())
-        return eNotImplementedYet;
-    return transform::transformGroups(*this, xform);
+    const OdResult result = transform::transformGroups(*this, xform);
+    if (result == eOk)
+        oddb::ObjectCore::changeGroups(*this, proxygraphics::transformed(entityfields::groupsOf(*this), xform));
+    return result;
 }

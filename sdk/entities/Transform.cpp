@@ -10,7 +10,7 @@
 #include "entities/EntityClasses.h"
 #include "entities/Fields.h"
 #include "entities/Ocs.h"
-#include "entities/TransformRoles.h"
+#include "entities/RoleWalker.h"
 
 namespace transform
 {
@@ -45,16 +45,6 @@ Plane planeOf(const OdGeVector3d& normal, const OdGeMatrix3d& xform)
     return plane;
 }
 
-/// Groups that stand for one value: a number, or the two or three coordinates of a point.
-struct Point
-{
-    double at[3] = {0.0, 0.0, 0.0};
-    int count = 0;
-
-    OdGePoint3d point() const { return OdGePoint3d(at[0], at[1], at[2]); }
-    OdGeVector3d vector() const { return OdGeVector3d(at[0], at[1], at[2]); }
-};
-
 /// Degrees in the plane before to degrees in the plane after.
 double mapAngle(double degrees, const Plane& plane, const OdGeMatrix3d& xform)
 {
@@ -82,10 +72,7 @@ public:
     bool sawOnlyAnyMatrix() const { return m_onlyAnyMatrix; }
 
 private:
-    void enterSection(const GroupView& group);
-    void enterBlock(const GroupView& group);
-    void findSection();
-    const RoleRow* roleOf(const GroupView& group) const;
+    void enter(const GroupView& group);
     GroupIterator mapPoint(GroupIterator at, GroupIterator end, Role role);
     GroupIterator mapMatrix(GroupIterator at, GroupIterator end);
     void mapNumber(const GroupView& group, Role role);
@@ -96,56 +83,18 @@ private:
     double m_scale = 1.0;
     double m_heightScale = 1.0;
     double m_elevation = 0.0;
-    std::string_view m_marker;
-    std::vector<std::string_view> m_blocks;
-    const RoleSection* m_section = nullptr;
+    RoleWalker m_walker;
     bool m_sawRoles = false;
     bool m_onlyAnyMatrix = true;
     GroupsBuilder m_out;
 };
 
-void Mapper::findSection()
+void Mapper::enter(const GroupView& group)
 {
-    m_section = findRoles(m_marker, m_blocks.empty() ? std::string_view() : m_blocks.back());
-    if (!m_section)
+    if (!m_walker.enter(group) || !m_walker.section())
         return;
     m_sawRoles = true;
-    m_onlyAnyMatrix = m_onlyAnyMatrix && m_section->anyMatrix;
-}
-
-void Mapper::enterSection(const GroupView& group)
-{
-    m_marker = group.code() == 100 ? group.text() : std::string_view();
-    m_blocks.clear();
-    findSection();
-}
-
-/// Blocks open with "NAME{" and close with "}", in groups 300 to 309.
-void Mapper::enterBlock(const GroupView& group)
-{
-    std::string_view text = group.text();
-    if (text == "}" && !m_blocks.empty())
-        m_blocks.pop_back();
-    else if (!text.empty() && text.back() == '{')
-    {
-        text.remove_suffix(1);
-        m_blocks.push_back(text);
-    }
-    else
-        return;
-    findSection();
-}
-
-const RoleRow* Mapper::roleOf(const GroupView& group) const
-{
-    if (!m_section || group.type() != GroupType::Real)
-        return nullptr;
-    for (const RoleRow& row : m_section->rows)
-    {
-        if (row.code == group.code())
-            return &row;
-    }
-    return nullptr;
+    m_onlyAnyMatrix = m_onlyAnyMatrix && m_walker.section()->anyMatrix;
 }
 
 OdGePoint3d Mapper::mapInPlane(const OdGePoint3d& point, bool flat) const
@@ -157,12 +106,9 @@ OdGePoint3d Mapper::mapInPlane(const OdGePoint3d& point, bool flat) const
 GroupIterator Mapper::mapPoint(GroupIterator at, GroupIterator end, Role role)
 {
     const int code = at->code();
-    Point value;
-    do
-        value.at[value.count++] = (at++)->real();
-    while (value.count < 3 && at != end && at->code() == code + 10 * value.count && at->type() == GroupType::Real);
+    const Coordinates value(at, end);
     OdGePoint3d result = value.point();
-    if (role == Role::Place)
+    if (role == Role::Place || role == Role::UnseenPlace)
         result = m_xform * value.point();
     else if (role == Role::Direction)
         result = OdGePoint3d() + m_xform * value.vector();
@@ -215,8 +161,8 @@ void Mapper::mapNumber(const GroupView& group, Role role)
 
 bool isPointRole(Role role)
 {
-    return role == Role::Place || role == Role::Direction || role == Role::PlaneDirection || role == Role::PlacePlane ||
-           role == Role::ElevationPoint;
+    return role == Role::Place || role == Role::UnseenPlace || role == Role::Direction ||
+           role == Role::PlaneDirection || role == Role::PlacePlane || role == Role::ElevationPoint;
 }
 
 Groups Mapper::map(const Groups& groups)
@@ -225,11 +171,8 @@ Groups Mapper::map(const Groups& groups)
         m_elevation = elevation->real();
     for (GroupIterator at = groups.begin(); at != groups.end();)
     {
-        if (at->beginsSection())
-            enterSection(*at);
-        else if (at->code() >= 300 && at->code() <= 309)
-            enterBlock(*at);
-        const RoleRow* row = roleOf(*at);
+        enter(*at);
+        const RoleRow* row = m_walker.roleOf(*at);
         if (!row)
         {
             m_out.append(*at);

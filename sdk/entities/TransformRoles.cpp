@@ -17,7 +17,7 @@ constexpr RoleRow kPoint[] = {{10, Place}, {210, PlaneDirection}, {39, Thickness
 constexpr RoleRow kCircle[] = {{10, PlacePlane}, {40, Length}, {210, PlaneDirection}, {39, Thickness}};
 constexpr RoleRow kArc[] = {{50, AnglePlane}, {51, AnglePlane}};
 constexpr RoleRow kEllipse[] = {{10, Place}, {11, Direction}, {210, PlaneDirection}};
-constexpr RoleRow kSpline[] = {{10, Place}, {11, Place}, {12, Direction}, {13, Direction}, {210, PlaneDirection}};
+constexpr RoleRow kSpline[] = {{10, Place, true}, {11, Place}, {12, Direction}, {13, Direction}, {210, PlaneDirection}};
 constexpr RoleRow kHelix[] = {{10, Place}, {11, Place}, {12, Direction}, {40, Length}, {42, Length}};
 constexpr RoleRow kXline[] = {{10, Place}, {11, Direction}};
 constexpr RoleRow kPolyline[] = {{10, PlacePlane}, {38, Elevation}, {39, Thickness},      {40, Length},
@@ -43,18 +43,19 @@ constexpr RoleRow kTrace[] = {{10, PlacePlane}, {11, PlacePlane}, {12, PlacePlan
 constexpr RoleRow kFace[] = {{10, Place}, {11, Place}, {12, Place}, {13, Place}};
 constexpr RoleRow kLeader[] = {{10, Place},      {40, Length},     {41, Length},    {210, PlaneDirection},
                                {211, Direction}, {212, Direction}, {213, Direction}};
-constexpr RoleRow kMline[] = {{10, Place},  {11, Place},  {12, Direction},      {13, Direction},
-                              {40, Length}, {41, Length}, {210, PlaneDirection}};
+constexpr RoleRow kMline[] = {{10, Place},  {11, Place, true}, {12, Direction},      {13, Direction},
+                              {40, Length}, {41, Length},      {210, PlaneDirection}};
 constexpr RoleRow kRasterImage[] = {{10, Place}, {11, Direction}, {12, Direction}};
 constexpr RoleRow kViewport[] = {{10, Place}, {40, Length}, {41, Length}};
-constexpr RoleRow kLight[] = {{10, Place}, {11, Place}};
+constexpr RoleRow kLight[] = {{10, Place}, {11, UnseenPlace}};
 constexpr RoleRow kMesh[] = {{10, Place}};
 constexpr RoleRow kSection[] = {{10, Direction}, {11, Place}, {12, Place}};
-constexpr RoleRow kMLeaderContext[] = {
-    {10, Place},  {11, Direction}, {12, Place},  {13, Direction}, {14, Direction}, {15, Place},      {40, Length},
-    {41, Length}, {43, Length},    {44, Length}, {47, Matrix},    {110, Place},    {111, Direction}, {112, Direction}};
+constexpr RoleRow kMLeaderContext[] = {{10, Place},      {11, Direction}, {12, Place},  {13, Direction},
+                                       {14, Direction},  {15, Place},     {40, Length}, {41, Length},
+                                       {43, Length},     {44, Length},    {47, Matrix}, {110, UnseenPlace},
+                                       {111, Direction}, {112, Direction}};
 constexpr RoleRow kMLeaderLeader[] = {{10, Place}, {11, Direction}, {12, Place}, {13, Place}, {40, Length}};
-constexpr RoleRow kMLeaderLine[] = {{10, Place}, {11, Place}, {12, Place}};
+constexpr RoleRow kMLeaderLine[] = {{10, Place, true}, {11, Place}, {12, Place}};
 
 constexpr RoleSection kSections[] = {
     {"AcDbLine", "", kLine, true},

@@ -11,6 +11,7 @@ namespace transform
 enum class Role : std::uint8_t
 {
     Place,          ///< a point of the world
+    UnseenPlace,    ///< a point of the world at which nothing is seen
     PlaneDirection, ///< the normal: it stays at a right angle to the plane
     Direction,      ///< a vector of the world that takes part in scaling
     PlacePlane,     ///< a point in the entity's own coordinates, two or three coordinates
@@ -27,6 +28,7 @@ struct RoleRow
 {
     int code;
     Role role;
+    bool isPath = false; ///< the points of this code are the vertices of a line
 };
 
 /// The roles in one part of an entity's groups. Some parts hold blocks of groups between a text that ends with an

@@ -1,0 +1,153 @@
+// Entities of classes that nobody knows: where they are, and what of them can be moved.
+#include <cstring>
+
+#include "EntityTest.h"
+#include "Ge/GeMatrix3d.h"
+
+namespace
+{
+
+using namespace entitytest;
+
+struct PlaceCase
+{
+    const char* dxfName;
+    const char* groups;
+    Box box;
+};
+
+const PlaceCase kPlaces[] = {
+    {"MLINE",
+     "100 AcDbMline|2 STANDARD|10 1|20 2|30 0|210 0|220 0|230 1|72 2|73 2|11 1|21 2|31 0|12 1|22 0|32 0|13 0|23 1|33 0|"
+     "74 0|75 0|11 9|21 7|31 0|12 1|22 0|32 0|13 0|23 1|33 0|74 0|75 0",
+     {1, 2, 0, 9, 7, 0}},
+    {"TOLERANCE", "100 AcDbFcf|3 Standard|10 4|20 5|30 6|1 text|11 1|21 0|31 0", {4, 5, 6, 4, 5, 6}},
+    {"LIGHT", "100 AcDbLight|90 1|1 Light|10 4|20 5|30 6|11 0|21 0|31 0", {4, 5, 6, 4, 5, 6}},
+    {"SHAPE", "100 AcDbShape|10 1|20 2|30 3|40 1|2 TRACK|210 0|220 0|230 -1", {-1, 2, -3, -1, 2, -3}},
+    {"MULTILEADER",
+     "100 AcDbMLeader|270 2|300 CONTEXT_DATA{|40 1|10 50|20 60|30 0|41 4|290 1|304 text|12 51|22 61|32 0|110 0|120 0|"
+     "130 0|302 LEADER{|290 1|10 45|20 60|30 0|304 LEADER_LINE{|10 20|20 30|30 0|10 25|20 31|30 0|91 0|305 }|271 0|303 "
+     "}|301 }|340 0",
+     {20, 30, 0, 51, 61, 0}},
+};
+
+TEST_F(EntityTest, ProxiesWithoutPictureAreWhereTheirGroupsSay)
+{
+    for (const PlaceCase& each : kPlaces)
+    {
+        const OdDbEntityPtr entity = entityFrom(each.dxfName, each.groups);
+        OdGeExtents3d extents;
+        ASSERT_EQ(entity->getGeomExtents(extents), eOk) << each.dxfName;
+        expectBox(extents, each.box, 1e-9, each.dxfName);
+        ASSERT_EQ(entity->transformBy(OdGeMatrix3d::translation({10, 20, 30})), eOk) << each.dxfName;
+        const Box& box = each.box;
+        ASSERT_EQ(entity->getGeomExtents(extents), eOk) << each.dxfName;
+        expectBox(extents, {box.x0 + 10, box.y0 + 20, box.z0 + 30, box.x1 + 10, box.y1 + 20, box.z1 + 30}, 1e-9,
+                  each.dxfName);
+    }
+}
+
+TEST_F(EntityTest, ProxiesThatNobodyKnowsHaveNoPlaceAndDoNotMove)
+{
+    const OdDbEntityPtr entity = entityFrom("3DSOLID", "100 AcDbModelerGeometry|70 1|1 ng mjjk|10 1|20 2|30 3");
+    OdGeExtents3d extents;
+    EXPECT_EQ(entity->getGeomExtents(extents), eInvalidExtents);
+    const oddb::Groups before = oddb::ObjectCore::groups(*entity);
+    EXPECT_EQ(entity->transformBy(OdGeMatrix3d::translation({1, 0, 0})), eNotImplementedYet);
+    EXPECT_TRUE(oddb::ObjectCore::groups(*entity) == before);
+}
+
+class Picture
+{
+public:
+    template<class T>
+    Picture& put(T value)
+    {
+        bytes.append(reinterpret_cast<const char*>(&value), sizeof value);
+        return *this;
+    }
+    Picture& box(std::initializer_list<double> corners)
+    {
+        put(56).put(1);
+        for (const double number : corners)
+            put(number);
+        return *this;
+    }
+    std::string bytes;
+};
+
+OdDbEntityPtr withPicture(std::string_view dxfName, const std::string& picture, std::string_view data)
+{
+    OdDbEntityPtr entity = entityFrom(dxfName, data);
+    oddb::GroupsBuilder groups;
+    groups.append(groupsFrom("100 AcDbEntity|8 0"));
+    groups.integer(160, static_cast<std::int64_t>(picture.size()));
+    for (std::size_t at = 0; at < picture.size(); at += 127)
+        groups.binary(310, std::string_view(picture).substr(at, 127));
+    groups.append(groupsFrom(data)).binary(310, "of the class itself");
+    oddb::ObjectCore::putGroups(*entity, groups.finish());
+    return entity;
+}
+
+std::string pictureOf(const OdDbEntity& entity)
+{
+    std::string picture;
+    for (const oddb::GroupView& group : oddb::ObjectCore::groups(entity))
+    {
+        if (group.code() == 310 && group.binary() != "of the class itself")
+        {
+            EXPECT_LE(group.binary().size(), 127u);
+            picture += group.binary();
+        }
+    }
+    return picture;
+}
+
+TEST_F(EntityTest, PicturesOfProxiesMoveWithTheirData)
+{
+    const std::string piece = Picture().put(12).put(14).put(1).bytes; // a colour
+    const std::string head = Picture().put(8 + 56 + 12).put(2).bytes;
+    const std::string box = Picture().box({1, 2, 3, 4, 5, 6}).bytes;
+    const OdDbEntityPtr entity = withPicture("MLINE", head + box + piece, kPlaces[0].groups);
+    expectBox(
+        [&]
+        {
+            OdGeExtents3d e;
+            entity->getGeomExtents(e);
+            return e;
+        }(),
+        {1, 2, 3, 4, 5, 6}, 0, "before");
+    ASSERT_EQ(entity->transformBy(OdGeMatrix3d::translation({10, 20, 30})), eOk);
+    OdGeExtents3d moved;
+    ASSERT_EQ(entity->getGeomExtents(moved), eOk);
+    expectBox(moved, {11, 22, 33, 14, 25, 36}, 1e-9, "moved");
+
+    Picture expected;
+    expected.put(8 + 56 + 136 + 12 + 8).put(4).box({11, 22, 33, 14, 25, 36}).put(136).put(29);
+    for (const double number : {1.0, 0.0, 0.0, 10.0, 0.0, 1.0, 0.0, 20.0, 0.0, 0.0, 1.0, 30.0, 0.0, 0.0, 0.0, 1.0})
+        expected.put(number);
+    expected.bytes += piece;
+    expected.put(8).put(31);
+    EXPECT_TRUE(pictureOf(*entity) == expected.bytes);
+    EXPECT_EQ(oddb::ObjectCore::groups(*entity).findAny(160)->integer(), std::int64_t(expected.bytes.size()));
+}
+
+TEST_F(EntityTest, DamagedPicturesOfProxiesDoNoHarm)
+{
+    const std::string whole = Picture().put(8 + 56).put(1).box({1, 2, 3, 4, 5, 6}).bytes;
+    for (std::size_t length = 0; length <= whole.size(); ++length)
+    {
+        for (const int wrongSize : {0, -1, 7, 0x7FFFFFFF})
+        {
+            std::string picture = whole.substr(0, length);
+            if (picture.size() >= 12)
+                std::memcpy(picture.data() + 8, &wrongSize, sizeof wrongSize);
+            const OdDbEntityPtr entity = withPicture("MLINE", picture, kPlaces[0].groups);
+            OdGeExtents3d extents;
+            EXPECT_EQ(entity->getGeomExtents(extents), eOk);
+            EXPECT_EQ(entity->transformBy(OdGeMatrix3d::translation({1, 1, 1})), eOk);
+        }
+    }
+}
+
+} // namespace
