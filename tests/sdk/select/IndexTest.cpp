@@ -1,4 +1,6 @@
 // The spatial index against testing every entity, while the drawing changes in all the ways a drawing can change.
+#include <cstdlib>
+#include <filesystem>
 #include <functional>
 #include <random>
 
@@ -10,6 +12,7 @@
 #include "DbText.h"
 #include "DbTextStyleTable.h"
 #include "DbTextStyleTableRecord.h"
+#include "DbViewport.h"
 #include "Ge/GeMatrix3d.h"
 #include "SelectTest.h"
 #include "select/HitTester.h"
@@ -20,22 +23,36 @@ namespace
 using namespace selecttest;
 using Visual = OdDbVisualSelection;
 
-// Tests every entity of the model, seen from above.
+std::string handlesOf(const OdDbObjectIdArray& ids)
+{
+    std::string handles;
+    for (const OdDbObjectId& id : ids)
+        handles += (handles.empty() ? "" : " ") + odStringToUtf8(id.getHandle().ascii());
+    return handles;
+}
+
+// Tests every entity that the active viewport may show.
 std::string testEveryEntity(OdDbDatabase& database, const OdGePoint3d& first, const OdGePoint3d& second, bool isWindow)
 {
     using namespace picking;
-    const Shape shape = Shape::rectangle({first.x, first.y}, {second.x, second.y});
+    const ViewedSpace space = viewedThrough(database.activeViewportId());
+    const Shape shape = Shape::rectangle(space.plane.at(first), space.plane.at(second));
     LayerStates layers;
-    OdStaticRxObject<HitTester> tester(isWindow ? Question::kLiesIn : Question::kTouches, shape, ViewPlane(), layers);
-    std::string handles;
-    const OdDbBlockTableRecordPtr space = OdDbBlockTableRecord::cast(database.getModelSpaceId().safeOpenObject());
-    for (OdDbObjectIteratorPtr walk = space->newIterator(); !walk->done(); walk->step())
+    OdStaticRxObject<HitTester> tester(isWindow ? Question::kLiesIn : Question::kTouches, shape, space.plane, layers);
+    OdDbObjectIdArray hit;
+    const OdDbBlockTableRecordPtr block = OdDbBlockTableRecord::cast(space.block.safeOpenObject());
+    for (OdDbObjectIteratorPtr walk = block->newIterator(); !walk->done(); walk->step())
     {
-        const Answer& answer = tester.test(*walk->entity());
+        const OdDbEntityPtr entity = walk->entity();
+        const OdDbViewportPtr viewport = OdDbViewport::cast(entity);
+        const bool isSheet = !viewport.isNull() && viewport->number() == 1;
+        if (entity->visibility() != OdDb::kVisible || isSheet)
+            continue;
+        const Answer& answer = tester.test(*entity);
         if (isWindow ? answer.isDrawn && !answer.reachesOut : answer.touches)
-            handles += (handles.empty() ? "" : " ") + odStringToUtf8(walk->objectId().getHandle().ascii());
+            hit.append(walk->objectId());
     }
-    return handles;
+    return handlesOf(hit);
 }
 
 class Index : public testing::Test
@@ -231,6 +248,48 @@ TEST_F(Index, FollowsManyChangesAtRandom)
         check("round " + std::to_string(round));
         if (testing::Test::HasFailure())
             break;
+    }
+}
+
+TEST_F(Index, AgreesWithTestingEveryEntityOfRealDrawings)
+{
+    const char* const folder = std::getenv("ZOLCAD_DRAWINGS");
+    if (folder == nullptr)
+        GTEST_SKIP() << "ZOLCAD_DRAWINGS does not name a folder of drawings";
+    std::mt19937 dice(3);
+    for (const auto& file : std::filesystem::directory_iterator(folder))
+    {
+        if (file.path().extension() != ".dxf")
+            continue;
+        const OdDbDatabasePtr drawing = OdDbDatabase::createObject();
+        drawing->readFile(odUtf8ToString(file.path().string()));
+        OdGeExtents3d box;
+        const OdDbBlockTableRecordPtr space =
+            OdDbBlockTableRecord::cast(drawing->getActiveLayoutBTRId().safeOpenObject());
+        for (OdDbObjectIteratorPtr walk = space->newIterator(); !walk->done(); walk->step())
+            if (OdGeExtents3d one; walk->entity()->getGeomExtents(one) == eOk)
+                box.addExt(one);
+        if (!box.isValidExtents())
+            continue;
+        const auto somewhere = [&]
+        {
+            std::uniform_real_distribution<double> part(-0.1, 1.1);
+            const OdGeVector3d diagonal = box.maxPoint() - box.minPoint();
+            return box.minPoint() +
+                   OdGeVector3d(diagonal.x * part(dice), diagonal.y * part(dice), diagonal.z * part(dice));
+        };
+        for (int i = 0; i < 6; ++i)
+        {
+            const OdGePoint3d corners[2] = {somewhere(), somewhere()};
+            for (const bool isWindow : {true, false})
+            {
+                const OdDbSelectionSetPtr selected = OdDbSelectionSet::select(
+                    drawing->activeViewportId(), 2, corners, isWindow ? Visual::kWindow : Visual::kCrossing);
+                EXPECT_EQ(handlesOf(selected->objectIdArray()),
+                          testEveryEntity(*drawing, corners[0], corners[1], isWindow))
+                    << file.path() << (isWindow ? ": window" : ": crossing");
+            }
+        }
     }
 }
 
