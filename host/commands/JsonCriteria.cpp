@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <string>
+#include <utility>
 
 #include <rapidjson/document.h>
 #include <rapidjson/error/en.h>
@@ -141,7 +142,7 @@ JsonCriteria readJsonCriteria(const OdString& json, OdDbDatabase& database)
     if (!document.IsObject())
         throw OdError(eInvalidInput, OdString(L"what to select is a JSON object"));
     Reading reading{database, {}, {}};
-    for (const auto& member : document.GetObject())
+    for (const auto& member : std::as_const(document).GetObject())
         readMember(member.name, member.value, reading);
     return reading.found;
 }

@@ -30,8 +30,7 @@ bool isLayoutBlock(const OdDbObjectId& id)
 } // namespace
 
 SelectionRules::SelectionRules(const CommandRun& run, const OdChar* optionsParameter)
-    : m_database(run.database), m_user(run.user),
-      m_options(static_cast<unsigned>(run.parameters.integer(optionsParameter).value_or(0))),
+    : m_user(run.user), m_options(static_cast<unsigned>(run.parameters.integer(optionsParameter).value_or(0))),
       m_filter(filterOf(run.parameters)), m_space(run.database.getActiveLayoutBTRId())
 {
 }

@@ -38,7 +38,6 @@ private:
     bool isOpenToSelecting(const OdDbEntity& entity);
     void tellOfLocked() const;
 
-    const OdDbDatabase& m_database;
     OdDbUserIO* m_user;
     unsigned m_options;
     OdEdSSetTrackerPtr m_filter;

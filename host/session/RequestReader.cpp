@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <optional>
+#include <utility>
 
 #include <rapidjson/error/en.h>
 #include <rapidjson/reader.h>
@@ -281,7 +282,7 @@ void RequestReader::takeMembers()
 {
     if (!m_document->IsObject())
         throw RequestError("a request is a JSON object");
-    for (const auto& member : m_document->GetObject())
+    for (const auto& member : std::as_const(*m_document).GetObject())
     {
         const std::wstring_view name(member.name.GetString(), member.name.GetStringLength());
         if (member.value.IsNull())

@@ -1,6 +1,8 @@
 // Results of commands as people read them.
 #include "cli/console/ResultText.h"
 
+#include <utility>
+
 #include <rapidjson/document.h>
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
@@ -68,7 +70,7 @@ std::string describeResult(const OdResBuf* chain)
     values.Parse(json.GetString(), json.GetSize());
     std::string text;
     if (values.IsObject())
-        for (const auto& value : values.GetObject())
+        for (const auto& value : std::as_const(values).GetObject())
             text +=
                 std::string(value.name.GetString(), value.name.GetStringLength()) + ": " + describe(value.value) + '\n';
     return text;
