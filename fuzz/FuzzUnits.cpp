@@ -28,6 +28,7 @@ OdDbDatabase& drawing()
         odInitialize();
         OdDbDatabasePtr made = OdDbDatabase::createObject();
         made->initialize();
+        made->disableUndoRecording(true);
         return made;
     }();
     return *database.get();
