@@ -12,7 +12,7 @@ namespace
 class BoundsDraw : public gi::WorldDraw
 {
 public:
-    BoundsDraw() : gi::WorldDraw(kOdGiForExtents), m_geometry(*this) {}
+    BoundsDraw() : gi::WorldDraw(kOdGiStandardDisplay), m_geometry(*this) {}
 
     OdGiGeometry& geometry() const override { return m_geometry; }
     const BoundsGeometry& bounds() const { return m_geometry; }
