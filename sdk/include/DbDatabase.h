@@ -91,7 +91,8 @@ public:
 
     /** What the user looks through: the active viewport record of the model; of a sheet the viewport that is the sheet
         itself, or the layout when the sheet has none. Null in a damaged drawing. Views are changed by their setters, as
-        any object; for a change that is not to be undone, recording is switched off meanwhile (disableUndoRecording). */
+        any object; for a change that is not to be undone, recording is switched off meanwhile (disableUndoRecording).
+     */
     OdDbObjectId activeViewportId() const;
 
     /** Records that every drawing has; null in a damaged one that has not. */

@@ -189,8 +189,7 @@ void HitGeometry::polygon(OdInt32 numPoints, const OdGePoint3d* points)
     addArea(m_seen);
 }
 
-void HitGeometry::shell(OdInt32 numVertices, const OdGePoint3d* vertices, OdInt32 faceListSize,
-                        const OdInt32* faceList)
+void HitGeometry::shell(OdInt32 numVertices, const OdGePoint3d* vertices, OdInt32 faceListSize, const OdInt32* faceList)
 {
     if (!isFilled())
         return gi::Geometry::shell(numVertices, vertices, faceListSize, faceList);
