@@ -39,7 +39,7 @@ public:
     ODRX_DECLARE_MEMBERS(OdDbVisualSelection);
 
     /** The shape, made of points in world coordinates, and what it takes. */
-    enum Mode
+    enum Mode : OdUInt32
     {
         kPoint = 0,    ///< what lies at the point
         kBox = 1,      ///< two corners: a window from left to right, else a crossing

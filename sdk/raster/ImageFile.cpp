@@ -146,6 +146,13 @@ Header readHeader(const OdString& fileName)
             perInch(image->x_resolution, image->units), perInch(image->y_resolution, image->units)};
 }
 
+// A file without transparency leaves behind whatever its reader found there.
+static void makeOpaque(std::vector<OdUInt8>& pixels)
+{
+    for (std::size_t alpha = 3; alpha < pixels.size(); alpha += 4)
+        pixels[alpha] = 0xFF;
+}
+
 std::vector<OdUInt8> readPixels(const OdString& fileName, const Header& header)
 {
     requireSize(fileName, *readImage(fileName, &PingBlob), header);
@@ -156,6 +163,8 @@ std::vector<OdUInt8> readPixels(const OdString& fileName, const Header& header)
     Faults faults;
     if (!DispatchImage(image.get(), 0, 0, header.width, header.height, "BGRA", CharPixel, pixels.data(), faults))
         throw OdError_CantOpenFile(fileName, faults.reason());
+    if (!image->matte)
+        makeOpaque(pixels);
     return pixels;
 }
 
