@@ -59,7 +59,7 @@ Visual::Mode modeOf(const CommandRun& run)
     const std::optional<int> mode = run.parameters.integer(L"SELECTFUNCTION");
     if (!mode)
         throw OdError(eInvalidInput, OdString(L"the parameter SELECTFUNCTION is missing"));
-    if (*mode < Visual::kPoint || *mode > Visual::kCPoly)
+    if (*mode < int{Visual::kPoint} || *mode > int{Visual::kCPoly})
         throw OdError(eInvalidInput, OdString().format(L"SELECTFUNCTION is 0 to 6, not %d", *mode));
     return static_cast<Visual::Mode>(*mode);
 }
