@@ -1,9 +1,10 @@
-// Entities of unknown classes. Those that carry a picture of themselves tell their box in it.
+// Entities of unknown classes. Those that carry a picture of themselves draw it.
 #include "DbProxyEntity.h"
 #include "Gi/GiWorldDraw.h"
 #include "db/Proxies.h"
 #include "entities/Fields.h"
 #include "entities/ProxyGraphics.h"
+#include "entities/ProxyPainter.h"
 #include "entities/RoleWalker.h"
 #include "entities/Transform.h"
 
@@ -25,10 +26,14 @@ static void drawPlaces(OdGiGeometry& geometry, const oddb::Groups& groups)
 
 bool OdDbProxyEntity::subWorldDraw(OdGiWorldDraw* worldDraw) const
 {
-    const OdGeExtents3d box = proxygraphics::boxOf(entityfields::groupsOf(*this));
+    const oddb::Groups groups = entityfields::groupsOf(*this);
+    const OdGeExtents3d box = proxygraphics::boxOf(groups);
+    const bool wantsBox = worldDraw->regenType() == kOdGiForExtents && box.isValidExtents();
+    if (!wantsBox && proxygraphics::draw(groups, *worldDraw))
+        return true;
     if (!box.isValidExtents())
     {
-        drawPlaces(worldDraw->geometry(), entityfields::groupsOf(*this));
+        drawPlaces(worldDraw->geometry(), groups);
         return true;
     }
     const OdGePoint3d low = box.minPoint();

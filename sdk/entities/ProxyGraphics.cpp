@@ -1,11 +1,9 @@
-// Implements the reading of the box of a proxy's picture.
+// Implements finding the picture of a proxy and its box, and moving it.
 #include "entities/ProxyGraphics.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstring>
-#include <string>
-#include <string_view>
 #include <utility>
 
 namespace proxygraphics
@@ -14,20 +12,8 @@ namespace proxygraphics
 namespace
 {
 
-constexpr std::int32_t kExtents = 1;
-constexpr std::int32_t kPushMatrix = 29;
-constexpr std::int32_t kPopMatrix = 31;
 constexpr int kPictureCode = 310;
 constexpr std::size_t kPart = 127; // bytes of a picture in one group
-constexpr std::size_t kHead = 2 * sizeof(std::int32_t);
-
-template<class T>
-T load(std::string_view bytes, std::size_t at)
-{
-    T value;
-    std::memcpy(&value, bytes.data() + at, sizeof value);
-    return value;
-}
 
 void append(std::string& bytes, std::int32_t value)
 {
@@ -48,34 +34,6 @@ void visitCommonPart(const oddb::Groups& groups, Visit visit)
     {
         sections += group.beginsSection() ? 1 : 0;
         visit(group, sections <= 1);
-    }
-}
-
-std::string pictureOf(const oddb::Groups& groups)
-{
-    std::string picture;
-    visitCommonPart(groups,
-                    [&](const oddb::GroupView& group, bool isCommon)
-                    {
-                        if (isCommon && group.code() == kPictureCode)
-                            picture += group.binary();
-                    });
-    return picture;
-}
-
-/// Calls visit(kind, data) for the pieces in turn until one is damaged or visit returns false.
-template<class Visit>
-void visitPieces(std::string_view picture, Visit visit)
-{
-    for (std::size_t at = kHead; at + kHead <= picture.size();)
-    {
-        const auto size = load<std::int32_t>(picture, at);
-        if (size < static_cast<std::int32_t>(kHead) || static_cast<std::size_t>(size) > picture.size() - at)
-            return;
-        const auto kind = load<std::int32_t>(picture, at + sizeof(std::int32_t));
-        if (!visit(kind, picture.substr(at + kHead, static_cast<std::size_t>(size) - kHead)))
-            return;
-        at += static_cast<std::size_t>(size);
     }
 }
 
@@ -150,6 +108,18 @@ void appendPicture(oddb::GroupsBuilder& groups, std::string_view picture)
 }
 
 } // namespace
+
+std::string pictureOf(const oddb::Groups& groups)
+{
+    std::string picture;
+    visitCommonPart(groups,
+                    [&](const oddb::GroupView& group, bool isCommon)
+                    {
+                        if (isCommon && group.code() == kPictureCode)
+                            picture += group.binary();
+                    });
+    return picture;
+}
 
 OdGeExtents3d boxOf(const oddb::Groups& groups)
 {

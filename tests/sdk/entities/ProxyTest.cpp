@@ -3,6 +3,7 @@
 
 #include "EntityTest.h"
 #include "Ge/GeMatrix3d.h"
+#include "ShapeRecorder.h"
 
 namespace
 {
@@ -148,6 +149,59 @@ TEST_F(EntityTest, DamagedPicturesOfProxiesDoNoHarm)
             EXPECT_EQ(entity->transformBy(OdGeMatrix3d::translation({1, 1, 1})), eOk);
         }
     }
+}
+
+Picture& putAll(Picture& picture, std::initializer_list<double> numbers)
+{
+    for (const double number : numbers)
+        picture.put(number);
+    return picture;
+}
+
+/// A red line, a circle twice as large as it says, a text, and a kind that nobody knows.
+std::string drawnPicture()
+{
+    Picture picture;
+    picture.put(0).put(0).put(12).put(14).put(1);
+    putAll(picture.put(8 + 4 + 48).put(6).put(2), {0, 0, 0, 3, 4, 0});
+    putAll(picture.put(136).put(29), {2, 0, 0, 10, 0, 2, 0, 0, 0, 0, 2, 0, 0, 0, 0, 1});
+    putAll(picture.put(8 + 56).put(2), {5, 0, 0, 1, 0, 0, 1});
+    picture.put(8).put(31).put(12).put(99).put(7);
+    putAll(picture.put(8 + 96 + 8).put(10), {1, 2, 3, 0, 0, 1, 1, 0, 0, 2, 1, 0});
+    picture.bytes += std::string("seen\0\0\0\0", 8);
+    return picture.bytes;
+}
+
+TEST_F(EntityTest, ProxiesDrawTheirPictures)
+{
+    const std::vector<DrawnShape> shapes = drawnBy(*withPicture("MLINE", drawnPicture(), kPlaces[0].groups));
+    ASSERT_EQ(shapes.size(), 3u);
+    EXPECT_EQ(shapes[0].kind, ShapeKind::kLine);
+    EXPECT_EQ(shapes[0].color.colorIndex(), 1);
+    EXPECT_TRUE(shapes[0].points().back().isEqualTo({3, 4, 0}));
+    EXPECT_EQ(shapes[1].kind, ShapeKind::kArc);
+    for (const OdGePoint3d& point : shapes[1].points())
+        EXPECT_NEAR(point.distanceTo({20, 0, 0}), 2.0, 1e-9);
+    EXPECT_EQ(shapes[2].kind, ShapeKind::kText);
+    EXPECT_TRUE(shapes[2].points().front().isEqualTo({1, 2, 3})) << "the matrix is no longer in force";
+    EXPECT_EQ(shapes[2].text, L"seen");
+}
+
+TEST_F(EntityTest, CutPicturesOfProxiesAreDrawnAsFarAsTheyGo)
+{
+    const std::string whole = drawnPicture();
+    std::size_t drawn = 0;
+    for (std::size_t length = 0; length <= whole.size(); ++length)
+    {
+        std::size_t now = drawnBy(*withPicture("3DSOLID", whole.substr(0, length), "100 AcDbModelerGeometry")).size();
+        EXPECT_GE(now, drawn) << length;
+        drawn = now;
+    }
+    EXPECT_EQ(drawn, 3u);
+    std::string endless = whole;
+    const std::int32_t count = 0x7FFFFFFF; // points of the line
+    std::memcpy(endless.data() + 28, &count, sizeof count);
+    EXPECT_EQ(drawnBy(*withPicture("3DSOLID", endless, "100 AcDbModelerGeometry")).size(), 2u);
 }
 
 } // namespace
