@@ -1,7 +1,10 @@
 // What all entities have in common: layer and looks, extents, moving, erasing with all that they own.
 #include "DbEntity.h"
 
+#include <algorithm>
 #include <cmath>
+#include <cstdlib>
+#include <optional>
 
 #include "CmColor.h"
 #include "DbDatabase.h"
@@ -377,19 +380,113 @@ oddb::SubentityList& OdDbEntity::makeSubentities()
     throw OdError(eNotApplicable);
 }
 
+namespace
+{
+
+/// The looks of an entity, found in one walk over its groups: pictures ask every entity for all of them.
+struct StoredLooks
+{
+    OdDbStub* layer = nullptr;
+    OdDbStub* linetype = nullptr;
+    bool hasLayerName = false; ///< by a name that names no record, or not in its spelling
+    bool hasLinetypeName = false;
+    int colorIndex = kByLayerIndex;
+    std::optional<OdUInt32> trueColor;
+    double linetypeScale = 1.0;
+    int lineWeight = OdDb::kLnWtByLayer;
+    OdUInt32 transparency = 0;
+    bool isVisible = true;
+
+    void take(const oddb::GroupView& group);
+};
+
+void StoredLooks::take(const oddb::GroupView& group)
+{
+    switch (group.code())
+    {
+    case kLayer:
+        layer = group.stub();
+        hasLayerName = layer == nullptr;
+        break;
+    case kLinetype:
+        linetype = group.stub();
+        hasLinetypeName = linetype == nullptr;
+        break;
+    case kColorIndex:
+        colorIndex = static_cast<int>(std::abs(group.integer()));
+        break;
+    case kTrueColor:
+        trueColor = static_cast<OdUInt32>(group.integer());
+        break;
+    case kLinetypeScale:
+        linetypeScale = group.real();
+        break;
+    case kLineWeight:
+        lineWeight = static_cast<int>(group.integer());
+        break;
+    case kTransparency:
+        transparency = static_cast<OdUInt32>(group.integer());
+        break;
+    case kInvisible:
+        isVisible = group.integer() == 0;
+        break;
+    default:
+        break;
+    }
+}
+
+StoredLooks looksOf(const OdDbEntity& entity)
+{
+    entity.assertReadEnabled();
+    StoredLooks looks;
+    const Groups groups = groupsOf(entity);
+    const oddb::Atom marker = atomOf<kEntity>();
+    bool isInside = false;
+    bool isApplicationData = false;
+    for (const oddb::GroupView& group : groups)
+    {
+        if (group.beginsSection())
+        {
+            if (isInside)
+                break;
+            isInside = group.code() == 100 && group.atom() == marker;
+        }
+        else if (group.code() == 102)
+            isApplicationData = !isApplicationData;
+        else if (isInside && !isApplicationData)
+            looks.take(group);
+    }
+    return looks;
+}
+
+OdCmEntityColor colorOf(const StoredLooks& looks)
+{
+    OdCmEntityColor color;
+    if (looks.trueColor)
+        color.setRGB(static_cast<OdUInt8>(*looks.trueColor >> 16), static_cast<OdUInt8>(*looks.trueColor >> 8),
+                     static_cast<OdUInt8>(*looks.trueColor));
+    else
+        color.setColorIndex(static_cast<OdUInt16>(std::min<int>(looks.colorIndex, kByLayerIndex)));
+    return color;
+}
+
+} // namespace
+
 OdUInt32 OdDbEntity::subSetAttributes(OdGiDrawableTraits* traits) const
 {
+    const StoredLooks stored = looksOf(*this);
+    const OdUInt32 flags = kDrawableIsAnEntity | (stored.isVisible ? kDrawableNone : kDrawableIsInvisible);
     const OdSmartPtr<OdGiSubEntityTraits> looks = OdGiSubEntityTraits::cast(traits);
-    const bool visible = visibility() == OdDb::kVisible;
-    const OdUInt32 flags = kDrawableIsAnEntity | (visible ? kDrawableNone : kDrawableIsInvisible);
     if (looks.isNull())
         return flags;
-    looks->setTrueColor(entityColor());
-    looks->setLayer(layerId());
-    looks->setLineType(linetypeId());
-    looks->setLineTypeScale(linetypeScale());
-    looks->setLineWeight(lineWeight());
-    looks->setTransparency(transparency());
+    looks->setTrueColor(colorOf(stored));
+    looks->setLayer(stored.hasLayerName || !stored.layer ? static_cast<OdDbStub*>(layerId()) : stored.layer);
+    looks->setLineType(stored.hasLinetypeName ? static_cast<OdDbStub*>(linetypeId()) : stored.linetype);
+    looks->setLineTypeScale(stored.linetypeScale);
+    looks->setLineWeight(static_cast<OdDb::LineWeight>(stored.lineWeight));
+    OdCmTransparency transparency;
+    transparency.serializeIn(stored.transparency);
+    looks->setTransparency(transparency);
     return flags;
 }
 
