@@ -123,13 +123,16 @@ mtext::Layout layoutOf(const OdDbMText& text)
     return mtext::layOut(contentsOf(text), style);
 }
 
+/// The world's x axis where nothing is said, as far as it lies in the plane.
 OdGeVector3d directionOf(const Reader& fields, const ocs::Frame& frame)
 {
-    if (!fields.has(11))
+    if (!fields.has(11) && fields.has(50))
         return frame.direction(fields.angle(50));
-    const OdGeVector3d direction = fields.vector(11);
+    OdGeVector3d direction = fields.has(11) ? fields.vector(11) : OdGeVector3d(1.0, 0.0, 0.0);
+    if (!fields.has(11))
+        direction = direction - frame.z * direction.dotProduct(frame.z);
     const double length = direction.length();
-    return length > 0.0 && std::isfinite(length) ? direction * (1.0 / length) : frame.x;
+    return length > 1e-9 && std::isfinite(length) ? direction * (1.0 / length) : frame.x;
 }
 
 /// Column 0 left, 1 centre, 2 right; row 0 top, 1 middle, 2 bottom.

@@ -320,7 +320,7 @@ void Typesetter::finishWord()
     if (m_word.empty())
         return;
     // Rounding must not break a line that fits exactly.
-    if (m_style.width > 0.0 && !m_fragments.empty() &&
+    if (m_style.width > 0.0 && m_cursor > 0.0 &&
         startOfLine() + m_cursor + m_wordWidth > rightEdge() + 1e-9 * m_style.width)
         finishLine(false);
     Fragment& head = m_word.front();

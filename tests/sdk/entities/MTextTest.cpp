@@ -132,8 +132,9 @@ TEST(MTextLayout, BreaksLinesAtSpacesWhereTheWidthEnds)
         {L"HHHH HHHH HHHH", 0.0, 1, 3 * word + 2 * space},
         {L"HHHH HHHH HHHH", 2 * word + space, 2, 2 * word + space},
         {L"HHHH HHHH HHHH", 2 * word + space - 0.01, 3, word},
-        {L"HHHH HHHH HHHH", 0.1, 3, word}, // a word that is too wide has a line of its own
-        {L"HHHH   ", 0.1, 1, word},        // spaces at the end of a line take no room
+        {L"HHHH HHHH HHHH", 0.1, 3, word},            // a word that is too wide has a line of its own
+        {L"                    HHHH", word, 2, word}, // spaces at its start do
+        {L"HHHH   ", 0.1, 1, word},                   // spaces at the end of a line take no room
         {L"HHHH\\PHHHH", 0.0, 2, word},
         {L"HHHH\\P", 0.0, 2, word},
         {L"\\P\\P", 0.0, 3, 0.0},
@@ -185,6 +186,15 @@ TEST_F(EntityTest, MTextRunsAlongItsDirectionOrItsRotation)
 {
     const OdGeExtents2d ink = shapedText(L"HHH").ink;
     const Box up{10, 20 + ink.minPoint().x * 2, 0, 12, 20 + ink.maxPoint().x * 2, 0};
+    const Box along{10 + ink.minPoint().x * 2, 18, 0, 10 + ink.maxPoint().x * 2, 20, 0};
+    const Box behind{along.x0, 20, 0, along.x1, 22, 0}; // seen from below, lines still run to the right
+    for (const auto& [turn, box] : {std::pair{"210 0|220 0|230 1", along}, std::pair{"210 0|220 0|230 -1", behind}})
+    {
+        const std::string groups = "100 AcDbMText|10 10|20 20|30 0|40 2|41 0|71 1|72 1|1 HHH|" + std::string(turn);
+        OdGeExtents3d extents;
+        ASSERT_EQ(entityFrom("MTEXT", groups)->getGeomExtents(extents), eOk);
+        expectBox(extents, box, 1e-9, turn);
+    }
     for (const char* turn : {"11 0|21 1|31 0", "11 0|21 8|31 0", "50 90"})
     {
         const std::string groups = "100 AcDbMText|10 10|20 20|30 0|40 2|41 0|71 1|72 1|1 HHH|" + std::string(turn);
