@@ -1,6 +1,7 @@
 // Implements painting with Cairo.
 #include "render/CairoCanvas.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "OdError.h"
@@ -52,8 +53,6 @@ CairoCanvas::CairoCanvas(cairo_surface_t* surface, std::string file, double scal
     : m_surface(surface), m_context(cairo_create(surface)), m_file(std::move(file))
 {
     cairo_scale(m_context, scale, scale);
-    cairo_set_line_cap(m_context, CAIRO_LINE_CAP_ROUND);
-    cairo_set_line_join(m_context, CAIRO_LINE_JOIN_ROUND);
     cairo_font_options_t* options = cairo_font_options_create();
     cairo_font_options_set_hint_style(options, CAIRO_HINT_STYLE_NONE);
     cairo_font_options_set_hint_metrics(options, CAIRO_HINT_METRICS_OFF);
@@ -84,45 +83,100 @@ void CairoCanvas::setColor(const Color& color)
     cairo_set_source_rgba(m_context, color.red / 255.0, color.green / 255.0, color.blue / 255.0, color.alpha / 255.0);
 }
 
+/// Goes on in a colour: what is kept back of another one is painted first.
+void CairoCanvas::use(const Color& color)
+{
+    if (m_kept > 0 && (color != m_color || !color.isOpaque() || m_kept > kMostKept))
+        flush();
+    m_color = color;
+}
+
 void CairoCanvas::flush()
 {
     if (m_kept == 0)
         return;
-    setColor(m_strokeColor);
-    cairo_set_line_width(m_context, m_strokeWidth);
-    cairo_stroke(m_context);
+    setColor(m_color);
+    paintAreas();
+    for (Strokes& strokes : m_strokes)
+        paintStrokes(strokes);
     m_kept = 0;
+}
+
+void CairoCanvas::paintAreas()
+{
+    if (m_bars.empty())
+        return;
+    addPath(m_context, m_bars);
+    cairo_set_fill_rule(m_context, CAIRO_FILL_RULE_WINDING);
+    cairo_fill(m_context);
+    m_bars.clear();
+}
+
+/// The ends and corners of thin lines are not seen, so that they are made simple.
+void CairoCanvas::paintStrokes(Strokes& strokes)
+{
+    constexpr double kThin = 1.5;
+    if (strokes.path.empty())
+        return;
+    const bool isThin = strokes.width <= kThin;
+    cairo_set_line_cap(m_context, isThin ? CAIRO_LINE_CAP_SQUARE : CAIRO_LINE_CAP_ROUND);
+    cairo_set_line_join(m_context, isThin ? CAIRO_LINE_JOIN_BEVEL : CAIRO_LINE_JOIN_ROUND);
+    cairo_set_line_width(m_context, strokes.width);
+    addPath(m_context, strokes.path);
+    cairo_stroke(m_context);
+    strokes.path.clear();
 }
 
 void CairoCanvas::fill(const Path& path, const Color& color, bool evenOdd)
 {
-    flush();
+    use(color);
     addPath(m_context, path);
     setColor(color);
     cairo_set_fill_rule(m_context, evenOdd ? CAIRO_FILL_RULE_EVEN_ODD : CAIRO_FILL_RULE_WINDING);
     cairo_fill(m_context);
 }
 
+void CairoCanvas::fillBar(const Path& quadrilateral, const Color& color)
+{
+    const std::vector<OdGePoint2d>& corners = quadrilateral.points();
+    if (!color.isOpaque() || corners.size() != 4)
+        return fill(quadrilateral, color, false);
+    use(color);
+    // All run around in one direction, so that none takes away what another one fills.
+    const OdGeVector2d across = corners[2] - corners[0];
+    const OdGeVector2d other = corners[3] - corners[1];
+    const bool isReversed = across.x * other.y - across.y * other.x < 0.0;
+    m_bars.moveTo(corners[0]);
+    m_bars.lineTo(corners[isReversed ? 3 : 1]);
+    m_bars.lineTo(corners[2]);
+    m_bars.lineTo(corners[isReversed ? 1 : 3]);
+    m_bars.close();
+    m_kept += 5;
+}
+
 void CairoCanvas::stroke(const Path& path, const Color& color, double width)
 {
-    // Of lines that are seen through each other, each has to be painted by itself.
-    if (m_kept > 0 && (color != m_strokeColor || width != m_strokeWidth || !color.isOpaque() || m_kept > kMostKept))
-        flush();
-    m_strokeColor = color;
-    m_strokeWidth = width;
+    use(color);
+    const auto sameWidth = [width](const Strokes& strokes) { return strokes.width == width; };
+    auto strokes = std::find_if(m_strokes.begin(), m_strokes.end(), sameWidth);
+    if (strokes == m_strokes.end())
+        strokes = m_strokes.insert(m_strokes.end(), {width, Path()});
+    strokes->path.append(path);
     m_kept += path.steps().size();
-    addPath(m_context, path);
+    // Of lines that are seen through each other, each has to be painted by itself.
+    if (!color.isOpaque())
+        flush();
 }
 
 void CairoCanvas::text(const OdGiShapedText& text, const TextPlace& place, const Color& color)
 {
-    flush();
+    use(color);
     setColor(color);
     for (OdUInt32 font = 0; font < text.fonts.size(); ++font)
         drawGlyphs(text, place, font);
     const double slant = text.fonts.empty() ? 0.0 : text.fonts.front().slant;
     for (const OdGiTextBar& bar : text.bars)
-        fill(barPath(bar, place, slant), color, false);
+        fillBar(barPath(bar, place, slant), color);
 }
 
 void CairoCanvas::drawGlyphs(const OdGiShapedText& text, const TextPlace& place, OdUInt32 font)

@@ -1,6 +1,8 @@
 // What PNG and PDF have in common: painting with Cairo.
 #pragma once
 
+#include <vector>
+
 #include <cairo.h>
 
 #include "render/CairoFonts.h"
@@ -23,6 +25,7 @@ public:
 
     void fill(const Path& path, const Color& color, bool evenOdd) override;
     void stroke(const Path& path, const Color& color, double width) override;
+    void fillBar(const Path& quadrilateral, const Color& color) override;
     void text(const OdGiShapedText& text, const TextPlace& place, const Color& color) override;
     void image(const OdGiRasterImage& image, const ImagePlace& place, const ImageLooks& looks) override;
     void pushClip(const Path& path) override;
@@ -42,16 +45,28 @@ protected:
     cairo_t* context() const { return m_context; }
 
 private:
+    /// Lines of one width that are kept back.
+    struct Strokes
+    {
+        double width = 0.0;
+        Path path;
+    };
+
+    void use(const Color& color);
     void setColor(const Color& color);
+    void paintAreas();
+    void paintStrokes(Strokes& strokes);
     void drawGlyphs(const OdGiShapedText& text, const TextPlace& place, OdUInt32 font);
 
     cairo_surface_t* m_surface;
     cairo_t* m_context;
     std::string m_file;
     CairoFonts m_fonts;
-    // Neighbouring lines of the same looks are painted at once, which takes far less time.
-    Color m_strokeColor;
-    double m_strokeWidth = 0.0;
+    // Lines and bars of one opaque colour are kept back and painted at once, which takes far less time. Their order is
+    // not seen, nor that of what else has this colour.
+    Color m_color;
+    std::vector<Strokes> m_strokes;
+    Path m_bars;
     std::size_t m_kept = 0;
 };
 

@@ -45,7 +45,8 @@ CairoFonts::~CairoFonts()
 cairo_font_face_t* CairoFonts::open(const OdGiGlyphFont& font)
 {
     FT_Face face = nullptr;
-    if (font.path.empty() || FT_New_Face(m_library->library, font.path.c_str(), font.face, &face) != 0)
+    if (font.file->path.empty() ||
+        FT_New_Face(m_library->library, font.file->path.c_str(), font.file->face, &face) != 0)
         return nullptr;
     cairo_font_face_t* made = cairo_ft_font_face_create_for_ft_face(face, FT_LOAD_NO_HINTING);
     static const cairo_user_data_key_t key{};
@@ -55,7 +56,7 @@ cairo_font_face_t* CairoFonts::open(const OdGiGlyphFont& font)
 
 cairo_font_face_t* CairoFonts::faceOf(const OdGiGlyphFont& font)
 {
-    const auto [place, isNew] = m_faces.try_emplace({font.path, font.face}, nullptr);
+    const auto [place, isNew] = m_faces.try_emplace({font.file->path, font.file->face}, nullptr);
     if (isNew)
         place->second = open(font);
     return place->second;

@@ -1,6 +1,12 @@
 // What all canvases need.
 #include "render/Canvas.h"
 
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+
+#include "OdError.h"
+
 namespace render
 {
 
@@ -16,6 +22,16 @@ Path barPath(const OdGiTextBar& bar, const TextPlace& place, double slant)
     path.lineTo(at(low.x, high.y));
     path.close();
     return path;
+}
+
+void writeFile(const std::string& file, const std::string& bytes)
+{
+    errno = 0;
+    std::ofstream out(file, std::ios::binary);
+    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    out.close();
+    if (!out || bytes.empty())
+        throw OdError_FileWriteError(odUtf8ToString(file), odUtf8ToString(std::strerror(errno ? errno : ENOMEM)));
 }
 
 } // namespace render

@@ -43,7 +43,8 @@ struct ImageLooks
     Color background;
 };
 
-/// Paints in the order of the calls. Coordinates are pixels from the upper left corner of the page.
+/// Paints in the order of the calls, as far as that is seen. Coordinates are pixels from the upper left corner of the
+/// page.
 class Canvas
 {
 public:
@@ -52,6 +53,8 @@ public:
     /// With evenOdd, what lies within an even number of outlines is left out; else what is inside of any is filled.
     virtual void fill(const Path& path, const Color& color, bool evenOdd) = 0;
     virtual void stroke(const Path& path, const Color& color, double width) = 0;
+    /// Fills a quadrilateral without corners that point inward; of such shapes there may be many.
+    virtual void fillBar(const Path& quadrilateral, const Color& color) { fill(quadrilateral, color, false); }
     virtual void text(const OdGiShapedText& text, const TextPlace& place, const Color& color) = 0;
     virtual void image(const OdGiRasterImage& image, const ImagePlace& place, const ImageLooks& looks) = 0;
 
@@ -74,6 +77,9 @@ struct PageSize
     int width = 0;
     int height = 0;
 };
+
+/// Writes a file. Throws OdError_FileWriteError, also when there are no bytes.
+void writeFile(const std::string& file, const std::string& bytes);
 
 std::unique_ptr<Canvas> makePngCanvas(const std::string& file, const PageSize& size, const Color& background);
 std::unique_ptr<Canvas> makePdfCanvas(const std::string& file, const PageSize& size, const Color& background);

@@ -32,7 +32,7 @@ std::unique_ptr<Canvas> makeCanvas(const PictureOrder& order, const PageSize& si
 /// Pixels of a millimetre of line weight: those of the paper where the whole sheet is seen, else those of a screen.
 double lineWeightScale(const OdDbLayout& layout, const View& view, const PageSize& size, const PictureOrder& order)
 {
-    if (layout.modelType() || order.window || order.isActiveView)
+    if (isModel(layout) || order.window || order.isActiveView)
         return kPixelsPerMillimetre;
     return size.width / view.plane.diagonal().x * unitsPerMillimetre(layout);
 }

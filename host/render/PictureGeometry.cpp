@@ -16,9 +16,12 @@ namespace
 {
 
 constexpr double kTwoPi = 6.28318530717958647692;
-constexpr double kFar = 20000.0;      ///< pixels outside of the page that lines are cut at
-constexpr double kDeviation = 0.1;    ///< of curves, in pixels
-constexpr double kReadableText = 2.0; ///< height in pixels below which texts become bars
+constexpr double kFar = 20000.0;         ///< pixels outside of the page that lines are cut at
+constexpr double kDeviation = 0.1;       ///< of curves, in pixels
+constexpr double kSmallest = 1.0;        ///< pixels below which a shape is a line
+constexpr double kReadableText = 2.0;    ///< height in pixels below which texts become bars
+constexpr double kBarPart = 0.4;         ///< of the height of a text, that such a bar is high
+constexpr double kHighestText = 15000.0; ///< height in pixels above which no font is drawn
 
 bool isFinite(const OdGePoint2d& point)
 {
@@ -170,13 +173,24 @@ void PictureGeometry::drawLines(const Path& path, bool isClosed)
 
 void PictureGeometry::strokeLines(const Path& path, bool isClosed)
 {
-    if (path.empty() || !isSeen(path.bounds()))
+    if (path.empty())
+        return;
+    const OdGeExtents2d bounds = path.bounds();
+    if (!isSeen(bounds))
         return;
     const OdGiSubEntityTraitsData& traits = worldDraw().effectiveTraits();
     const Color color = m_looks.colorOf(traits);
     if (color.alpha == 0)
         return;
     const double width = m_looks.widthOf(traits);
+    if (m_canvas.showsPixels() && bounds.diagonal().length() < kSmallest)
+    {
+        // Within a pixel, nobody sees more than a line.
+        Path line;
+        line.moveTo(bounds.minPoint());
+        line.lineTo(bounds.maxPoint());
+        return m_canvas.stroke(line, color, width);
+    }
     const LinePattern* pattern = m_looks.patternOf(traits);
     if (!pattern)
         return m_canvas.stroke(path, color, width);
@@ -382,7 +396,7 @@ void PictureGeometry::text(const OdGePoint3d& position, const OdGeVector3d& norm
     const double height = place.up.length() * style.textSize();
     const double room =
         height * (length + 2.0) * 3.0 + place.along.length() * style.textSize() * style.xScale() * length * 3.0;
-    if (!isFinite(place.origin) || !std::isfinite(room))
+    if (!isFinite(place.origin) || !std::isfinite(room) || !(height < kHighestText))
         return;
     if (!isSeen(OdGeExtents2d(place.origin - OdGeVector2d(room, room), place.origin + OdGeVector2d(room, room))))
         return;
@@ -393,17 +407,20 @@ void PictureGeometry::drawText(const OdGiShapedText& shaped, const TextPlace& pl
 {
     if (!shaped.ink.isValidExtents() || shaped.fonts.empty())
         return;
-    Color color = m_looks.colorOf(worldDraw().effectiveTraits());
+    const Color color = m_looks.colorOf(worldDraw().effectiveTraits());
     if (color.alpha == 0)
         return;
     const bool isReadable = height >= kReadableText || !m_canvas.showsPixels();
-    if (isReadable && !shaped.fonts.front().path.empty())
+    if (isReadable && !shaped.fonts.front().file->path.empty())
         return m_canvas.text(shaped, place, color);
-    // A bar of half the darkness stands for what cannot be read, and for what there is no font for.
-    color.alpha = static_cast<OdUInt8>(color.alpha / 2);
-    const Path path = barPath(shaped.ink, place, shaped.fonts.front().slant);
+    // A bar, as dark as letters are, stands for what cannot be read, and for what there is no font for.
+    OdGeExtents2d bar = shaped.ink;
+    const double middle = bar.center().y;
+    const double half = (bar.maxPoint().y - bar.minPoint().y) * kBarPart / 2.0;
+    bar.set({bar.minPoint().x, middle - half}, {bar.maxPoint().x, middle + half});
+    const Path path = barPath(bar, place, shaped.fonts.front().slant);
     if (isSeen(path.bounds()))
-        m_canvas.fill(path, color, false);
+        m_canvas.fillBar(path, color);
 }
 
 void PictureGeometry::rasterImageDc(const OdGePoint3d& origin, const OdGeVector3d& u, const OdGeVector3d& v,

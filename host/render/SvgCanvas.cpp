@@ -10,10 +10,7 @@
 // Coordinates have two decimals, that is, hundredths of a pixel.
 #include <charconv>
 #include <cmath>
-#include <cstring>
-#include <fstream>
 
-#include "OdError.h"
 #include "render/Canvas.h"
 #include "render/ImagePixels.h"
 
@@ -209,11 +206,7 @@ public:
     {
         flush();
         m_out += "</svg>\n";
-        std::ofstream out(m_file, std::ios::binary);
-        out.write(m_out.data(), static_cast<std::streamsize>(m_out.size()));
-        out.close();
-        if (!out)
-            throw OdError_FileWriteError(odUtf8ToString(m_file), odUtf8ToString(std::strerror(errno)));
+        writeFile(m_file, m_out);
     }
 
     double thinnestLine() const override { return 0.5; }
@@ -269,9 +262,9 @@ void SvgCanvas::text(const OdGiShapedText& text, const TextPlace& place, const C
     m_out += "<text";
     appendMatrix(place.along * (unit * font.widthPart), (place.up + place.along * font.slant) * -unit, place.origin);
     appendColor(m_out, "fill", color);
-    m_out += " font-size=\"10\" font-family=\"'" + font.family + "', sans-serif\"";
-    m_out += font.bold ? " font-weight=\"bold\"" : "";
-    m_out += font.italic ? " font-style=\"italic\"" : "";
+    m_out += " font-size=\"10\" font-family=\"'" + font.file->family + "', sans-serif\"";
+    m_out += font.file->bold ? " font-weight=\"bold\"" : "";
+    m_out += font.file->italic ? " font-style=\"italic\"" : "";
     m_out += " textLength=\"";
     appendNumber(m_out, width);
     m_out += "\" lengthAdjust=\"spacingAndGlyphs\" xml:space=\"preserve\">" + escaped(text.text) + "</text>\n";

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <unordered_map>
 
 #include "DbBlockTableRecord.h"
 #include "DbDictionary.h"
@@ -30,23 +31,37 @@ OdGeExtents2d rectangle(const OdGePoint2d& center, double width, double height)
     return {center - half, center + half};
 }
 
-bool isOnShownLayer(const OdDbEntity& entity)
+/// Which layers are shown, each looked at once.
+class ShownLayers
 {
-    const OdDbLayerTableRecordPtr layer = OdDbLayerTableRecord::cast(entity.layerId().openObject());
-    return layer.isNull() || (!layer->isOff() && !layer->isFrozen());
-}
+public:
+    bool isShown(const OdDbObjectId& id)
+    {
+        const auto [place, isNew] = m_layers.try_emplace(static_cast<OdDbStub*>(id), true);
+        if (isNew)
+        {
+            const OdDbLayerTableRecordPtr layer = OdDbLayerTableRecord::cast(id.openObject());
+            place->second = layer.isNull() || (!layer->isOff() && !layer->isFrozen());
+        }
+        return place->second;
+    }
+
+private:
+    std::unordered_map<OdDbStub*, bool> m_layers;
+};
 
 /// The box around what is seen in a space, the sheet's own viewport left out.
 OdGeExtents3d extentsOf(const OdDbObjectId& blockId)
 {
     constexpr double kFarthest = 1e15; // what lies beyond is a mistake
     OdGeExtents3d extents;
+    ShownLayers layers;
     const OdDbBlockTableRecordPtr block = OdDbBlockTableRecord::cast(blockId.safeOpenObject());
     for (const OdDbObjectIteratorPtr at = block->newIterator(); !at->done(); at->step())
     {
         const OdDbEntityPtr entity = at->entity();
         OdGeExtents3d box;
-        if (entity.isNull() || entity->visibility() == OdDb::kInvisible || !isOnShownLayer(*entity) ||
+        if (entity.isNull() || entity->visibility() == OdDb::kInvisible || !layers.isShown(entity->layerId()) ||
             entity->getGeomExtents(box) != eOk)
             continue;
         const OdGePoint3d& low = box.minPoint();
@@ -80,7 +95,7 @@ OdGeExtents2d withRoom(const OdGeExtents2d& plane)
 View activeViewOf(OdDbDatabase& database, const OdDbLayout& layout)
 {
     View view;
-    if (!layout.modelType())
+    if (!isModel(layout))
     {
         const OdDbViewportPtr sheet = OdDbViewport::cast(layout.overallVportId().openObject());
         if (!sheet.isNull() && sheet->viewHeight() > 0.0 && sheet->height() > 0.0)
@@ -102,7 +117,7 @@ View activeViewOf(OdDbDatabase& database, const OdDbLayout& layout)
 OdGeExtents2d wholeOf(const OdDbLayout& layout)
 {
     const OdGeExtents2d drawn = fromAbove(extentsOf(layout.getBlockTableRecordId()));
-    if (layout.modelType())
+    if (isModel(layout))
         return withRoom(drawn);
     OdGeExtents2d sheet = sheetOf(layout);
     if (!sheet.isValidExtents())
@@ -138,6 +153,11 @@ OdDbLayoutPtr findLayout(OdDbDatabase& database, const OdString& name)
         names += (names.isEmpty() ? OdString() : OdString(L", ")) + at->name();
     }
     throw OdError(eKeyNotFound, L"The drawing has no layout \"" + name + L"\". It has: " + names);
+}
+
+bool isModel(const OdDbLayout& layout)
+{
+    return layout.getBlockTableRecordId() == layout.database()->getModelSpaceId();
 }
 
 double unitsPerMillimetre(const OdDbLayout& layout)
@@ -201,7 +221,7 @@ PageSize fitPage(View& view, const OdDbLayout& layout, const PictureOrder& order
     else
     {
         double longer = kLongerSide;
-        if (!layout.modelType() && !order.window && !order.isActiveView)
+        if (!isModel(layout) && !order.window && !order.isActiveView)
             longer = std::max(seen.x, seen.y) / unitsPerMillimetre(layout) * kPixelsPerMillimetre;
         longer = std::clamp(std::isfinite(longer) ? longer : kLongerSide, 100.0, static_cast<double>(kLargestSide));
         const double width = proportions >= 1.0 ? longer : longer * proportions;

@@ -19,6 +19,9 @@ struct View
 /// The layout with this name, case ignored; the current one for the empty name. Throws OdError (eKeyNotFound).
 OdDbLayoutPtr findLayout(OdDbDatabase& database, const OdString& name);
 
+/// True for the layout of the model, whatever its own settings say.
+bool isModel(const OdDbLayout& layout);
+
 /// The sheet of a paper layout in its drawing units, invalid when the layout has no paper size.
 OdGeExtents2d sheetOf(const OdDbLayout& layout);
 

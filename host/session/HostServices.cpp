@@ -15,8 +15,9 @@ const OdChar* const kPluginName = L"Quend.Zol.Cad.tx";
 namespace
 {
 
-// The plug-in lies in the folder "lib" beside the program's own folder, wherever the program was started from.
-OdString pluginFolder()
+// The plug-in and the SDK's modules lie in the folder "lib" beside the program's own folder, wherever the program was
+// started from.
+OdString moduleFolder()
 {
     std::error_code failure;
     const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", failure);
@@ -32,6 +33,7 @@ HostServices::HostServices(Plugin plugin)
     odInitialize();
     try
     {
+        odrxDynamicLinker()->addSearchFolder(moduleFolder());
         hostcommands::registerHostCommands();
         if (plugin == Plugin::kLoaded)
             loadPlugin();
@@ -50,7 +52,6 @@ HostServices::~HostServices()
 
 void HostServices::loadPlugin()
 {
-    odrxDynamicLinker()->addSearchFolder(pluginFolder());
     odrxDynamicLinker()->loadApp(kPluginName, false);
 }
 

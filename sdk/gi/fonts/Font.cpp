@@ -35,7 +35,7 @@ std::shared_ptr<const Typeface> typefaceOf(const FontFile& file)
 
 std::shared_ptr<const Typeface> typefaceOf(const OdGiGlyphFont& font)
 {
-    return typefaceOf(FontFile{font.path, {}, font.face});
+    return typefaceOf(*font.file);
 }
 
 Font::Font(FontRequest request)

@@ -1,25 +1,15 @@
 // Finds installed fonts.
 #pragma once
 
-#include <string>
 #include <vector>
 
+#include "Gi/GiShapedText.h"
 #include "gi/fonts/FontNames.h"
 
 namespace fonts
 {
 
-/// A font as it is installed.
-struct FontFile
-{
-    std::string path;
-    std::string family;
-    int face = 0;
-    bool bold = false;
-    bool italic = false;
-
-    bool operator==(const FontFile& other) const { return path == other.path && face == other.face; }
-};
+using FontFile = OdGiFontFile;
 
 /// Whether characters are in a font. Shares what the system keeps of the font.
 class Coverage

@@ -144,9 +144,8 @@ OdUInt32 fontIndex(OdGiShapedText& shaped, std::vector<const Typeface*>& typefac
     if (known != typefaces.end())
         return static_cast<OdUInt32>(known - typefaces.begin());
     typefaces.push_back(typeface);
-    const FontFile& file = typeface->file();
-    shaped.fonts.push_back({file.path, file.family, file.face, file.bold, file.italic,
-                            typeface->emSize() * style.textSize(), style.xScale() * found.widthPart, slant});
+    shaped.fonts.push_back(
+        {&typeface->file(), typeface->emSize() * style.textSize(), style.xScale() * found.widthPart, slant});
     return static_cast<OdUInt32>(typefaces.size() - 1);
 }
 

@@ -18,17 +18,23 @@ struct OdGiGlyph
     double y = 0.0;
 };
 
-/** A font that glyphs are taken from. */
+/** An installed font. It lives as long as the program. */
+struct OdGiFontFile
+{
+    std::string path;   ///< of the file; empty when no font is installed, glyphs have no shape then
+    std::string family; ///< its name
+    int face = 0;       ///< which of the fonts in the file
+    bool bold = false;  ///< its cut
+    bool italic = false;
+};
+
+/** A font that glyphs are taken from, as a line of text uses it. */
 struct OdGiGlyphFont
 {
-    std::string path;       ///< of the file; empty when no font is installed, glyphs have no shape then
-    std::string family;     ///< its name as installed
-    int face = 0;           ///< which of the fonts in the file
-    bool bold = false;      ///< its cut, as it is installed
-    bool italic = false;    ///< the same
-    double emSize = 1.0;    ///< the height of the em square in drawing units
-    double widthPart = 1.0; ///< its width in proportion to its height
-    double slant = 0.0;     ///< how far a point moves to the right per unit that it lies above the base line
+    const OdGiFontFile* file = nullptr; ///< never null in a line of text
+    double emSize = 1.0;                ///< the height of the em square in drawing units
+    double widthPart = 1.0;             ///< its width in proportion to its height
+    double slant = 0.0; ///< how far a point moves to the right per unit that it lies above the base line
 };
 
 /** A line that belongs to a text, below, above or through it: a rectangle, before the slant. */

@@ -88,7 +88,7 @@ TEST(ShapedText, FollowsItsStyle)
     EXPECT_EQ(shape(style, L"x").fonts.front().slant, 0.0) << "an italic font needs no slant";
     style.setObliquingAngle(std::atan(0.5));
     EXPECT_NEAR(shape(style, L"x").fonts.front().slant, 0.5, 1e-9);
-    EXPECT_NE(shape(style, L"x").fonts.front().path, shape(typeface(L"Arial"), L"x").fonts.front().path);
+    EXPECT_NE(shape(style, L"x").fonts.front().file->path, shape(typeface(L"Arial"), L"x").fonts.front().file->path);
 }
 
 TEST(ShapedText, ReadsPercentCodesUnlessToldThatTheTextIsRaw)
