@@ -15,6 +15,7 @@
 #include "db/Groups.h"
 #include "db/ObjectCore.h"
 #include "db/SymbolNames.h"
+#include "support/ErrorCode.h"
 
 namespace coretest
 {
@@ -83,19 +84,6 @@ OdResBufPtr xdataChain(const OdChar* application, int value, const OdChar* text)
 /// The chain that removes the application's data.
 OdResBufPtr xdataRemoval(const OdChar* application);
 
-/// The code that the call throws as an OdError; eOk when it throws nothing.
-template<class Call>
-OdResult thrownBy(Call call)
-{
-    try
-    {
-        call();
-        return eOk;
-    }
-    catch (const OdError& error)
-    {
-        return error.code();
-    }
-}
+using support::codeOf;
 
 } // namespace coretest

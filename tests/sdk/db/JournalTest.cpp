@@ -188,7 +188,7 @@ TEST_F(JournalRecords, AFailedRunIsDroppedAndCostsNoRedo)
     EXPECT_FALSE(db().hasUndo());
     EXPECT_FALSE(db().hasRedo());
     db().startTransaction();
-    EXPECT_EQ(thrownBy([&] { db().dropUndoRecordsAfter(0); }), eUndoOperationNotAvailable);
+    EXPECT_EQ(codeOf([&] { db().dropUndoRecordsAfter(0); }), eUndoOperationNotAvailable);
     db().abortTransaction();
 }
 
@@ -254,9 +254,9 @@ TEST_F(JournalRecords, AbortAcrossRunsDropsTheirRecords)
     db().disableUndoRecording(false);
     run(L"2");
     run(L"3");
-    EXPECT_EQ(thrownBy([&] { db().undo(); }), eUndoOperationNotAvailable);
-    EXPECT_EQ(thrownBy([&] { db().redo(); }), eUndoOperationNotAvailable);
-    EXPECT_EQ(thrownBy([&] { db().clearUndo(); }), eUndoOperationNotAvailable);
+    EXPECT_EQ(codeOf([&] { db().undo(); }), eUndoOperationNotAvailable);
+    EXPECT_EQ(codeOf([&] { db().redo(); }), eUndoOperationNotAvailable);
+    EXPECT_EQ(codeOf([&] { db().clearUndo(); }), eUndoOperationNotAvailable);
     EXPECT_EQ(lineCount(), 3u);
     db().disableUndoRecording(true);
     db().abortTransaction();
@@ -287,14 +287,14 @@ TEST_F(JournalRecords, ARecordThatBeganBeforeTheTransactionStays)
 
 TEST_F(JournalRecords, EndAndAbortNeedATransaction)
 {
-    EXPECT_EQ(thrownBy([&] { db().endTransaction(); }), eNoActiveTransactions);
-    EXPECT_EQ(thrownBy([&] { db().abortTransaction(); }), eNoActiveTransactions);
+    EXPECT_EQ(codeOf([&] { db().endTransaction(); }), eNoActiveTransactions);
+    EXPECT_EQ(codeOf([&] { db().abortTransaction(); }), eNoActiveTransactions);
     db().startTransaction();
     db().startTransaction();
     EXPECT_EQ(db().numActiveTransactions(), 2);
     db().endTransaction();
     db().abortTransaction();
-    EXPECT_EQ(thrownBy([&] { db().endTransaction(); }), eNoActiveTransactions);
+    EXPECT_EQ(codeOf([&] { db().endTransaction(); }), eNoActiveTransactions);
 }
 
 TEST_F(JournalRecords, MakingErasingAndBringingBackInOneRun)

@@ -81,7 +81,7 @@ TEST(MemoryFiler, GivesBackSequencesOfAllTypes)
         for (const std::size_t index : written)
             ASSERT_TRUE(kValues[index].isRead(*filer)) << kValues[index].name;
         EXPECT_TRUE(filer->atEnd());
-        EXPECT_EQ(thrownBy([&] { filer->rdBool(); }), eEndOfFile);
+        EXPECT_EQ(codeOf([&] { filer->rdBool(); }), eEndOfFile);
     }
 }
 
@@ -95,7 +95,7 @@ TEST(MemoryFiler, RefusesEveryOtherTypeAndStaysWhereItIs)
             FilerPtr filer = MemoryDwgFiler::create(OdDbFiler::kCopyFiler, nullptr);
             written.write(*filer);
             filer->beginReading(OdDbFiler::kCopyFiler, nullptr);
-            EXPECT_EQ(thrownBy([&] { asked.isRead(*filer); }), eDwgObjectImproperlyRead)
+            EXPECT_EQ(codeOf([&] { asked.isRead(*filer); }), eDwgObjectImproperlyRead)
                 << written.name << " as " << asked.name;
             EXPECT_TRUE(written.isRead(*filer)) << written.name;
         }
@@ -112,7 +112,7 @@ TEST(MemoryFiler, ReadsNothingBehindAnyCut)
         const std::vector<std::uint8_t> cut(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(size));
         filer->setBytes(cut);
         std::size_t read = 0;
-        const OdResult result = thrownBy(
+        const OdResult result = codeOf(
             [&]
             {
                 for (const ValueCase& value : kValues)
@@ -137,8 +137,8 @@ TEST(MemoryFiler, SeeksWithinItsDataOnly)
     filer->seek(-second, OdDbDwgFiler::kSeekFromEnd);
     EXPECT_EQ(filer->rdInt32(), 2);
     for (const OdInt64 offset : {OdInt64(-1), second * 2 + 1, INT64_MIN, INT64_MAX})
-        EXPECT_EQ(thrownBy([&] { filer->seek(offset, OdDbDwgFiler::kSeekFromStart); }), eEndOfFile) << offset;
-    EXPECT_EQ(thrownBy([&] { filer->seek(INT64_MAX, OdDbDwgFiler::kSeekFromCurrent); }), eEndOfFile);
+        EXPECT_EQ(codeOf([&] { filer->seek(offset, OdDbDwgFiler::kSeekFromStart); }), eEndOfFile) << offset;
+    EXPECT_EQ(codeOf([&] { filer->seek(INT64_MAX, OdDbDwgFiler::kSeekFromCurrent); }), eEndOfFile);
     EXPECT_TRUE(filer->atEnd());
 }
 
@@ -174,7 +174,7 @@ TEST(MemoryFiler, DamagedRowsOfGroupsAreRefused)
             damaged[random() % damaged.size()] = static_cast<std::uint8_t>(random());
         damaged.resize(random() % 4 ? damaged.size() : random() % damaged.size());
         filer->setBytes(damaged);
-        refused += thrownBy([&] { oddb::readGroups(*filer); }) != eOk;
+        refused += codeOf([&] { oddb::readGroups(*filer); }) != eOk;
     }
     EXPECT_GT(refused, 1000);
 }
@@ -218,15 +218,15 @@ TEST(GroupsFiler, ReadsWhatItWroteAndRefusesOtherTypes)
     writer->wrObjectId(340, &theStubs[0]);
     const Groups groups = writer->finish();
     OdSmartPtr<GroupsDxfFiler> reader = GroupsDxfFiler::createReader(groups, nullptr);
-    EXPECT_EQ(thrownBy([&] { reader->rdString(); }), eInvalidContext); // before the first group
+    EXPECT_EQ(codeOf([&] { reader->rdString(); }), eInvalidContext); // before the first group
     EXPECT_FALSE(reader->atSubclassData(L"AcDbOther"));
     EXPECT_TRUE(reader->atSubclassData(L"AcDbThing"));
     EXPECT_EQ(reader->nextItem(), 70);
-    EXPECT_EQ(thrownBy([&] { reader->rdString(); }), eInvalidGroupCode);
+    EXPECT_EQ(codeOf([&] { reader->rdString(); }), eInvalidGroupCode);
     EXPECT_EQ(reader->rdInt16(), 1);
     EXPECT_EQ(reader->nextItem(), 1);
-    EXPECT_EQ(thrownBy([&] { reader->rdInt16(); }), eInvalidGroupCode);
-    EXPECT_EQ(thrownBy([&] { reader->rdDouble(); }), eInvalidGroupCode);
+    EXPECT_EQ(codeOf([&] { reader->rdInt16(); }), eInvalidGroupCode);
+    EXPECT_EQ(codeOf([&] { reader->rdDouble(); }), eInvalidGroupCode);
     reader->pushBackItem();
     EXPECT_EQ(reader->nextItem(), 1);
     EXPECT_EQ(reader->nextItem(), 290);
@@ -240,7 +240,7 @@ TEST(GroupsFiler, ReadsWhatItWroteAndRefusesOtherTypes)
     EXPECT_EQ(reader->nextItem(), 340);
     EXPECT_EQ(reader->rdObjectId(), OdDbObjectId(&theStubs[0]));
     EXPECT_TRUE(reader->atEOF());
-    EXPECT_EQ(thrownBy([&] { reader->nextItem(); }), eEndOfFile);
+    EXPECT_EQ(codeOf([&] { reader->nextItem(); }), eEndOfFile);
 }
 
 TEST(GroupsFiler, NarrowsNumbersOnlyWhereTheyFit)
@@ -250,12 +250,12 @@ TEST(GroupsFiler, NarrowsNumbersOnlyWhereTheyFit)
     OdSmartPtr<GroupsDxfFiler> reader = GroupsDxfFiler::createReader(groups, nullptr);
     reader->nextItem();
     EXPECT_EQ(reader->rdUInt16(), 40000);
-    EXPECT_EQ(thrownBy([&] { reader->rdInt8(); }), eOutOfRange);
+    EXPECT_EQ(codeOf([&] { reader->rdInt8(); }), eOutOfRange);
     reader->nextItem();
     EXPECT_EQ(reader->rdInt32(), -1); // files write the upper half either way
     EXPECT_EQ(reader->rdUInt32(), 4294967295u);
     reader->nextItem();
-    EXPECT_EQ(thrownBy([&] { reader->rdInt32(); }), eOutOfRange);
+    EXPECT_EQ(codeOf([&] { reader->rdInt32(); }), eOutOfRange);
 }
 
 // Copies bring everything that belongs to the object, through the filers of the base class.
@@ -272,7 +272,7 @@ TEST(ObjectFiling, CopiesAreComplete)
     EXPECT_EQ(copy->lines.size(), 1u);
     EXPECT_TRUE(copy->hasPersistentReactor(reactor));
     EXPECT_FALSE(copy->xData(L"ONE").isNull());
-    EXPECT_EQ(thrownBy([&] { copy->copyFrom(drawing.addRecord(1).safeOpenObject()); }), eNotThatKindOfClass);
+    EXPECT_EQ(codeOf([&] { copy->copyFrom(drawing.addRecord(1).safeOpenObject()); }), eNotThatKindOfClass);
 }
 
 } // namespace

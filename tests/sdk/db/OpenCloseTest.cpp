@@ -67,12 +67,12 @@ TEST(OpenClose, WhoMayOpenWhatIsHeld)
     for (const OpenCase& test : kOpenCases)
     {
         const OdDbObjectPtr held = hold(id, test.held);
-        EXPECT_EQ(thrownBy([&] { id.safeOpenObject(test.mode); }), test.result)
+        EXPECT_EQ(codeOf([&] { id.safeOpenObject(test.mode); }), test.result)
             << int(test.held) << " then " << test.mode;
         EXPECT_EQ(id.openObject(test.mode).isNull(), test.result != eOk);
     }
     // Nothing is left open by any of these.
-    EXPECT_EQ(thrownBy([&] { id.safeOpenObject(OdDb::kForWrite); }), eOk);
+    EXPECT_EQ(codeOf([&] { id.safeOpenObject(OdDb::kForWrite); }), eOk);
 }
 
 struct AccessCase
@@ -96,12 +96,12 @@ TEST(OpenClose, WhatAnOpenObjectAllows)
     for (const AccessCase& test : kAccessCases)
     {
         const OdDbObjectPtr object = hold(id, test.held);
-        EXPECT_EQ(thrownBy([&] { object->assertReadEnabled(); }), test.reading) << int(test.held);
-        EXPECT_EQ(thrownBy([&] { object->assertWriteEnabled(); }), test.writing) << int(test.held);
-        EXPECT_EQ(thrownBy([&] { object->assertNotifyEnabled(); }), test.notifying) << int(test.held);
+        EXPECT_EQ(codeOf([&] { object->assertReadEnabled(); }), test.reading) << int(test.held);
+        EXPECT_EQ(codeOf([&] { object->assertWriteEnabled(); }), test.writing) << int(test.held);
+        EXPECT_EQ(codeOf([&] { object->assertNotifyEnabled(); }), test.notifying) << int(test.held);
         EXPECT_EQ(object->isReadEnabled(), test.reading == eOk);
         EXPECT_EQ(object->isWriteEnabled(), test.writing == eOk);
-        EXPECT_EQ(thrownBy([&] { object->upgradeOpen(); }), test.upgrading) << int(test.held);
+        EXPECT_EQ(codeOf([&] { object->upgradeOpen(); }), test.upgrading) << int(test.held);
     }
 }
 
@@ -109,14 +109,14 @@ TEST(OpenClose, AClosedObjectRefusesWhoeverKeptItsAddress)
 {
     CoreDrawing drawing;
     OdDbObject* object = drawing.addLedger().safeOpenObject().get();
-    EXPECT_EQ(thrownBy([&] { object->assertReadEnabled(); }), eNotOpenForRead);
-    EXPECT_EQ(thrownBy([&] { object->assertNotifyEnabled(); }), eNotOpenForRead);
-    EXPECT_EQ(thrownBy([&] { object->upgradeOpen(); }), eNotOpenForRead);
-    EXPECT_EQ(thrownBy([&] { object->downgradeOpen(); }), eNotOpenForWrite);
-    EXPECT_EQ(thrownBy([&] { object->erase(); }), eNotOpenForWrite);
-    EXPECT_EQ(thrownBy([&] { object->setXData(xdataChain(L"ONE", 1, L"")); }), eNotOpenForWrite);
-    EXPECT_EQ(thrownBy([&] { object->addPersistentReactor(object->objectId()); }), eNotOpenForWrite);
-    EXPECT_EQ(thrownBy([&] { object->setOwnerId(OdDbObjectId()); }), eNotOpenForWrite);
+    EXPECT_EQ(codeOf([&] { object->assertReadEnabled(); }), eNotOpenForRead);
+    EXPECT_EQ(codeOf([&] { object->assertNotifyEnabled(); }), eNotOpenForRead);
+    EXPECT_EQ(codeOf([&] { object->upgradeOpen(); }), eNotOpenForRead);
+    EXPECT_EQ(codeOf([&] { object->downgradeOpen(); }), eNotOpenForWrite);
+    EXPECT_EQ(codeOf([&] { object->erase(); }), eNotOpenForWrite);
+    EXPECT_EQ(codeOf([&] { object->setXData(xdataChain(L"ONE", 1, L"")); }), eNotOpenForWrite);
+    EXPECT_EQ(codeOf([&] { object->addPersistentReactor(object->objectId()); }), eNotOpenForWrite);
+    EXPECT_EQ(codeOf([&] { object->setOwnerId(OdDbObjectId()); }), eNotOpenForWrite);
 }
 
 TEST(OpenClose, WritersInsideOfReaders)
@@ -128,7 +128,7 @@ TEST(OpenClose, WritersInsideOfReaders)
     {
         LedgerPtr writer = id.safeOpenObject(OdDb::kForWrite);
         writer->put(L"line");
-        EXPECT_EQ(thrownBy([&] { id.safeOpenObject(OdDb::kForWrite); }), eWasOpenForWrite);
+        EXPECT_EQ(codeOf([&] { id.safeOpenObject(OdDb::kForWrite); }), eWasOpenForWrite);
     }
     outer->upgradeOpen();
     outer->upgradeOpen();
@@ -136,7 +136,7 @@ TEST(OpenClose, WritersInsideOfReaders)
     EXPECT_TRUE(outer->isWriteEnabled());
     outer->downgradeOpen();
     EXPECT_FALSE(outer->isWriteEnabled());
-    EXPECT_EQ(thrownBy([&] { outer->downgradeOpen(); }), eNotOpenForWrite);
+    EXPECT_EQ(codeOf([&] { outer->downgradeOpen(); }), eNotOpenForWrite);
 }
 
 TEST(OpenClose, TheSamePointerMayTakeTheWriterFromTheReader)
@@ -145,9 +145,9 @@ TEST(OpenClose, TheSamePointerMayTakeTheWriterFromTheReader)
     const OdDbObjectId id = drawing.addLedger();
     OdDbObjectPtr object = id.safeOpenObject(OdDb::kForRead);
     object = id.safeOpenObject(OdDb::kForWrite);
-    EXPECT_EQ(thrownBy([&] { object->assertWriteEnabled(); }), eOk);
+    EXPECT_EQ(codeOf([&] { object->assertWriteEnabled(); }), eOk);
     object.release();
-    EXPECT_EQ(thrownBy([&] { id.safeOpenObject(OdDb::kForWrite); }), eOk);
+    EXPECT_EQ(codeOf([&] { id.safeOpenObject(OdDb::kForWrite); }), eOk);
 }
 
 TEST(OpenClose, NewObjectsAreOpenForTheirMakerUntilReleased)
@@ -161,11 +161,11 @@ TEST(OpenClose, NewObjectsAreOpenForTheirMakerUntilReleased)
     const OdDbObjectId id = drawing.db->addOdDbObject(made);
     EXPECT_TRUE(made->isNewObject());
     made->put(L"while it is new");
-    EXPECT_EQ(thrownBy([&] { drawing.db->addOdDbObject(made); }), eAlreadyInDb);
+    EXPECT_EQ(codeOf([&] { drawing.db->addOdDbObject(made); }), eAlreadyInDb);
     made.release();
     EXPECT_FALSE(id.safeOpenObject()->isNewObject());
-    EXPECT_EQ(thrownBy([&] { drawing.db->addOdDbObject(nullptr); }), eNullObjectPointer);
-    EXPECT_EQ(thrownBy([&] { drawing.db->addOdDbObject(Ledger::createObject(), OdDbObjectId(), id.getHandle()); }),
+    EXPECT_EQ(codeOf([&] { drawing.db->addOdDbObject(nullptr); }), eNullObjectPointer);
+    EXPECT_EQ(codeOf([&] { drawing.db->addOdDbObject(Ledger::createObject(), OdDbObjectId(), id.getHandle()); }),
               eHandleExists);
 }
 
@@ -173,8 +173,8 @@ TEST(OpenClose, IdsWithoutObject)
 {
     CoreDrawing drawing;
     const OdDbObjectId null, dangling = drawing.db->getOdDbObjectId(0x7777, true);
-    EXPECT_EQ(thrownBy([&] { null.safeOpenObject(); }), eNullObjectId);
-    EXPECT_EQ(thrownBy([&] { dangling.safeOpenObject(); }), eInvalidObjectId);
+    EXPECT_EQ(codeOf([&] { null.safeOpenObject(); }), eNullObjectId);
+    EXPECT_EQ(codeOf([&] { dangling.safeOpenObject(); }), eInvalidObjectId);
     EXPECT_TRUE(null.openObject().isNull());
     EXPECT_TRUE(dangling.openObject(OdDb::kForRead, true).isNull());
     EXPECT_FALSE(dangling.isValid());
@@ -207,13 +207,13 @@ TEST(OpenClose, ErasingAsksTheClassAndIsSeenThroughTheId)
     EXPECT_EQ(id.safeOpenObject(OdDb::kForWrite)->erase(), eDeletionNotAllowed);
     EXPECT_FALSE(id.isErased());
     Ledger::whileErasing = [](Ledger&, bool) -> OdResult { throw OdError(eInvalidInput); };
-    EXPECT_EQ(thrownBy([&] { id.safeOpenObject(OdDb::kForWrite)->erase(); }), eInvalidInput);
+    EXPECT_EQ(codeOf([&] { id.safeOpenObject(OdDb::kForWrite)->erase(); }), eInvalidInput);
     EXPECT_FALSE(id.isErased());
     Ledger::whileErasing = nullptr;
     EXPECT_EQ(id.safeOpenObject(OdDb::kForWrite)->erase(), eOk);
     EXPECT_TRUE(id.isErased());
     EXPECT_TRUE(id.isValid());
-    EXPECT_EQ(thrownBy([&] { id.safeOpenObject(); }), eWasErased);
+    EXPECT_EQ(codeOf([&] { id.safeOpenObject(); }), eWasErased);
     EXPECT_TRUE(id.openObject(OdDb::kForRead).isNull());
     const OdDbObjectPtr erased = id.safeOpenObject(OdDb::kForWrite, true);
     EXPECT_EQ(erased->erase(true), eOk);

@@ -136,10 +136,10 @@ TEST_F(XData, RefusesWhatIsNoneAndChangesNothing)
     };
     for (const auto& test : cases)
     {
-        EXPECT_EQ(thrownBy([&] { object->setXData(test.chain); }), test.result);
+        EXPECT_EQ(codeOf([&] { object->setXData(test.chain); }), test.result);
         EXPECT_EQ(print(object->xData()), "1001=TWO 1071=2 1000=b ");
     }
-    EXPECT_EQ(thrownBy([] { Ledger::createObject()->setXData(xdataChain(L"ONE", 1, L"")); }), eNoDatabase);
+    EXPECT_EQ(codeOf([] { Ledger::createObject()->setXData(xdataChain(L"ONE", 1, L"")); }), eNoDatabase);
 }
 
 OdResBufPtr longChain(const OdChar* application, int strings, std::size_t length)
@@ -153,14 +153,14 @@ OdResBufPtr longChain(const OdChar* application, int strings, std::size_t length
 TEST_F(XData, AtMostSixteenKilobytesOfAllApplicationsTogether)
 {
     // A text takes four bytes more than its characters, an application ten.
-    EXPECT_EQ(thrownBy([&] { object->setXData(longChain(L"ONE", 63, 255)); }), eOk);
-    EXPECT_EQ(thrownBy([&] { object->setXData(longChain(L"ONE", 64, 255)); }), eXdataSizeExceeded);
+    EXPECT_EQ(codeOf([&] { object->setXData(longChain(L"ONE", 63, 255)); }), eOk);
+    EXPECT_EQ(codeOf([&] { object->setXData(longChain(L"ONE", 64, 255)); }), eXdataSizeExceeded);
     EXPECT_EQ(object->xData()->numElements(), 64u);
-    EXPECT_EQ(thrownBy([&] { object->setXData(longChain(L"TWO", 1, 16384 - 10 - 63 * 259 - 10 - 4)); }), eOk);
-    EXPECT_EQ(thrownBy([&] { object->setXData(longChain(L"TWO", 1, 16384 - 10 - 63 * 259 - 10 - 3)); }),
+    EXPECT_EQ(codeOf([&] { object->setXData(longChain(L"TWO", 1, 16384 - 10 - 63 * 259 - 10 - 4)); }), eOk);
+    EXPECT_EQ(codeOf([&] { object->setXData(longChain(L"TWO", 1, 16384 - 10 - 63 * 259 - 10 - 3)); }),
               eXdataSizeExceeded);
-    EXPECT_EQ(thrownBy([&] { object->setXData(xdataRemoval(L"ONE")); }), eOk);
-    EXPECT_EQ(thrownBy([&] { object->setXData(longChain(L"TWO", 60, 255)); }), eOk);
+    EXPECT_EQ(codeOf([&] { object->setXData(xdataRemoval(L"ONE")); }), eOk);
+    EXPECT_EQ(codeOf([&] { object->setXData(longChain(L"TWO", 60, 255)); }), eOk);
 }
 
 TEST_F(XData, EqualValuesOfManyObjectsAreStoredOnce)
@@ -187,7 +187,7 @@ TEST_F(XData, ChainsThatAreSetAgainMeanWhatTheyMeanNow)
     EXPECT_EQ(print(object->xData(L"ONE")), "1001=ONE 1071=8 1000=a ");
 
     OdDbStub* one = std::exchange(drawing.applications.m_records["ONE"], nullptr);
-    EXPECT_EQ(thrownBy([&] { object->setXData(chain); }), eRegappIdNotFound);
+    EXPECT_EQ(codeOf([&] { object->setXData(chain); }), eRegappIdNotFound);
     drawing.applications.m_records["ONE"] = drawing.applications.m_records["TWO"]; // registered again
     const OdDbObjectPtr second = drawing.addLedger().safeOpenObject(OdDb::kForWrite);
     second->setXData(chain);
@@ -228,7 +228,7 @@ TEST_F(XData, HandlesOfAChainAreFoundInTheDatabaseThatIsAsked)
     element->setHandle(id.getHandle());
     EXPECT_EQ(element->getObjectId(drawing.db), id);
     EXPECT_NE(element->getObjectId(other.db), id);
-    EXPECT_EQ(thrownBy([&] { element->getObjectId(); }), eInvalidResBuf);
+    EXPECT_EQ(codeOf([&] { element->getObjectId(); }), eInvalidResBuf);
     element->setHandle(OdDbHandle(0xFFFFFF));
     EXPECT_TRUE(element->getObjectId(drawing.db).isNull()) << "asking makes nothing";
     element->setObjectId(id);

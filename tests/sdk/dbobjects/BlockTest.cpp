@@ -2,52 +2,20 @@
 #include <algorithm>
 #include <vector>
 
+#include "BlockDrawing.h"
 #include "Db2dPolyline.h"
 #include "DbBlockBegin.h"
-#include "DbBlockReference.h"
-#include "DbBlockTable.h"
-#include "DbBlockTableRecord.h"
 #include "DbLayout.h"
-#include "DbLine.h"
 #include "DbVertex.h"
-#include "ObjectsTest.h"
 
 namespace
 {
 
 using namespace objectstest;
 
-class BlockTest : public ObjectsTest
+class BlockTest : public BlockDrawing
 {
 protected:
-    OdDbBlockTableRecordPtr block(const OdDbObjectId& id, OdDb::OpenMode mode = OdDb::kForRead) const
-    {
-        return open<OdDbBlockTableRecord>(id, mode);
-    }
-    OdDbObjectId makeBlock(const OdString& name) const
-    {
-        const OdDbBlockTableRecordPtr made = OdDbBlockTableRecord::createObject();
-        made->setName(name);
-        return open<OdDbBlockTable>(database->getBlockTableId(), OdDb::kForWrite)->add(made);
-    }
-    OdDbObjectId addLine(const OdDbObjectId& owner) const
-    {
-        return block(owner, OdDb::kForWrite)->appendOdDbEntity(OdDbLine::createObject());
-    }
-    OdDbObjectId addReference(const OdDbObjectId& owner, const OdDbObjectId& drawn) const
-    {
-        const OdDbBlockReferencePtr reference = OdDbBlockReference::createObject();
-        const OdDbObjectId id = block(owner, OdDb::kForWrite)->appendOdDbEntity(reference);
-        reference->setBlockTableRecord(drawn);
-        return id;
-    }
-    std::vector<OdDbObjectId> entitiesOf(const OdDbObjectId& id, bool skipErased = true) const
-    {
-        std::vector<OdDbObjectId> found;
-        for (auto it = block(id)->newIterator(true, skipErased); !it->done(); it->step(true, skipErased))
-            found.push_back(it->objectId());
-        return found;
-    }
     std::vector<OdDbObjectId> referencesTo(const OdDbObjectId& id, bool directOnly = true) const
     {
         OdDbObjectIdArray found;
@@ -61,7 +29,6 @@ protected:
         std::sort(ids.begin(), ids.end());
         return ids;
     }
-    using Ids = std::vector<OdDbObjectId>;
 };
 
 TEST_F(BlockTest, KeepsTheDrawingOrderThroughUndo)

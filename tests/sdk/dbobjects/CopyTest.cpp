@@ -4,17 +4,12 @@
 #include <filesystem>
 #include <functional>
 
+#include "BlockDrawing.h"
 #include "DbAttribute.h"
-#include "DbBlockReference.h"
-#include "DbBlockTable.h"
-#include "DbBlockTableRecord.h"
 #include "DbDimension.h"
-#include "DbIdMapping.h"
 #include "DbLayerTable.h"
 #include "DbLayerTableRecord.h"
-#include "DbLine.h"
 #include "DbLinetypeTableRecord.h"
-#include "ObjectsTest.h"
 #include "db/BlockCore.h"
 #include "db/DictionaryCore.h"
 #include "db/DxfClassTable.h"
@@ -60,34 +55,9 @@ int foreignReferences(const OdDbDatabase& database)
     return count;
 }
 
-class CopyTest : public ObjectsTest
+class CopyTest : public BlockDrawing
 {
 protected:
-    OdDbBlockTableRecordPtr space(OdDb::OpenMode mode = OdDb::kForWrite) const
-    {
-        return open<OdDbBlockTableRecord>(database->getModelSpaceId(), mode);
-    }
-    OdDbObjectId addLine(const OdDbObjectId& owner) const
-    {
-        const OdDbLinePtr line = OdDbLine::createObject();
-        const OdDbObjectId id = open<OdDbBlockTableRecord>(owner, OdDb::kForWrite)->appendOdDbEntity(line);
-        line->setEndPoint(OdGePoint3d(3, 4, 0));
-        return id;
-    }
-    OdDbObjectId addLine() const { return addLine(database->getModelSpaceId()); }
-    OdDbObjectId makeBlock(const OdString& name) const
-    {
-        const OdDbBlockTableRecordPtr made = OdDbBlockTableRecord::createObject();
-        made->setName(name);
-        return open<OdDbBlockTable>(database->getBlockTableId(), OdDb::kForWrite)->add(made);
-    }
-    OdDbObjectId addReference(const OdDbObjectId& owner, const OdDbObjectId& drawn) const
-    {
-        const OdDbBlockReferencePtr reference = OdDbBlockReference::createObject();
-        const OdDbObjectId id = open<OdDbBlockTableRecord>(owner, OdDb::kForWrite)->appendOdDbEntity(reference);
-        reference->setBlockTableRecord(drawn);
-        return id;
-    }
     OdDbObjectId addLayer(const OdString& name, const OdString& linetypeName) const
     {
         const OdDbLinetypeTableRecordPtr linetype = OdDbLinetypeTableRecord::createObject();
@@ -100,10 +70,9 @@ protected:
         layer->setLinetypeObjectId(linetype->objectId());
         return layer->objectId();
     }
-    OdDbObjectIdArray copyWithin(const OdDbObjectIdArray& ids, const OdDbObjectId& owner = OdDbObjectId()) const
+    OdDbObjectIdArray copiesWithin(const OdDbObjectIdArray& ids) const
     {
-        const OdDbIdMappingPtr mapping = OdDbIdMapping::createObject();
-        database->deepCloneObjects(ids, owner, *mapping);
+        const OdDbIdMappingPtr mapping = copyWithin(ids);
         OdDbObjectIdArray copies;
         for (const OdDbObjectId& id : ids)
         {
@@ -113,18 +82,7 @@ protected:
         }
         return copies;
     }
-    static std::vector<OdDbObjectId> entitiesOf(const OdDbDatabase& drawing, const OdDbObjectId& id)
-    {
-        std::vector<OdDbObjectId> found;
-        const auto block = open<OdDbBlockTableRecord>(id.isNull() ? drawing.getModelSpaceId() : id);
-        for (auto it = block->newIterator(); !it->done(); it->step())
-            found.push_back(it->objectId());
-        return found;
-    }
-    static OdDbObjectId find(const OdDbObjectId& tableId, const OdString& name)
-    {
-        return open<OdDbSymbolTable>(tableId)->getAt(name);
-    }
+    static Ids modelOf(const OdDbDatabase& drawing) { return entitiesOf(drawing.getModelSpaceId()); }
 };
 
 TEST_F(CopyTest, BringsLayersAndLinetypesAlongOnce)
@@ -138,7 +96,7 @@ TEST_F(CopyTest, BringsLayersAndLinetypesAlongOnce)
     }
     const OdDbDatabasePtr made = database->wblock(lines, OdGePoint3d(1, 1, 0));
     EXPECT_EQ(foreignReferences(*made), 0);
-    const std::vector<OdDbObjectId> copies = entitiesOf(*made, OdDbObjectId());
+    const Ids copies = modelOf(*made);
     ASSERT_EQ(copies.size(), 3u);
     EXPECT_TRUE(open<OdDbLine>(copies[2])->endPoint() == OdGePoint3d(2, 3, 0));
     const OdDbObjectId copied = open<OdDbLine>(copies[0])->layerId();
@@ -158,7 +116,7 @@ TEST_F(CopyTest, FollowsNamesThatAreSpeltOtherwise)
                              oddb::withText(ObjectCore::groups(*line), cls, *cls.subclass("AcDbEntity"), 8, "WALLS"));
     ASSERT_EQ(line->layerId(), layer);
     const OdDbDatabasePtr made = database->wblock({id});
-    const OdDbObjectId copied = open<OdDbLine>(entitiesOf(*made, OdDbObjectId())[0])->layerId();
+    const OdDbObjectId copied = open<OdDbLine>(modelOf(*made)[0])->layerId();
     EXPECT_FALSE(copied.isNull());
     EXPECT_EQ(copied, find(made->getLayerTableId(), L"Walls"));
 }
@@ -176,8 +134,8 @@ TEST_F(CopyTest, ComesToAnEndWithBlocksThatDrawEachOther)
     EXPECT_EQ(foreignReferences(*made), 0);
     const OdDbObjectId copyOfA = find(made->getBlockTableId(), L"A"), copyOfB = find(made->getBlockTableId(), L"B");
     ASSERT_FALSE(copyOfA.isNull() || copyOfB.isNull());
-    EXPECT_EQ(entitiesOf(*made, copyOfA).size(), 2u);
-    EXPECT_EQ(entitiesOf(*made, copyOfB).size(), 2u);
+    EXPECT_EQ(entitiesOf(copyOfA).size(), 2u);
+    EXPECT_EQ(entitiesOf(copyOfB).size(), 2u);
     EXPECT_TRUE(open<OdDbBlockTableRecord>(copyOfB)->origin() == OdGePoint3d(7, 8, 9));
     EXPECT_FALSE(open<OdDbBlockTableRecord>(copyOfB)->explodable());
     OdDbObjectIdArray references;
@@ -209,15 +167,15 @@ TEST_F(CopyTest, GivesEachDimensionABlockOfItsOwn)
     dimension->setDimBlockId(drawn);
     const OdDbObjectId stamp = addReference(database->getModelSpaceId(), makeBlock(L"Shared"));
     OdDbObjectIdArray copies;
-    recorded([&] { copies = copyWithin({id, stamp}); });
+    recorded([&] { copies = copiesWithin({id, stamp}); });
     const OdDbObjectId own = open<OdDbDimension>(copies.getAt(0))->dimBlockId();
     ASSERT_FALSE(own.isErased() || own == drawn);
     const auto block = open<OdDbBlockTableRecord>(own);
     EXPECT_EQ(block->getName().left(2), L"*D");
     EXPECT_TRUE(block->isAnonymous());
     EXPECT_EQ(ObjectCore::groups(*open(block->getBlockBeginId())).findAny(3)->text(), odStringToUtf8(block->getName()));
-    ASSERT_EQ(entitiesOf(*database, own).size(), 1u);
-    EXPECT_NE(entitiesOf(*database, own)[0], line);
+    ASSERT_EQ(entitiesOf(own).size(), 1u);
+    EXPECT_NE(entitiesOf(own)[0], line);
     EXPECT_EQ(open<OdDbBlockReference>(copies.getAt(1))->blockTableRecord(),
               open<OdDbBlockReference>(stamp)->blockTableRecord());
     database->undo();
@@ -240,7 +198,7 @@ TEST_F(CopyTest, TranslatesExtendedDataAndListeners)
     }
     const OdDbDatabasePtr made = database->wblock({copied, listener});
     EXPECT_EQ(foreignReferences(*made), 0);
-    const std::vector<OdDbObjectId> copies = entitiesOf(*made, OdDbObjectId());
+    const Ids copies = modelOf(*made);
     ASSERT_EQ(copies.size(), 2u);
     const OdDbObjectIdArray listeners = open(copies[0])->getPersistentReactors();
     ASSERT_EQ(listeners.size(), 1u);
@@ -264,7 +222,7 @@ TEST_F(CopyTest, CopiesExtensionDictionariesWithTheirContents)
     for (const bool elsewhere : {false, true})
     {
         const OdDbDatabasePtr made = elsewhere ? database->wblock({line}) : database;
-        const OdDbObjectId copy = elsewhere ? entitiesOf(*made, OdDbObjectId())[0] : copyWithin({line}).getAt(0);
+        const OdDbObjectId copy = elsewhere ? modelOf(*made)[0] : copiesWithin({line}).getAt(0);
         const OdDbObjectId copied = open(copy)->extensionDictionary();
         ASSERT_FALSE(copied.isErased() || copied == dictionary) << elsewhere;
         EXPECT_EQ(open(copied)->ownerId(), copy);
@@ -282,19 +240,19 @@ TEST_F(CopyTest, IsUndoneInOneStep)
     const OdDbObjectId reference = addReference(database->getModelSpaceId(), block);
     const OdDbObjectId line = addLine();
     open(line, OdDb::kForWrite)->createExtensionDictionary();
-    const auto before = entitiesOf(*database, OdDbObjectId());
+    const auto before = modelOf(*database);
     OdDbObjectIdArray copies;
-    recorded([&] { copies = copyWithin({reference, line}); });
-    const auto behind = entitiesOf(*database, OdDbObjectId());
+    recorded([&] { copies = copiesWithin({reference, line}); });
+    const auto behind = modelOf(*database);
     EXPECT_EQ(behind.size(), before.size() + 2);
     EXPECT_EQ(open<OdDbBlockReference>(copies.getAt(0))->blockTableRecord(), block) << "the block is shared";
     database->undo();
-    EXPECT_EQ(entitiesOf(*database, OdDbObjectId()), before);
+    EXPECT_EQ(modelOf(*database), before);
     OdDbObjectIdArray references;
     open<OdDbBlockTableRecord>(block)->getBlockReferenceIds(references);
     EXPECT_EQ(references.size(), 1u);
     database->redo();
-    EXPECT_EQ(entitiesOf(*database, OdDbObjectId()), behind);
+    EXPECT_EQ(modelOf(*database), behind);
 }
 
 TEST_F(CopyTest, RefusesWhatIsNotThere)
@@ -327,8 +285,8 @@ TEST_F(CopyTest, BringsTheOwnerOfAnAttribute)
     const OdDbObjectId attribute =
         open<OdDbBlockReference>(id, OdDb::kForWrite)->appendAttribute(OdDbAttribute::createObject());
     const OdDbDatabasePtr made = database->wblock({attribute, id}, OdGePoint3d(1, 0, 0));
-    ASSERT_EQ(entitiesOf(*made, OdDbObjectId()).size(), 1u);
-    EXPECT_TRUE(open<OdDbBlockReference>(entitiesOf(*made, OdDbObjectId())[0])->position() == OdGePoint3d(-1, 0, 0));
+    ASSERT_EQ(modelOf(*made).size(), 1u);
+    EXPECT_TRUE(open<OdDbBlockReference>(modelOf(*made)[0])->position() == OdGePoint3d(-1, 0, 0));
     EXPECT_EQ(foreignReferences(*made), 0);
 }
 
@@ -345,16 +303,16 @@ TEST_F(CopyTest, WritesTheModelsOfRealDrawingsOut)
         const OdDbDatabasePtr read = OdDbDatabase::createObject();
         read->readFile(odUtf8ToString(file.path().native()));
         OdDbObjectIdArray all;
-        for (const OdDbObjectId& id : entitiesOf(*read, OdDbObjectId()))
+        for (const OdDbObjectId& id : modelOf(*read))
             all.append(id);
         const OdDbDatabasePtr made = read->wblock(all);
         EXPECT_EQ(foreignReferences(*made), 0) << file.path();
-        EXPECT_EQ(entitiesOf(*made, OdDbObjectId()).size(), all.size()) << file.path();
+        EXPECT_EQ(modelOf(*made).size(), all.size()) << file.path();
         const OdString saved = odUtf8ToString(temporary.path("saved.dxf"));
         made->writeFile(saved);
         const OdDbDatabasePtr again = OdDbDatabase::createObject();
         again->readFile(saved);
-        EXPECT_EQ(entitiesOf(*again, OdDbObjectId()).size(), all.size()) << file.path();
+        EXPECT_EQ(modelOf(*again).size(), all.size()) << file.path();
         EXPECT_TRUE(again->recoveryReport().isEmpty())
             << file.path() << ": " << odStringToUtf8(again->recoveryReport().first());
     }

@@ -2,15 +2,9 @@
 #include <map>
 #include <random>
 
-#include "DbAttribute.h"
-#include "DbBlockReference.h"
-#include "DbBlockTable.h"
-#include "DbBlockTableRecord.h"
+#include "BlockDrawing.h"
 #include "DbDatabaseReactor.h"
-#include "DbIdMapping.h"
-#include "DbLine.h"
 #include "DbObjectReactor.h"
-#include "ObjectsTest.h"
 #include "StaticRxObject.h"
 
 namespace
@@ -64,25 +58,11 @@ Ends endsIn(const OdDbDatabase& database)
     return ends;
 }
 
-class ListenersTest : public ObjectsTest
+class ListenersTest : public BlockDrawing
 {
 protected:
     ListenersTest() { database->addReactor(&follower); }
     ~ListenersTest() override { database->removeReactor(&follower); }
-
-    OdDbObjectId addLine(const OdDbObjectId& owner, double end) const
-    {
-        const OdDbLinePtr line = OdDbLine::createObject();
-        const OdDbObjectId id = open<OdDbBlockTableRecord>(owner, OdDb::kForWrite)->appendOdDbEntity(line);
-        line->setEndPoint(OdGePoint3d(end, 0, 0));
-        return id;
-    }
-    OdDbObjectId makeBlock(const OdString& name) const
-    {
-        const OdDbBlockTableRecordPtr made = OdDbBlockTableRecord::createObject();
-        made->setName(name);
-        return open<OdDbBlockTable>(database->getBlockTableId(), OdDb::kForWrite)->add(made);
-    }
 
     Follower follower;
 };
@@ -163,10 +143,10 @@ TEST_F(ListenersTest, CanFollowADrawingThroughUndoRedoAndAbort)
 {
     const OdDbObjectId block = makeBlock(L"block");
     for (int i = 0; i < 5; ++i)
-        addLine(block, -i);
+        addLine(block, OdGePoint3d(-i, 0, 0));
     database->clearUndo();
     Changes changes(
-        *database, [&](double end) { return addLine(database->getModelSpaceId(), end); }, block);
+        *database, [&](double end) { return addLine(database->getModelSpaceId(), OdGePoint3d(end, 0, 0)); }, block);
     for (int i = 0; i < 4000; ++i)
     {
         changes.next();
@@ -191,8 +171,8 @@ TEST_F(ListenersTest, HearOfEachObjectOnceWhenTheWholeDrawingIsRestored)
         Ends expected;
         int count = 0;
     };
-    const OdDbObjectId first = addLine(database->getModelSpaceId(), 1),
-                       second = addLine(first.safeOpenObject()->ownerId(), 2);
+    const OdDbObjectId first = addLine(database->getModelSpaceId(), OdGePoint3d(1, 0, 0)),
+                       second = addLine(first.safeOpenObject()->ownerId(), OdGePoint3d(2, 0, 0));
     Counter counter;
     counter.expected = {{first, 1}, {second, 2}};
     recorded(
@@ -240,7 +220,7 @@ TEST_F(ListenersTest, CannotSpoilWhatIsTakenBack)
         int heard = 0;
     };
     const OdDbObjectId space = database->getModelSpaceId();
-    const OdDbObjectId line = addLine(space, 1), other = addLine(space, 2);
+    const OdDbObjectId line = addLine(space, OdGePoint3d(1, 0, 0)), other = addLine(space, OdGePoint3d(2, 0, 0));
     recorded([&] { open<OdDbLine>(line, OdDb::kForWrite)->setEndPoint(OdGePoint3d(5, 0, 0)); });
     Spoiler spoiler, leaver;
     spoiler.other = leaver.other = other;
@@ -275,7 +255,7 @@ TEST_F(ListenersTest, OfOneObjectHearOfItsWholeLife)
     };
     Diary diary;
     OdDbObjectId line;
-    recorded([&] { line = addLine(database->getModelSpaceId(), 1); });
+    recorded([&] { line = addLine(database->getModelSpaceId(), OdGePoint3d(1, 0, 0)); });
     open(line)->addReactor(&diary);
     recorded([&] { open<OdDbLine>(line, OdDb::kForWrite)->setEndPoint(OdGePoint3d(5, 0, 0)); });
     recorded([&] { open(line, OdDb::kForWrite)->erase(); });
@@ -287,7 +267,7 @@ TEST_F(ListenersTest, OfOneObjectHearOfItsWholeLife)
     database->redo();
     database->redo();
     EXPECT_EQ(diary.take(), "+m");
-    database->deepCloneObjects({line}, OdDbObjectId(), *OdDbIdMappingPtr(OdDbIdMapping::createObject()));
+    copyWithin({line});
     EXPECT_EQ(diary.take(), "c");
     database = nullptr;
     EXPECT_EQ(diary.take(), ".");

@@ -6,27 +6,20 @@
 #include "DbDatabase.h"
 #include "DbDictionary.h"
 #include "DbXrecord.h"
-#include "OdError.h"
-#include "RxInit.h"
 #include "db/DatabaseImpl.h"
 #include "db/ObjectCore.h"
+#include "support/ErrorCode.h"
+#include "support/Sdk.h"
 
 namespace objectstest
 {
-
-/// Starts the SDK with the first test of the program.
-inline void startSdk()
-{
-    static const bool started = (odInitialize(), true);
-    static_cast<void>(started);
-}
 
 class ObjectsTest : public testing::Test
 {
 protected:
     ObjectsTest()
     {
-        startSdk();
+        support::startSdk();
         database = OdDbDatabase::createObject();
         database->initialize();
     }
@@ -59,19 +52,6 @@ protected:
     OdDbDatabasePtr database;
 };
 
-/// The code of the error that the action throws, eOk when it throws none.
-template<class Action>
-OdResult codeOf(Action action)
-{
-    try
-    {
-        action();
-    }
-    catch (const OdError& error)
-    {
-        return error.code();
-    }
-    return eOk;
-}
+using support::codeOf;
 
 } // namespace objectstest

@@ -13,31 +13,19 @@
 #include "DbEntity.h"
 #include "Gi/GiShapedText.h"
 #include "OdError.h"
-#include "RxInit.h"
 #include "db/DxfClassTable.h"
 #include "db/GroupCodes.h"
 #include "db/ObjectCore.h"
 #include "entities/EntityClasses.h"
+#include "support/Sdk.h"
 
 namespace entitytest
 {
 
-class SdkEnvironment
-{
-public:
-    SdkEnvironment() { odInitialize(); }
-};
-
-/// Starts the SDK with the first entity test of the program.
-inline void startSdk()
-{
-    static const SdkEnvironment environment;
-}
-
 class EntityTest : public testing::Test
 {
 protected:
-    EntityTest() { startSdk(); }
+    EntityTest() { support::startSdk(); }
 };
 
 /// Groups written as "code value" pairs divided by bars: "100 AcDbLine|10 1.5|20 2". Values of integer and real codes

@@ -8,8 +8,8 @@
 #include "Ge/GeMatrix2d.h"
 #include "Ge/GeMatrix3d.h"
 #include "Ge/GePlane.h"
-#include "OdError.h"
 #include "OdaDefs.h"
+#include "support/ErrorCode.h"
 
 namespace
 {
@@ -38,19 +38,7 @@ private:
     std::mt19937_64 m_engine{42};
 };
 
-template<class Work>
-OdResult codeOf(Work work)
-{
-    try
-    {
-        work();
-        return eOk;
-    }
-    catch (const OdError& error)
-    {
-        return error.code();
-    }
-}
+using support::codeOf;
 
 TEST(Matrix3d, InversesAndProductsAgreeWithMappingPoints)
 {

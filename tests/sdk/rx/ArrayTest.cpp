@@ -6,9 +6,9 @@
 #include <random>
 #include <vector>
 
-#include "Errors.h"
 #include "OdString.h"
 #include "StringArray.h"
+#include "support/ErrorCode.h"
 
 namespace
 {
@@ -121,11 +121,11 @@ TEST(Array, IndexesThatNameNothingAreRefused)
     for (const auto& row : kWorks)
     {
         Strings strings = letters();
-        EXPECT_EQ(codeThrownBy([&] { row.work(strings); }), eInvalidIndex) << row.what;
+        EXPECT_EQ(support::codeOf([&] { row.work(strings); }), eInvalidIndex) << row.what;
         EXPECT_TRUE(joined(strings) == L"abcd") << row.what;
     }
     OdIntArray numbers;
-    EXPECT_EQ(codeThrownBy([&] { numbers.reserve(0xFFFFFFFFu); }), sizeof(void*) == 8 ? eOk : eOutOfMemory);
+    EXPECT_EQ(support::codeOf([&] { numbers.reserve(0xFFFFFFFFu); }), sizeof(void*) == 8 ? eOk : eOutOfMemory);
 }
 
 struct Fragile

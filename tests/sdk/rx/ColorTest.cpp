@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "Errors.h"
+#include "support/ErrorCode.h"
 
 namespace
 {
@@ -38,9 +38,9 @@ TEST(Color, MethodsAndNumbersThatThereAreNotAreRefused)
 {
     OdCmColor color(OdCmEntityColor(1, 2, 3));
     for (const OdUInt32 packed : {0u, 0xBFFFFFFFu, 0xC9000000u, 0xFFFFFFFFu})
-        EXPECT_EQ(codeThrownBy([&] { color.setColor(packed); }), eInvalidInput) << packed;
+        EXPECT_EQ(support::codeOf([&] { color.setColor(packed); }), eInvalidInput) << packed;
     for (const OdUInt16 index : {258, 512, 65535})
-        EXPECT_EQ(codeThrownBy([&] { color.setColorIndex(index); }), eInvalidInput) << index;
+        EXPECT_EQ(support::codeOf([&] { color.setColorIndex(index); }), eInvalidInput) << index;
     EXPECT_TRUE(color == OdCmColor(OdCmEntityColor(1, 2, 3)));
     const struct
     {

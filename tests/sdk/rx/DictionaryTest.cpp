@@ -5,9 +5,9 @@
 
 #include <thread>
 
-#include "Errors.h"
 #include "RxSysRegistry.h"
 #include "RxVariant.h"
+#include "support/ErrorCode.h"
 
 namespace
 {
@@ -50,8 +50,8 @@ TEST_P(Dictionaries, CompareNamesAsTheyWereMade)
     exact->putAt(L"a", number(1));
     exact->putAt(L"A", number(2));
     EXPECT_EQ(exact->numEntries(), 2u);
-    EXPECT_EQ(codeThrownBy([&] { exact->putAt(L"", number(3)); }), eEmptyName);
-    EXPECT_EQ(codeThrownBy([&] { exact->putAt(77, number(3)); }), eKeyNotFound);
+    EXPECT_EQ(support::codeOf([&] { exact->putAt(L"", number(3)); }), eEmptyName);
+    EXPECT_EQ(support::codeOf([&] { exact->putAt(77, number(3)); }), eKeyNotFound);
     EXPECT_TRUE(exact->getAt(L"b").isNull() && exact->remove(L"b").isNull() && exact->keyAt(77).isEmpty());
     EXPECT_EQ(exact->idAt(L"b"), OdRxDictionary::kInvalidId);
     EXPECT_TRUE(exact->getAt(OdRxDictionary::kInvalidId).isNull());

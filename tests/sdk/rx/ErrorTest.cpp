@@ -6,11 +6,11 @@
 #include <set>
 #include <thread>
 
-#include "Errors.h"
 #include "OdaCommon.h"
 #include "RxDictionary.h"
 #include "RxObjectImpl.h"
 #include "RxSystemServices.h"
+#include "support/ErrorCode.h"
 
 namespace
 {

@@ -5,10 +5,10 @@
 
 #include <fstream>
 
-#include "Errors.h"
 #include "OdaCommon.h"
 #include "RxClass.h"
 #include "RxObjectImpl.h"
+#include "support/ErrorCode.h"
 
 namespace
 {
@@ -108,7 +108,8 @@ TEST_F(Linker, SaysWhyAModuleCannotBeLoaded)
             continue;
         EXPECT_TRUE(odrxDynamicLinker()->loadApp(row.name, true).isNull());
     }
-    EXPECT_EQ(codeThrownBy([] { odrxDynamicLinker()->loadApp(L"RefusingModule.tx", true); }), eClassAlreadyRegistered)
+    EXPECT_EQ(support::codeOf([] { odrxDynamicLinker()->loadApp(L"RefusingModule.tx", true); }),
+              eClassAlreadyRegistered)
         << "what a module throws is never hidden";
 }
 

@@ -1,13 +1,13 @@
 // Attacks runtime classes, smart pointers and protocol extensions.
 #include <gtest/gtest.h>
 
-#include "Errors.h"
 #include "OdaCommon.h"
 #include "RxDictionary.h"
 #include "RxObjectImpl.h"
 #include "RxProtocolExt.h"
 #include "RxVariant.h"
 #include "StaticRxObject.h"
+#include "support/ErrorCode.h"
 
 namespace
 {
@@ -96,18 +96,18 @@ TEST(Class, ThatIsNotRegisteredMakesNothing)
     {
         EXPECT_TRUE(error.description() == L"OdDbNothingis not loaded");
     }
-    EXPECT_EQ(codeThrownBy([] { Circle::rxUninit(); }), eClassNotRegistered);
-    EXPECT_EQ(codeThrownBy([] { Circle::rxInit(); }), eClassNotRegistered) << "before its parent";
+    EXPECT_EQ(support::codeOf([] { Circle::rxUninit(); }), eClassNotRegistered);
+    EXPECT_EQ(support::codeOf([] { Circle::rxInit(); }), eClassNotRegistered) << "before its parent";
     EXPECT_EQ(Circle::desc(), nullptr);
 }
 
 TEST_F(RuntimeClasses, RegisterOnceAndEndInOrder)
 {
-    EXPECT_EQ(codeThrownBy([] { Circle::rxInit(); }), 313);
-    EXPECT_EQ(codeThrownBy([] { newOdRxClass(L"CIRCLE", Shape::desc()); }), 313) << "names without regard to case";
-    EXPECT_EQ(codeThrownBy([] { newOdRxClass(L"", Shape::desc()); }), eEmptyName);
-    EXPECT_EQ(codeThrownBy([] { Shape::rxUninit(); }), eInvalidContext) << "classes derive from it";
-    EXPECT_EQ(codeThrownBy([] { deleteOdRxClass(nullptr); }), eNullPtr);
+    EXPECT_EQ(support::codeOf([] { Circle::rxInit(); }), 313);
+    EXPECT_EQ(support::codeOf([] { newOdRxClass(L"CIRCLE", Shape::desc()); }), 313) << "names without regard to case";
+    EXPECT_EQ(support::codeOf([] { newOdRxClass(L"", Shape::desc()); }), eEmptyName);
+    EXPECT_EQ(support::codeOf([] { Shape::rxUninit(); }), eInvalidContext) << "classes derive from it";
+    EXPECT_EQ(support::codeOf([] { deleteOdRxClass(nullptr); }), eNullPtr);
     EXPECT_EQ(odrxGetClass(L"circle"), Circle::desc());
     EXPECT_EQ(odrxGetClassByDxfName(L"round"), Circle::desc());
     EXPECT_EQ(odrxGetClassByDxfName(L""), nullptr);
@@ -141,7 +141,7 @@ TEST_F(RuntimeClasses, KnowWhatDerivesFromWhat)
     EXPECT_FALSE(circle->isKindOf(Square::desc()) || circle->isKindOf(nullptr));
     EXPECT_FALSE(Shape::desc()->isDerivedFrom(Circle::desc()));
     EXPECT_TRUE(Square::cast(circle).isNull() && Circle::cast(nullptr).isNull());
-    EXPECT_EQ(codeThrownBy([] { Shape::createObject(); }), eNotApplicable) << "abstract";
+    EXPECT_EQ(support::codeOf([] { Shape::createObject(); }), eNotApplicable) << "abstract";
     EXPECT_EQ(circle->numRefs(), 1);
 }
 
@@ -204,7 +204,7 @@ TEST_F(RuntimeClasses, InheritProtocolExtensions)
     EXPECT_EQ(Measurer::cast(square)->measure(), 2);
     Shape::desc()->delX(Measurer::desc());
     EXPECT_TRUE(Measurer::cast(circle).isNull());
-    EXPECT_EQ(codeThrownBy([] { Shape::desc()->addX(nullptr, nullptr); }), eNullPtr);
+    EXPECT_EQ(support::codeOf([] { Shape::desc()->addX(nullptr, nullptr); }), eNullPtr);
 }
 
 TEST(Variant, GivesOnlyWhatItHolds)
@@ -215,9 +215,9 @@ TEST(Variant, GivesOnlyWhatItHolds)
     ASSERT_EQ(read->varType(), OdVariant::kArray | OdVariant::kRxObjectPtr);
     ASSERT_TRUE(read->isArray());
     EXPECT_EQ(OdRxVariantPtr(read->getRxObjectPtrArray()[1])->getDouble(), 2.5);
-    EXPECT_EQ(codeThrownBy([&] { read->getDouble(); }), eInvalidInput);
-    EXPECT_EQ(codeThrownBy([] { OdVariant().getString(); }), eInvalidInput);
-    EXPECT_EQ(codeThrownBy([] { OdVariant(OdInt32(1)).getInt64(); }), eInvalidInput);
+    EXPECT_EQ(support::codeOf([&] { read->getDouble(); }), eInvalidInput);
+    EXPECT_EQ(support::codeOf([] { OdVariant().getString(); }), eInvalidInput);
+    EXPECT_EQ(support::codeOf([] { OdVariant(OdInt32(1)).getInt64(); }), eInvalidInput);
     EXPECT_EQ(OdVariant(L"text").type(), OdVariant::kString) << "a text is no truth value";
     const OdRxVariantPtr copy(kept->clone());
     EXPECT_TRUE(copy->isEqualTo(kept));

@@ -5,9 +5,9 @@
 
 #include <limits>
 
-#include "Errors.h"
 #include "OdaCommon.h"
 #include "RxVariant.h"
+#include "support/ErrorCode.h"
 
 namespace
 {
@@ -85,9 +85,9 @@ TEST(ResBuf, LastIsRightAfterLinksWereBroken)
     EXPECT_EQ(head->insert(part).get(), part.get());
     EXPECT_TRUE(textsOf(head) == L"a12x");
     EXPECT_TRUE(part->last()->getString() == L"x");
-    EXPECT_EQ(codeThrownBy([&] { head->setNext(head); }), eInvalidInput);
-    EXPECT_EQ(codeThrownBy([&] { head->insert(nullptr); }), eNullPtr);
-    EXPECT_EQ(codeThrownBy([&] { head->setResBuf(head); }), eInvalidInput);
+    EXPECT_EQ(support::codeOf([&] { head->setNext(head); }), eInvalidInput);
+    EXPECT_EQ(support::codeOf([&] { head->insert(nullptr); }), eNullPtr);
+    EXPECT_EQ(support::codeOf([&] { head->setResBuf(head); }), eInvalidInput);
     EXPECT_TRUE(textsOf(head) == L"a12x");
 }
 
@@ -132,7 +132,7 @@ TEST(ResBuf, GivesAValueOnlyInAFormThatHoldsIt)
     };
     for (const auto& form : kForms)
         for (std::size_t i = 0; i < std::size(values); ++i)
-            EXPECT_EQ(codeThrownBy([&] { form.get(*values[i]); }), form.allowed[i] == '1' ? eOk : eInvalidResBuf)
+            EXPECT_EQ(support::codeOf([&] { form.get(*values[i]); }), form.allowed[i] == '1' ? eOk : eInvalidResBuf)
                 << form.form << " of value " << i;
     EXPECT_EQ(values[4]->getInt64(), std::numeric_limits<OdInt64>::min());
     EXPECT_TRUE(values[7]->getPoint3d() == OdGePoint3d(1, 2, 0));
@@ -151,7 +151,7 @@ TEST(ResBuf, ComparesAndCopiesOneElement)
     EXPECT_TRUE(first->isEqualTo(second) && second->next().isNull());
     const OdRxObjectPtr other = OdRxVariantValue(1.0);
     EXPECT_FALSE(first->isEqualTo(other) || first->isEqualTo(nullptr));
-    EXPECT_EQ(codeThrownBy([&] { first->copyFrom(other); }), eNotThatKindOfClass);
+    EXPECT_EQ(support::codeOf([&] { first->copyFrom(other); }), eNotThatKindOfClass);
     OdResBufPtr wrong;
     EXPECT_THROW(wrong = other, OdError_NotThatKindOfClass);
 }

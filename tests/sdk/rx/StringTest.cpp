@@ -8,9 +8,9 @@
 #include <thread>
 #include <vector>
 
-#include "Errors.h"
 #include "OdAnsiString.h"
 #include "OdaCommon.h"
+#include "support/ErrorCode.h"
 
 namespace
 {
@@ -87,8 +87,8 @@ TEST(String, PositionsOutOfRangeAreBroughtIntoRange)
     EXPECT_TRUE(text.spanIncluding(L"ab") == L"ab");
     EXPECT_TRUE(text.spanIncluding(L"").isEmpty());
     EXPECT_TRUE(text.spanExcluding(L"") == text);
-    EXPECT_EQ(codeThrownBy([&] { text.getAt(6); }), eInvalidIndex);
-    EXPECT_EQ(codeThrownBy([&] { text.getAt(-1); }), eInvalidIndex);
+    EXPECT_EQ(support::codeOf([&] { text.getAt(6); }), eInvalidIndex);
+    EXPECT_EQ(support::codeOf([&] { text.getAt(-1); }), eInvalidIndex);
     EXPECT_EQ(text[6], L'\0');
 }
 
@@ -159,9 +159,9 @@ TEST(String, FormatsTextsOfAnyLength)
     EXPECT_EQ(text.right(4).compare(L"é>-5"), 0);
     EXPECT_TRUE(text.format(L"%s", "plain") == L"plain");
     text = L"kept";
-    EXPECT_EQ(codeThrownBy([&] { text.format(L"%lc", static_cast<wint_t>(0x7FFFFFFF)); }), eOk);
+    EXPECT_EQ(support::codeOf([&] { text.format(L"%lc", static_cast<wint_t>(0x7FFFFFFF)); }), eOk);
     text = L"kept";
-    EXPECT_EQ(codeThrownBy([&] { text.format(L"%s", "\xFF\xFF"); }), eInvalidInput);
+    EXPECT_EQ(support::codeOf([&] { text.format(L"%s", "\xFF\xFF"); }), eInvalidInput);
     EXPECT_TRUE(text == L"kept");
 }
 
