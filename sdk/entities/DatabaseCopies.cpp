@@ -1,4 +1,7 @@
 // Copying as programs ask a drawing for it.
+#include <algorithm>
+#include <string_view>
+
 #include "DbBlockTableRecord.h"
 #include "DbDatabase.h"
 #include "DbEntity.h"
@@ -6,6 +9,7 @@
 #include "OdError.h"
 #include "RxObjectImpl.h"
 #include "db/DatabaseImpl.h"
+#include "db/HeaderVariables.h"
 #include "entities/ObjectCopier.h"
 
 namespace
@@ -22,6 +26,24 @@ void mapFrames(OdDbIdMapping& mapping)
     mapping.assign(OdDbIdPair(from.namedObjects, to.namedObjects));
     mapping.assign(OdDbIdPair(from.modelSpace, to.modelSpace));
     mapping.assign(OdDbIdPair(from.paperSpace, to.paperSpace));
+}
+
+/// True for settings that say how a drawing is to be understood: units, scales, forms of numbers and of dimensions. The
+/// others name records, or tell of places and times in the one drawing.
+bool isGeneralSetting(const oddb::HeaderRow& row)
+{
+    constexpr std::string_view kOwn[] = {"ACADMAINTVER", "TILEMODE",  "TDCREATE", "TDUCREATE",
+                                         "TDUPDATE",     "TDUUPDATE", "TDINDWG",  "TDUSRTIMER"};
+    const bool isNumber = row.kind == oddb::DxfKind::Real || row.kind == oddb::DxfKind::Integer ||
+                          row.kind == oddb::DxfKind::Angle || row.kind == oddb::DxfKind::Boolean;
+    return isNumber && std::find(std::begin(kOwn), std::end(kOwn), row.name) == std::end(kOwn);
+}
+
+void copySettings(const OdDbDatabase& from, OdDbDatabase& to)
+{
+    for (const oddb::HeaderVariable& variable : oddb::HeaderVariables::of(from.impl()).all())
+        if (const oddb::HeaderRow* row = oddb::findHeaderRow(variable.name); row && isGeneralSetting(*row))
+            oddb::HeaderVariables::of(to.impl()).put(variable.name, variable.values);
 }
 
 void requireCopyable(const OdDbObjectIdArray& objectIds)
@@ -84,6 +106,7 @@ OdDbDatabasePtr OdDbDatabase::wblock(const OdDbObjectIdArray& objectIds, const O
     target->setAppServices(appServices());
     target->initialize(getMEASUREMENT());
     target->disableUndoRecording(true);
+    copySettings(*this, *target);
     OdSmartPtr<OdDbIdMapping> mapping = OdDbIdMapping::createObject();
     mapping->setOrigDb(this);
     mapping->setDestDb(target);

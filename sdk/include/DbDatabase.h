@@ -233,8 +233,9 @@ public:
     void deepCloneObjects(const OdDbObjectIdArray& objectIds, const OdDbObjectId& ownerId, OdDbIdMapping& mapping);
 
     /** Makes a new drawing with copies of the objects, moved so that basePoint comes to lie on the origin, and of all
-        they need: what they own, name and point to. Throws as deepCloneObjects, eNotApplicable for an object that has
-        no place in another drawing, and what OdDbEntity::transformBy returns for one that cannot be moved. */
+        they need: what they own, name and point to. Units, scales and other settings that are numbers come along.
+        Throws as deepCloneObjects, eNotApplicable for an object that has no place in another drawing, and what
+        OdDbEntity::transformBy returns for one that cannot be moved. */
     OdSmartPtr<OdDbDatabase> wblock(const OdDbObjectIdArray& objectIds, const OdGePoint3d& basePoint = OdGePoint3d());
 
     // ---- Reactors ----------------------------------------------------------------------------------------------

@@ -279,6 +279,22 @@ TEST_F(CopyTest, RefusesWhatIsNotThere)
               eDuplicateRecordName);
 }
 
+TEST_F(CopyTest, BringsUnitsAndScalesButNothingThatNamesRecords)
+{
+    database->setSysVar(L"INSUNITS", OdResBuf::newRb(70, OdInt16(5)));
+    database->setSysVar(L"LTSCALE", OdResBuf::newRb(40, 12.5));
+    database->setSysVar(L"TILEMODE", OdResBuf::newRb(70, OdInt16(0)));
+    database->setSysVar(L"EXTMAX", OdResBuf::newRb(10, OdGePoint3d(1, 2, 3)));
+    addLayer(L"Walls", L"Dashed");
+    database->setSysVar(L"CLAYER", OdResBuf::newRb(8, L"Walls"));
+    const OdDbDatabasePtr made = database->wblock({addLine()});
+    EXPECT_EQ(made->getINSUNITS(), 5);
+    EXPECT_DOUBLE_EQ(made->getLTSCALE(), 12.5);
+    EXPECT_TRUE(made->getTILEMODE());
+    EXPECT_TRUE(made->getEXTMAX().x < 0);
+    EXPECT_EQ(made->getCLAYER(), made->getLayerZeroId());
+}
+
 TEST_F(CopyTest, BringsTheOwnerOfAnAttribute)
 {
     const OdDbObjectId id = addReference(database->getModelSpaceId(), makeBlock(L"Block"));
