@@ -42,6 +42,7 @@ OdDbObjectId OdDbDatabase::addOdDbObject(OdDbObject* object, OdDbObjectId ownerI
     m_impl->journal.recordCreated(*stub);
     ObjectCore::attach(*object, *stub, ownerId);
     ObjectCore::beginNew(*object);
+    ObjectCore::callSubMadeResident(*object);
     m_impl->notifyAppended(*object);
     return stub;
 }

@@ -97,6 +97,7 @@ public:
     /// What OdDbObjectId::safeOpenObject does. Returns eOk with a reference added, or why it cannot be opened.
     static OdResult open(OdDbObject& object, OdDb::OpenMode mode);
     static void close(OdDbObject& object) noexcept;
+    static void callSubMadeResident(OdDbObject& object) { object.subMadeResident(); }
     static OdResult callSubErase(OdDbObject& object, bool erasing) { return object.subErase(erasing); }
 
     /// The bits of OdDbObject::m_state.

@@ -220,6 +220,14 @@ void setXDataOf(OdDbObject& object, const XDataEntry& entry)
 
 } // namespace
 
+void changeXData(OdDbObject& object, const XDataEntry& entry)
+{
+    if (ObjectCore::stub(object))
+        setXDataOf(object, entry);
+    else
+        ObjectCore::putXData(object, entry.application, entry.values);
+}
+
 } // namespace oddb
 
 OdResult OdDbObject::setXData(const OdResBuf* xdata)

@@ -49,6 +49,10 @@ private:
     std::array<Groups, 64> m_recent;
 };
 
+/// Sets the values of one application. A change that is recorded, when the object is resident; the object is open for
+/// write.
+void changeXData(OdDbObject& object, const XDataEntry& entry);
+
 /// The chain of one application, or of all when application is null; null when there is nothing.
 OdResBufPtr makeXDataChain(const XDataList& list, const OdDbStub* application);
 

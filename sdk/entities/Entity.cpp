@@ -42,15 +42,8 @@ constexpr OdUInt16 kByLayerIndex = 256;
 template<class Change>
 void changeSubentities(const OdDbEntity& entity, Change change)
 {
-    const oddb::SubentityList* list = entity.subentities();
-    if (!list)
-        return;
-    for (OdDbStub* stub : list->elements())
-    {
-        const OdDbEntityPtr element = OdDbEntity::cast(OdDbObjectId(stub).openObject(OdDb::kForWrite));
-        if (!element.isNull())
-            change(*element);
-    }
+    if (const oddb::SubentityList* list = entity.subentities())
+        oddb::visitSubentities(*list, change, OdDb::kForWrite);
 }
 
 /// The part of a name in a colour book in front of and behind the divider.
@@ -333,15 +326,34 @@ OdResult OdDbEntity::subGetGeomExtents(OdGeExtents3d& extents) const
     return eOk;
 }
 
+/// What keeps the vertices or attributes from being mapped with their owner, eOk when nothing does.
+static OdResult checkSubentities(const OdDbEntity& entity, const OdGeVector3d& normal, const OdGeMatrix3d& xform)
+{
+    const oddb::SubentityList* list = entity.subentities();
+    if (!list)
+        return eOk;
+    OdResult result = list->isBusy() ? eWasOpenForWrite : eOk;
+    if (!transform::isSimilarity(xform))
+        oddb::visitSubentities(*list,
+                               [&](const OdDbEntity& element)
+                               {
+                                   if (result == eOk)
+                                       result = transform::checkGroupsInPlane(element, normal, xform);
+                               });
+    return result;
+}
+
 OdResult OdDbEntity::transformBy(const OdGeMatrix3d& xform)
 {
     assertWriteEnabled();
     if (!xform.isFinite() || xform.isSingular() || xform.isPerspective())
         return eInvalidInput;
     const OdGeVector3d before = normal();
-    const OdResult result = subTransformBy(xform);
-    if (result != eOk)
+    if (const OdResult result = checkSubentities(*this, before, xform); result != eOk)
         return result;
+    if (const OdResult result = subTransformBy(xform); result != eOk)
+        return result;
+    transform::transformXData(*this, xform);
     changeSubentities(*this, [&](OdDbEntity& element) { transform::transformGroupsInPlane(element, before, xform); });
     return eOk;
 }
@@ -495,10 +507,16 @@ bool OdDbEntity::subWorldDraw(OdGiWorldDraw*) const
     return true;
 }
 
+// States for undo do without what has steps of its own; copies in memory get copies of what the original owns.
+static bool filesSubentities(const OdDbDwgFiler& filer)
+{
+    return filer.filerType() != OdDbFiler::kUndoFiler && filer.filerType() != OdDbFiler::kCopyFiler;
+}
+
 OdResult OdDbEntity::dwgInFields(OdDbDwgFiler* filer)
 {
     const OdResult result = OdDbObject::dwgInFields(filer);
-    if (result == eOk && filer->filerType() != OdDbFiler::kUndoFiler)
+    if (result == eOk && filesSubentities(*filer))
         oddb::readSubentities(*filer, *this);
     return result;
 }
@@ -506,8 +524,20 @@ OdResult OdDbEntity::dwgInFields(OdDbDwgFiler* filer)
 void OdDbEntity::dwgOutFields(OdDbDwgFiler* filer) const
 {
     OdDbObject::dwgOutFields(filer);
-    if (filer->filerType() != OdDbFiler::kUndoFiler)
+    if (filesSubentities(*filer))
         oddb::writeSubentities(*filer, subentities());
+}
+
+void OdDbEntity::copyFrom(const OdRxObject* source)
+{
+    OdDbObject::copyFrom(source);
+    oddb::copySubentities(*OdDbEntity::cast(source), *this);
+}
+
+void OdDbEntity::subMadeResident()
+{
+    if (oddb::SubentityList* list = subentities())
+        oddb::attachSubentities(*this, *list);
 }
 
 OdResult OdDbEntity::subErase(bool erasing)

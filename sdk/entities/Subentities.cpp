@@ -10,6 +10,7 @@
 #include "OdError.h"
 #include "RxObjectImpl.h"
 #include "db/ErasingWithOwner.h"
+#include "db/ObjectState.h"
 
 namespace oddb
 {
@@ -77,7 +78,15 @@ void makeSequenceEnd(OdDbEntity& owner, SubentityList& list)
 
 bool SubentityList::hasElements() const
 {
-    return std::any_of(m_elements.begin(), m_elements.end(), [](const OdDbStub* stub) { return !stub->isErased(); });
+    return !m_loose.empty() ||
+           std::any_of(m_elements.begin(), m_elements.end(), [](const OdDbStub* stub) { return !stub->isErased(); });
+}
+
+bool SubentityList::isBusy() const
+{
+    return std::any_of(m_elements.begin(), m_elements.end(),
+                       [](const OdDbStub* stub)
+                       { return !stub->isErased() && ObjectCore::State::isWriting(*stub->object); });
 }
 
 OdResult SubentityList::eraseElements(bool erasing) const
@@ -102,6 +111,30 @@ OdDbObjectId appendSubentity(OdDbEntity& owner, SubentityList& list, OdDbEntity*
     const OdDbObjectId id = owner.database()->addOdDbObject(element, owner.objectId());
     list.append(id);
     return id;
+}
+
+void copySubentities(const OdDbEntity& source, OdDbEntity& copy)
+{
+    const SubentityList* from = source.subentities();
+    if (SubentityList* old = copy.subentities())
+    {
+        if (const OdResult result = old->eraseElements(true); result != eOk)
+            throw OdError(result);
+        if (!copy.isDBRO())
+            old->clear();
+    }
+    if (!from || !from->hasElements())
+        return;
+    SubentityList& list = copy.makeSubentities();
+    visitSubentities(*from, [&](const OdDbEntity& element) { list.appendLoose(OdDbEntity::cast(element.clone())); });
+    if (copy.isDBRO())
+        attachSubentities(copy, list);
+}
+
+void attachSubentities(OdDbEntity& owner, SubentityList& list)
+{
+    for (const OdDbEntityPtr& element : list.takeLoose())
+        appendSubentity(owner, list, element);
 }
 
 void writeSubentities(OdDbDwgFiler& filer, const SubentityList* list)

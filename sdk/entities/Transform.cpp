@@ -246,14 +246,24 @@ Groups withMissing(Groups groups, const OdDbEntity& entity, const Plane& plane, 
     return groups;
 }
 
-OdResult mapGroups(OdDbEntity& entity, const Plane& plane, const OdGeMatrix3d& xform)
+/// Sets mapped only for eOk.
+OdResult mapGroups(const OdDbEntity& entity, const Plane& plane, const OdGeMatrix3d& xform, Groups& mapped)
 {
     Mapper mapper(xform, plane);
-    Groups mapped = mapper.map(entityfields::groupsOf(entity));
+    Groups result = mapper.map(entityfields::groupsOf(entity));
     if (!mapper.sawRoles())
         return eNotImplementedYet;
     if (!mapper.sawOnlyAnyMatrix() && !isSimilarity(xform))
         return eCannotScaleNonUniformly;
+    mapped = std::move(result);
+    return eOk;
+}
+
+OdResult mapGroups(OdDbEntity& entity, const Plane& plane, const OdGeMatrix3d& xform)
+{
+    Groups mapped;
+    if (const OdResult result = mapGroups(entity, plane, xform, mapped); result != eOk)
+        return result;
     if (entityclasses::classOf(entity.isA()))
         mapped = withMissing(std::move(mapped), entity, plane, xform);
     oddb::ObjectCore::changeGroups(entity, std::move(mapped));
@@ -325,6 +335,12 @@ OdResult transformGroups(OdDbEntity& entity, const OdGeMatrix3d& xform)
 OdResult transformGroupsInPlane(OdDbEntity& entity, const OdGeVector3d& normal, const OdGeMatrix3d& xform)
 {
     return mapGroups(entity, planeOf(normal, xform), xform);
+}
+
+OdResult checkGroupsInPlane(const OdDbEntity& entity, const OdGeVector3d& normal, const OdGeMatrix3d& xform)
+{
+    Groups mapped;
+    return mapGroups(entity, planeOf(normal, xform), xform, mapped);
 }
 
 } // namespace transform

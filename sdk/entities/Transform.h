@@ -16,6 +16,13 @@ OdResult transformGroups(OdDbEntity& entity, const OdGeMatrix3d& xform);
 /// As transformGroups, for an entity whose flat points lie in the plane of another one: a vertex of a flat polyline.
 OdResult transformGroupsInPlane(OdDbEntity& entity, const OdGeVector3d& normal, const OdGeMatrix3d& xform);
 
+/// What transformGroupsInPlane would return.
+OdResult checkGroupsInPlane(const OdDbEntity& entity, const OdGeVector3d& normal, const OdGeMatrix3d& xform);
+
+/// Maps what the extended data of an entity says of places (1011), displacements (1012), directions (1013), distances
+/// (1041) and factors (1042). A change that is recorded.
+void transformXData(OdDbEntity& entity, const OdGeMatrix3d& xform);
+
 /// True when no two of the vectors are skew to each other and none is zero.
 bool areOrthogonal(const OdGeVector3d& x, const OdGeVector3d& y, const OdGeVector3d& z);
 

@@ -91,9 +91,10 @@ public:
     OdResult getGeomExtents(OdGeExtents3d& extents) const override;
 
     /** Moves, turns, mirrors or scales the entity. Returns eCannotScaleNonUniformly when the matrix would make a shape
-        that the class cannot hold, eInvalidInput for a matrix that is not finite or flattens space,
-        eNotImplementedYet for an entity whose shape is kept in a form that is not understood; nothing is
-        changed then. */
+        that the class cannot hold, eInvalidInput for a matrix that is not finite or flattens space, eWasOpenForWrite
+        while a vertex or attribute of the entity is open for write, eNotImplementedYet for an entity whose
+        shape is kept in a form that is not understood; nothing is changed then. Places, directions and lengths in the
+        extended data (1011, 1012, 1013, 1041, 1042) go with the entity. */
     OdResult transformBy(const OdGeMatrix3d& xform);
 
     /** Makes a new entity, in no database, that is this one mapped by xform. Returns what transformBy returns; copy is
@@ -116,11 +117,15 @@ public:
     OdResult dwgInFields(OdDbDwgFiler* filer) override;
     void dwgOutFields(OdDbDwgFiler* filer) const override;
 
+    /** Copies vertices and attributes too. */
+    void copyFrom(const OdRxObject* source) override;
+
 protected:
     OdUInt32 subSetAttributes(OdGiDrawableTraits* traits) const override;
     bool subWorldDraw(OdGiWorldDraw* worldDraw) const override;
     virtual OdResult subGetGeomExtents(OdGeExtents3d& extents) const;
     virtual OdResult subTransformBy(const OdGeMatrix3d& xform);
+    void subMadeResident() override;
     /** Erases vertices and attributes with the entity, and brings back those that were erased with it. */
     OdResult subErase(bool erasing) override;
 };

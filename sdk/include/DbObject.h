@@ -227,6 +227,9 @@ protected:
     /** Called before the object is erased (erasing true) or brought back. Any result but eOk refuses. */
     virtual OdResult subErase(bool erasing);
 
+    /** Called after the object was made resident; what it owns becomes resident with it. */
+    virtual void subMadeResident() {}
+
     /** Called after the object was opened. Throwing refuses the opening. */
     virtual OdResult subOpen(OdDb::OpenMode mode);
 
