@@ -21,7 +21,14 @@ struct KeyRule
 {
     bool caseSensitive;
 
-    OdChar fold(OdChar character) const { return caseSensitive ? character : odCaseFold(character); }
+    OdChar fold(OdChar character) const
+    {
+        if (caseSensitive)
+            return character;
+        if (character >= L'a' && character <= L'z') // most characters of most keys; small letters are what is folded to
+            return character;
+        return odCaseFold(character);
+    }
     std::size_t operator()(const OdString& key) const
     {
         std::size_t hash = 14695981039346656037u;
@@ -112,13 +119,14 @@ template<class Mutex>
 class Dictionary : public OdRxDictionary, public EntryReader
 {
 public:
-    explicit Dictionary(bool caseSensitive) : m_rule{caseSensitive}, m_ids(8, m_rule, m_rule) {}
+    explicit Dictionary(bool caseSensitive) : m_rule{caseSensitive}, m_ids(0, m_rule, m_rule) {}
 
     void reserve(OdUInt32 numEntries) override
     {
         const std::lock_guard<Mutex> lock(m_mutex);
         m_entries.reserve(numEntries);
-        m_ids.reserve(numEntries);
+        if (numEntries > kFew)
+            m_ids.reserve(numEntries);
     }
 
     OdRxObjectPtr getAt(const OdString& key) const override
@@ -199,7 +207,7 @@ public:
     OdUInt32 numEntries() const override
     {
         const std::lock_guard<Mutex> lock(m_mutex);
-        return static_cast<OdUInt32>(m_ids.size());
+        return static_cast<OdUInt32>(m_entries.size() - m_freeIds.size());
     }
 
     OdRxDictionaryIteratorPtr newIterator(OdRx::DictIterType type) const override
@@ -227,10 +235,37 @@ public:
 
 private:
     bool isEntry(OdUInt32 id) const { return id < m_entries.size() && m_entries[id].serial != 0; }
+    // Many dictionaries hold two or three entries, which are found sooner without a table.
     OdUInt32 findId(const OdString& key) const
     {
-        const auto found = m_ids.find(key);
-        return found == m_ids.end() ? kInvalidId : found->second;
+        if (m_hasTable)
+        {
+            const auto found = m_ids.find(key);
+            return found == m_ids.end() ? kInvalidId : found->second;
+        }
+        for (OdUInt32 id = 0; id < m_entries.size(); ++id)
+            if (isEntry(id) && m_rule(m_entries[id].key, key))
+                return id;
+        return kInvalidId;
+    }
+    void enter(const OdString& key, OdUInt32 id)
+    {
+        if (m_hasTable)
+            m_ids.emplace(key, id);
+        else if (m_entries.size() > kFew)
+            makeTable();
+    }
+    void leave(const OdString& key)
+    {
+        if (m_hasTable)
+            m_ids.erase(key);
+    }
+    void makeTable()
+    {
+        m_hasTable = true;
+        for (OdUInt32 id = 0; id < m_entries.size(); ++id)
+            if (isEntry(id))
+                m_ids.emplace(m_entries[id].key, id);
     }
     OdRxObjectPtr objectOf(OdUInt32 id) const { return isEntry(id) ? m_entries[id].object : OdRxObjectPtr(); }
 
@@ -246,7 +281,7 @@ private:
         }
         m_entries[id].key = key;
         m_entries[id].serial = ++m_lastSerial;
-        m_ids.emplace(key, id);
+        enter(key, id);
         return id;
     }
     // The object before is handed out rather than released here: its end may call back.
@@ -260,7 +295,7 @@ private:
     {
         if (!isEntry(id))
             return {};
-        m_ids.erase(m_entries[id].key);
+        leave(m_entries[id].key);
         const OdRxObjectPtr removed = exchange(id, nullptr);
         m_entries[id] = Entry();
         m_freeIds.push_back(id);
@@ -271,16 +306,16 @@ private:
         const OdUInt32 present = findId(newKey);
         if (!isEntry(id) || newKey.isEmpty() || (present != kInvalidId && present != id))
             return false;
-        m_ids.erase(m_entries[id].key);
+        leave(m_entries[id].key);
         m_entries[id].key = newKey;
-        m_ids.emplace(newKey, id);
+        enter(newKey, id);
         return true;
     }
     std::vector<EntryReference> references() const
     {
         const std::lock_guard<Mutex> lock(m_mutex);
         std::vector<EntryReference> all;
-        all.reserve(m_ids.size());
+        all.reserve(m_entries.size() - m_freeIds.size());
         for (OdUInt32 id = 0; id < m_entries.size(); ++id)
             if (isEntry(id))
                 all.push_back({id, m_entries[id].serial, m_entries[id].key});
@@ -291,7 +326,9 @@ private:
     mutable Mutex m_mutex;
     std::vector<Entry> m_entries;
     std::vector<OdUInt32> m_freeIds;
-    std::unordered_map<OdString, OdUInt32, KeyRule, KeyRule> m_ids;
+    static constexpr std::size_t kFew = 8;
+    bool m_hasTable = false;                                        // from when there were more entries than a few
+    std::unordered_map<OdString, OdUInt32, KeyRule, KeyRule> m_ids; // the table
     OdUInt64 m_lastSerial = 0;
 };
 
