@@ -162,12 +162,16 @@ NumberText parseAnyReal(std::string_view text, double& value)
     return end == text.data() + text.size() ? NumberText::Exact : NumberText::Mended;
 }
 
+NumberText parseBlankedReal(std::string_view text, double& value)
+{
+    return parsePlainReal(text, value) ? NumberText::Exact : parseAnyReal(text, value);
+}
+
 } // namespace
 
 NumberText parseReal(std::string_view text, double& value)
 {
-    text = trimmed(text);
-    return parsePlainReal(text, value) ? NumberText::Exact : parseAnyReal(text, value);
+    return parsePlainReal(text, value) ? NumberText::Exact : parseBlankedReal(trimmed(text), value);
 }
 
 NumberText parseInteger(std::string_view text, std::int64_t& value)

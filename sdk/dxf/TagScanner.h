@@ -51,7 +51,7 @@ private:
     bool readUsualCode(int& code);
     bool readLine(std::string_view& line);
     bool readAsciiValue(Tag& tag, std::string_view line);
-    void noteNumber(NumberText outcome, const Tag& tag);
+    void noteMended(const Tag& tag);
     bool resumeAscii(Tag& tag, std::string_view wrongLine);
 
     bool nextBinary(Tag& tag);

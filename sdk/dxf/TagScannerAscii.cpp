@@ -101,12 +101,32 @@ bool TagScanner::readLine(std::string_view& line)
     return true;
 }
 
+// Reads a code that is right-aligned in three places, the form in which nearly all programs write them; -1 for any
+// other.
+int readAlignedCode(const char* at)
+{
+    const auto valueOf = [](char character) { return character == ' ' ? 0 : character - '0'; };
+    const auto isPlace = [](char character) { return character == ' ' || (character >= '0' && character <= '9'); };
+    const bool isAligned =
+        at[2] >= '0' && at[2] <= '9' && isPlace(at[1]) && isPlace(at[0]) && (at[1] != ' ' || at[0] == ' ');
+    return isAligned ? valueOf(at[0]) * 100 + valueOf(at[1]) * 10 + valueOf(at[2]) : -1;
+}
+
 // Reads a line that is a code and has nothing but blanks in front of it, as nearly all do. Any other line is left
 // alone.
 bool TagScanner::readUsualCode(int& code)
 {
     const char* at = m_file.data() + m_at;
     const char* const end = m_file.data() + m_file.size();
+    constexpr std::ptrdiff_t kAlignedLine = 5; // three places and CR LF
+    if (end - at >= kAlignedLine && (at[3] == '\n' || (at[3] == '\r' && at[4] == '\n')))
+        if (const int aligned = readAlignedCode(at); aligned >= 0)
+        {
+            code = aligned;
+            m_at += at[3] == '\n' ? 4 : 5;
+            ++m_line;
+            return true;
+        }
     while (at != end && *at == ' ')
         ++at;
     const char* const first = at;
@@ -153,17 +173,18 @@ bool TagScanner::readAsciiValue(Tag& tag, std::string_view line)
 {
     tag.kind = valueKind(tag.code);
     tag.text = line;
+    NumberText outcome = NumberText::Exact;
     if (tag.kind == ValueKind::Real)
-        noteNumber(parseReal(line, tag.real), tag);
+        outcome = parseReal(line, tag.real);
     else if (isInteger(tag.kind))
-        noteNumber(parseInteger(line, tag.integer), tag);
+        outcome = parseInteger(line, tag.integer);
+    if (outcome != NumberText::Exact)
+        noteMended(tag);
     return true;
 }
 
-void TagScanner::noteNumber(NumberText outcome, const Tag& tag)
+void TagScanner::noteMended(const Tag& tag)
 {
-    if (outcome == NumberText::Exact)
-        return;
     char digits[kLongestNumber];
     char* const end = tag.kind == ValueKind::Real ? printReal(tag.real, digits) : printInteger(tag.integer, digits);
     m_faults.add(place(), "group " + std::to_string(tag.code) + ": " + quoted(tag.text) +
