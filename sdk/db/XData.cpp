@@ -1,6 +1,8 @@
 // Reading, keeping and giving out extended data.
 #include "XData.h"
 
+#include <algorithm>
+
 #include "DatabaseImpl.h"
 #include "DbObject.h"
 #include "GroupCodes.h"
@@ -77,6 +79,13 @@ bool meansTheSameAgain(const OdResBuf& chain)
     return true;
 }
 
+bool areSame(const std::vector<XDataEntry>& first, const std::vector<XDataEntry>& second)
+{
+    return std::equal(first.begin(), first.end(), second.begin(), second.end(),
+                      [](const XDataEntry& one, const XDataEntry& other)
+                      { return one.application == other.application && one.values.data() == other.values.data(); });
+}
+
 bool isSameChain(const OdResBuf* first, const OdResBuf* second)
 {
     while (first && second && ChainAccess::hasSameValue(*first, *second))
@@ -132,7 +141,7 @@ const std::vector<XDataEntry>& GroupsPool::read(const OdResBuf& chain, OdDbDatab
     if (isReadAgain(chain, database))
         return m_read;
     m_readChain.release();
-    m_read.clear();
+    const std::vector<XDataEntry> before = std::exchange(m_read, {});
     for (const OdResBuf* element = &chain; element;)
     {
         OdDbStub* application = findApplication(*element, database);
@@ -140,7 +149,8 @@ const std::vector<XDataEntry>& GroupsPool::read(const OdResBuf& chain, OdDbDatab
         element = readValues(ChainAccess::next(*element), database, values);
         m_read.push_back({application, intern(values)});
     }
-    if (meansTheSameAgain(chain))
+    // what came twice may come a third time
+    if (areSame(before, m_read) && meansTheSameAgain(chain))
         m_readChain = OdResBuf::cast(chain.clone());
     return m_read;
 }
