@@ -18,6 +18,12 @@ std::wstring folded(const OdString& name)
     return key;
 }
 
+template<class Index>
+bool isNew(const Index& byName, const OdString& name)
+{
+    return byName.find(folded(name)) == byName.end();
+}
+
 bool isIn(const OdEdCommand& command, const OdString& groupName)
 {
     return groupName.isEmpty() || command.groupName().iCompare(groupName) == 0;
@@ -46,7 +52,11 @@ void CommandTable::add(OdEdCommand* command)
     if (!group)
         group = &m_groups.emplace_back(CommandGroup{groupName, {}});
     group->commands.push_back(command);
-    rebuildIndex();
+    // only among commands of one name does it matter which group comes first
+    if (isNew(m_byGlobalName, command->globalName()) && isNew(m_byLocalName, command->localName()))
+        index(command);
+    else
+        rebuildIndex();
 }
 
 template<class Matches>

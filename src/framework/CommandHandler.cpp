@@ -165,22 +165,22 @@ OdString CCommandHandler::ComposeMessage(const OdString& strShownName)
 {
     const auto Format = [&](EMessage eMessage)
     { return odSystemServices()->formatMessage(eMessage, strShownName.c_str()); };
-    const OdString strFailed = Format(eMessageRunFailed);
     switch (m_eState)
     {
     case eCommandNone:
         KeepFirstError(OdError(eUnknownCommand, Format(eMessageUnknownCommand)));
-        return m_error.description() + L" " + strFailed;
-    case eCommandStarted:
-        KeepFirstError(OdError(static_cast<OdResult>(eMessageRunFailed), strFailed));
-        return strFailed;
+        return m_error.description() + L" " + Format(eMessageRunFailed);
     case eCommandEnded:
         return Format(eMessageRunEnded);
     case eCommandCancelled:
         return Format(eMessageRunCancelled);
+    case eCommandStarted:
     case eCommandFailed:
+    {
+        const OdString strFailed = Format(eMessageRunFailed);
         KeepFirstError(OdError(static_cast<OdResult>(eMessageRunFailed), strFailed));
         return strFailed;
+    }
     }
     KeepError(OdError_InvalidValue(eOutOfRange, L"m_eState", L"CCommandHandler::Execute"));
     m_eState = eCommandFailed;
