@@ -48,10 +48,16 @@ Place mapped(const Place& place, const OdGeMatrix3d& xform)
     return Place{xform * place.center, xform * place.along, xform * place.across};
 }
 
+Place pointAt(const OdGePoint3d& position)
+{
+    const OdGeVector3d nothing(0.0, 0.0, 0.0);
+    return Place{position, nothing, nothing};
+}
+
 // A text at an angle is measured as if it ran to the right, or its box would be far too large.
 Place measureText(const OdDbEntity& text, const OdGeVector3d& direction, const OdGePoint3d& position)
 {
-    const Place point{position, OdGeVector3d(0.0, 0.0, 0.0), OdGeVector3d(0.0, 0.0, 0.0)};
+    const Place point = pointAt(position);
     OdGeExtents3d extents;
     const bool runsAlongAxis = direction.x == 0.0 || direction.y == 0.0;
     if (runsAlongAxis)
@@ -68,6 +74,14 @@ PlacedText readText(const OdDbText& text)
 {
     const SeenText seen = seenTextOf(text);
     return PlacedText{joinWords(seen.characters), measureText(text, seen.direction, text.position())};
+}
+
+// A text that nothing is beside needs no box: there is no order to find and no frame.
+PlacedText readLoneText(const OdDbText& text)
+{
+    const OdString string = text.textString();
+    const bool hasCodes = string.findOneOf(L"%\\") >= 0;
+    return PlacedText{joinWords(hasCodes ? seenTextOf(text).characters : string), pointAt(text.position())};
 }
 
 void addText(BlockContent& content, PlacedText text)
@@ -116,6 +130,7 @@ struct ContentReader::Reading
 {
     BlockContent content;
     Source source = Source::kGivenEntities;
+    bool isOne = false; // nothing but one given entity
     LineRectangles lines;
     std::unordered_set<OdDbStub*> taken;
 };
@@ -171,6 +186,7 @@ BlockContent ContentReader::read(const OdDbObjectIdArray& ids, Source source)
 {
     Reading reading;
     reading.source = source;
+    reading.isOne = source == Source::kGivenEntities && ids.size() == 1;
     take(reading, ids, Stage::kTexts);
     take(reading, ids, Stage::kAttributes);
     // Most selections are many shapes without any text, which are not worth opening then.
@@ -213,7 +229,7 @@ const ContentReader::ClassRow* ContentReader::findRow(OdRxClass* entityClass)
 void ContentReader::takeText(Reading& reading, OdDbObjectId id)
 {
     if (const OdDbTextPtr text = openForRead<OdDbText>(id); !text.isNull())
-        addText(reading.content, readText(*text));
+        addText(reading.content, reading.isOne ? readLoneText(*text) : readText(*text));
 }
 
 void ContentReader::takeGivenAttribute(Reading& reading, OdDbObjectId id)
@@ -255,9 +271,7 @@ void ContentReader::takeDimension(Reading& reading, OdDbObjectId id)
         reading.content.blocks.push_back(std::move(block));
         return;
     }
-    const OdGeVector3d nothing(0.0, 0.0, 0.0);
-    addText(reading.content,
-            PlacedText{joinWords(dimensionText(*dimension)), Place{dimension->textPosition(), nothing, nothing}});
+    addText(reading.content, PlacedText{joinWords(dimensionText(*dimension)), pointAt(dimension->textPosition())});
 }
 
 void ContentReader::takeBlockReference(Reading& reading, OdDbObjectId id)

@@ -24,7 +24,7 @@ public:
     void text(const OdGePoint3d&, const OdGeVector3d&, const OdGeVector3d& direction, const OdChar* message,
               OdInt32 length, bool raw, const OdGiTextStyle* style) override
     {
-        seen.characters += OdString(odgiShapeText(style ? *style : OdGiTextStyle(), message, length, raw).text);
+        seen.characters += visible(message, length, raw, style);
         seen.direction = direction;
     }
 
@@ -48,6 +48,16 @@ public:
     void xline(const OdGePoint3d&, const OdGePoint3d&) override {}
     void ray(const OdGePoint3d&, const OdGePoint3d&) override {}
     void draw(const OdGiDrawable*) override {}
+
+private:
+    // Only a text with codes in it has to be set in its font to know what is seen of it.
+    static OdString visible(const OdChar* message, OdInt32 length, bool raw, const OdGiTextStyle* style)
+    {
+        const std::wstring_view characters(message, static_cast<std::size_t>(length));
+        if (raw || characters.find_first_of(L"%\\") == std::wstring_view::npos)
+            return OdString(characters);
+        return OdString(odgiShapeText(style ? *style : OdGiTextStyle(), message, length, raw).text);
+    }
 };
 
 // Looks do not matter.
