@@ -5,8 +5,10 @@
 
 #include "DbBlockTableRecord.h"
 #include "DbDatabase.h"
+#include "DbDictionary.h"
 #include "DbDimStyleTableRecord.h"
 #include "DbDimension.h"
+#include "DbSpatialFilter.h"
 #include "DbTextStyleTableRecord.h"
 #include "db/DatabaseImpl.h"
 
@@ -22,6 +24,20 @@ constexpr std::size_t kMostIndexes = 4; // spaces and planes that users go back 
 bool isStyle(const OdDbObject& object)
 {
     return object.isKindOf(OdDbTextStyleTableRecord::desc()) || object.isKindOf(OdDbDimStyleTableRecord::desc());
+}
+
+/// What may lie in the extension dictionary of a reference and clip it.
+bool isOfReference(const OdDbObject& object)
+{
+    return object.isKindOf(OdDbFilter::desc()) || object.isKindOf(OdDbDictionary::desc());
+}
+
+/// How points look, which nobody tells of when it changes.
+PointLooks pointLooksOf(const OdDbDatabase& database)
+{
+    const OdResBufPtr mode = database.getSysVar(L"PDMODE");
+    const OdResBufPtr size = database.getSysVar(L"PDSIZE");
+    return {mode.isNull() ? OdInt16(0) : mode->getInt16(), size.isNull() ? 0.0 : size->getDouble()};
 }
 
 /// The blocks that dimensions are drawn by are not drawn through references.
@@ -44,6 +60,8 @@ DrawingIndex& DrawingIndex::of(OdDbDatabase& database)
 
 SpatialIndex& DrawingIndex::find(const ViewedSpace& space)
 {
+    if (const PointLooks looks = pointLooksOf(*space.block.database()); !(looks == std::exchange(m_pointLooks, looks)))
+        m_indexes.clear();
     noteReferencesToChangedBlocks();
     OdDbStub* const block = space.block;
     const auto isAskedFor = [&](const std::unique_ptr<SpatialIndex>& index)
@@ -64,8 +82,8 @@ void DrawingIndex::note(const OdDbObject& object)
 {
     if (m_indexes.empty())
         return;
-    if (object.isKindOf(OdDbEntity::desc()))
-        noteEntity(object);
+    if (object.isKindOf(OdDbEntity::desc()) || isOfReference(object))
+        noteOwned(object);
     else if (object.isKindOf(OdDbBlockTableRecord::desc()))
         noteBlock(static_cast<const OdDbBlockTableRecord&>(object));
     else if (isStyle(object))
@@ -92,18 +110,25 @@ bool DrawingIndex::noteIn(OdDbStub* owner, OdDbStub& entity)
     return isIndexed;
 }
 
-void DrawingIndex::noteEntity(const OdDbObject& entity)
+// A vertex changes its polyline, a clip the reference three dictionaries above it. Owners that a damaged drawing has in
+// a ring end somewhere.
+void DrawingIndex::noteOwned(const OdDbObject& changed)
 {
-    const OdDbObjectId owner = entity.ownerId();
-    if (owner.isNull() || noteIn(owner, *static_cast<OdDbStub*>(entity.objectId())))
-        return;
-    OdRxClass* const ownerClass = owner.objectClass();
-    if (ownerClass == nullptr)
-        return;
-    if (ownerClass->isDerivedFrom(OdDbBlockTableRecord::desc()))
-        m_changedBlocks.insert(owner);
-    else if (const OdDbObjectPtr whole = owner.openObject(OdDb::kForNotify, true); !whole.isNull()) // of a vertex
-        noteEntity(*whole);
+    constexpr int kMostOwners = 8;
+    OdDbObjectPtr object = &changed;
+    for (int i = 0; i < kMostOwners && !object.isNull(); ++i)
+    {
+        const OdDbObjectId owner = object->ownerId();
+        OdRxClass* const ownerClass = owner.objectClass();
+        if (ownerClass == nullptr || noteIn(owner, *static_cast<OdDbStub*>(object->objectId())))
+            return;
+        if (ownerClass->isDerivedFrom(OdDbBlockTableRecord::desc()))
+        {
+            m_changedBlocks.insert(owner);
+            return;
+        }
+        object = owner.openObject(OdDb::kForNotify, true);
+    }
 }
 
 // What is drawn by a changed block, through references in other blocks too, may lie elsewhere now.

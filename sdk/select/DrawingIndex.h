@@ -16,6 +16,15 @@ class OdDbBlockTableRecord;
 namespace picking
 {
 
+/// The settings of a drawing that say how large points are drawn.
+struct PointLooks
+{
+    OdInt16 mode = 0;
+    double size = 0.0;
+
+    bool operator==(const PointLooks& other) const { return mode == other.mode && size == other.size; }
+};
+
 class DrawingIndex : public OdStaticRxObject<OdDbDatabaseReactor>
 {
 public:
@@ -32,13 +41,14 @@ public:
 
 private:
     void note(const OdDbObject& object);
-    void noteEntity(const OdDbObject& entity);
+    void noteOwned(const OdDbObject& changed);
     void noteBlock(const OdDbBlockTableRecord& block);
     void noteReferencesToChangedBlocks();
     void noteReferencesTo(OdDbStub& block, std::vector<OdDbStub*>& reached);
     bool noteIn(OdDbStub* owner, OdDbStub& entity);
 
     bool m_isAttached = false;
+    PointLooks m_pointLooks;                              ///< that the indexes were made with
     std::vector<std::unique_ptr<SpatialIndex>> m_indexes; ///< the one asked for last stands first
     std::unordered_set<OdDbStub*> m_changedBlocks;
 };

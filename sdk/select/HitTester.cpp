@@ -25,6 +25,16 @@ bool isFinite(const OdGePoint2d& point)
     return std::isfinite(point.x) && std::isfinite(point.y);
 }
 
+bool isFinite(const Segment& segment)
+{
+    return isFinite(segment.start) && isFinite(segment.end);
+}
+
+bool isFinite(const EllipticArc& arc)
+{
+    return isFinite(arc.at(arc.start)) && isFinite(arc.at(arc.start + arc.sweep));
+}
+
 bool isText(const OdGiDrawable& drawable)
 {
     return drawable.isKindOf(OdDbText::desc()) || drawable.isKindOf(OdDbMText::desc());
@@ -64,7 +74,6 @@ bool HitGeometry::isShownNow()
     if (isAnswered() || !m_layers->of(worldDraw().traits().layer()).isShown())
         return false;
     m_answer.isIncomplete = ++m_pieces > kMostPieces;
-    m_answer.isDrawn = true;
     return true;
 }
 
@@ -76,6 +85,19 @@ bool HitGeometry::isFrozen(const OdDbEntity& entity)
     if (m_depth > 0 && database != nullptr && layer == static_cast<OdDbStub*>(database->getLayerZeroId()))
         layer = worldDraw().traits().layer();
     return m_layers->of(layer).isFrozen;
+}
+
+EllipticArc HitGeometry::seenOf(const SpaceArc& arc) const
+{
+    return {seen(arc.center), m_plane.along(arc.major), m_plane.along(arc.minor), arc.start, arc.sweep};
+}
+
+std::vector<OdGePoint2d> HitGeometry::seenOf(const SpaceOutline& outline) const
+{
+    std::vector<OdGePoint2d> corners;
+    for (const OdGePoint3d& corner : outline)
+        corners.push_back(seen(corner));
+    return corners;
 }
 
 bool HitGeometry::isFilled() const
@@ -123,35 +145,36 @@ void HitGeometry::circularArc(const OdGePoint3d& center, double radius, const Od
     }
     else if (arcType == kOdGiArcChord)
         polyline(2, ends, nullptr);
-    if (const OdGeVector3d height = extrusion(normal); m_plane.along(toWorld() * height).length() > 0.0)
-        addExtruded({seen(center), m_plane.along(toWorld() * major), m_plane.along(toWorld() * minor),
-                     std::min(0.0, sweepAngle), std::min(std::fabs(sweepAngle), kTwoPi)},
-                    m_plane.along(toWorld() * height));
+    const OdGeVector3d height = toWorld() * extrusion(normal);
+    if (m_plane.along(height).length() > 0.0)
+        addExtruded({toWorld() * center, toWorld() * major, toWorld() * minor, std::min(0.0, sweepAngle),
+                     std::min(std::fabs(sweepAngle), kTwoPi)},
+                    height);
 }
 
 // The far end of an extruded arc, and what is seen of its side: lines at its ends and where it turns away.
-void HitGeometry::addExtruded(const EllipticArc& arc, const OdGeVector2d& height)
+void HitGeometry::addExtruded(const SpaceArc& arc, const OdGeVector3d& height)
 {
-    EllipticArc far = arc;
+    SpaceArc far = arc;
     far.center += height;
     addArc(far);
-    const OdGeVector2d across(-height.y, height.x);
-    const double turning = std::atan2(arc.minor.dotProduct(across), arc.major.dotProduct(across));
+    const OdGeVector2d seenHeight = m_plane.along(height);
+    const OdGeVector2d across(-seenHeight.y, seenHeight.x);
+    const EllipticArc seenArc = seenOf(arc);
+    const double turning = std::atan2(seenArc.minor.dotProduct(across), seenArc.major.dotProduct(across));
     for (const double t : {arc.start, arc.start + arc.sweep, turning, turning + kTwoPi / 2.0})
-        if (arc.has(t))
-            addSegment({arc.at(t), arc.at(t) + height});
+    {
+        const OdGePoint3d foot = arc.center + arc.major * std::cos(t) + arc.minor * std::sin(t);
+        if (seenArc.has(t))
+            addSegment({foot, foot + height});
+    }
 }
 
 void HitGeometry::ellipArc(const OdGePoint3d& center, const OdGeVector3d& majorAxis, const OdGeVector3d& minorAxis,
                            double startAngle, double endAngle)
 {
-    EllipticArc arc;
-    arc.center = seen(center);
-    arc.major = m_plane.along(toWorld() * majorAxis);
-    arc.minor = m_plane.along(toWorld() * minorAxis);
-    arc.start = std::min(startAngle, endAngle);
-    arc.sweep = std::min(std::fabs(endAngle - startAngle), kTwoPi);
-    addArc(arc);
+    addArc({toWorld() * center, toWorld() * majorAxis, toWorld() * minorAxis, std::min(startAngle, endAngle),
+            std::min(std::fabs(endAngle - startAngle), kTwoPi)});
 }
 
 void HitGeometry::polyline(OdInt32 numPoints, const OdGePoint3d* points, const OdGeVector3d* normal)
@@ -160,20 +183,19 @@ void HitGeometry::polyline(OdInt32 numPoints, const OdGePoint3d* points, const O
         return;
     if (m_isSolid && numPoints > 3) // its outline, which ends where it begins
         polygon(numPoints - 1, points);
-    const OdGeVector3d height = normal == nullptr ? OdGeVector3d(0.0, 0.0, 0.0) : extrusion(*normal);
-    const OdGeVector2d seenHeight = m_plane.along(toWorld() * height);
-    const bool isHigh = seenHeight.length() > 0.0;
-    OdGePoint2d last = seen(points[0]);
+    const OdGeVector3d height = normal == nullptr ? OdGeVector3d(0.0, 0.0, 0.0) : toWorld() * extrusion(*normal);
+    const bool isHigh = m_plane.along(height).length() > 0.0;
+    OdGePoint3d last = toWorld() * points[0];
     if (numPoints == 1 || isHigh)
-        addSegment({last, last + seenHeight});
+        addSegment({last, last + height});
     for (OdInt32 i = 1; i < numPoints && !isAnswered(); ++i)
     {
-        const OdGePoint2d next = seen(points[i]);
+        const OdGePoint3d next = toWorld() * points[i];
         addSegment({last, next});
         if (isHigh)
         {
-            addSegment({last + seenHeight, next + seenHeight});
-            addSegment({next, next + seenHeight});
+            addSegment({last + height, next + height});
+            addSegment({next, next + height});
         }
         last = next;
     }
@@ -183,33 +205,33 @@ void HitGeometry::polygon(OdInt32 numPoints, const OdGePoint3d* points)
 {
     if (numPoints < 3 || !isFilled())
         return gi::Geometry::polygon(numPoints, points);
-    m_seen.clear();
+    SpaceOutline corners;
     for (OdInt32 i = 0; i < numPoints; ++i)
-        m_seen.push_back(seen(points[i]));
-    addArea(m_seen);
+        corners.push_back(toWorld() * points[i]);
+    m_clips.isEmpty() ? addPolygon(seenOf(corners)) : addArea({std::move(corners)});
 }
 
 void HitGeometry::shell(OdInt32 numVertices, const OdGePoint3d* vertices, OdInt32 faceListSize, const OdInt32* faceList)
 {
     if (!isFilled())
         return gi::Geometry::shell(numVertices, vertices, faceListSize, faceList);
-    std::vector<std::vector<OdGePoint2d>> outlines;
+    std::vector<SpaceOutline> outlines;
     for (OdInt32 at = 0; at < faceListSize && !isAnswered();)
     {
         if (faceList[at] >= 0 && !outlines.empty())
-            addAreaWithHoles(std::exchange(outlines, {}));
+            addArea(std::exchange(outlines, {}));
         const OdInt32 count = std::abs(faceList[at++]);
-        std::vector<OdGePoint2d>& outline = outlines.emplace_back();
+        SpaceOutline& outline = outlines.emplace_back();
         for (const OdInt32 end = std::min(at + count, faceListSize); at < end; ++at)
         {
             if (faceList[at] >= 0 && faceList[at] < numVertices)
-                outline.push_back(seen(vertices[faceList[at]]));
+                outline.push_back(toWorld() * vertices[faceList[at]]);
         }
         if (outline.size() < 3)
             outlines.pop_back();
     }
     if (!outlines.empty())
-        addAreaWithHoles(outlines);
+        addArea(outlines);
 }
 
 void HitGeometry::xline(const OdGePoint3d& first, const OdGePoint3d& second)
@@ -222,62 +244,81 @@ void HitGeometry::ray(const OdGePoint3d& first, const OdGePoint3d& second)
     addLine(first, second, false);
 }
 
-// A line without end is cut to what passes the shape, and never lies in it.
+// A line without end is cut to what passes the shape, and lies in it only where a clip gives it ends.
 void HitGeometry::addLine(const OdGePoint3d& first, const OdGePoint3d& second, bool isOpenAtStart)
 {
-    const OdGePoint2d start = seen(first);
-    const OdGeVector2d along = m_plane.along(toWorld() * (second - first));
+    const SpaceSegment line{toWorld() * first, toWorld() * second};
+    const double least = isOpenAtStart ? -std::numeric_limits<double>::infinity() : 0.0;
+    if (const std::optional<Run> reach = m_clips.reachOf(line))
+    {
+        if (reach->to >= least)
+            addSegment({line.at(std::max(least, reach->from)), line.at(reach->to)});
+        return;
+    }
+    const OdGeVector2d along = m_plane.along(line.end - line.start);
     const double squared = along.lengthSqrd();
     if (squared == 0.0 || !std::isfinite(squared))
-        return addSegment({start, start});
-    if (m_question == Question::kLiesIn)
-        m_answer.reachesOut = m_answer.reachesOut || isShownNow();
-    const double middle = (m_center - start).dotProduct(along) / squared;
+        return addSegment({line.start, line.start});
+    if (m_question == Question::kLiesIn && isShownNow())
+        m_answer.isDrawn = m_answer.reachesOut = true;
+    const double middle = (m_center - seen(line.start)).dotProduct(along) / squared;
     const double half = m_shape->box().diagonal().length() / std::sqrt(squared);
-    const double from = isOpenAtStart ? middle - half : std::max(0.0, middle - half);
-    if (const double to = middle + half; to >= from)
-        addSegment({start + along * from, start + along * to});
+    if (middle + half >= least)
+        addSegment({line.at(std::max(least, middle - half)), line.at(middle + half)});
 }
 
 // ---- Answers
 // ---------------------------------------------------------------------------------------------------------
 
-void HitGeometry::addSegment(const Segment& segment)
+template<class Curve>
+void HitGeometry::look(const Curve& curve)
 {
-    if (!isFinite(segment.start) || !isFinite(segment.end) || !isShownNow())
+    if (!isFinite(curve))
         return;
+    m_answer.isDrawn = true;
     if (m_question == Question::kLiesIn)
     {
-        m_answer.reachesOut = m_answer.reachesOut || !m_shape->holds(segment);
+        m_answer.reachesOut = m_answer.reachesOut || !m_shape->holds(curve);
         return;
     }
-    if (!m_shape->touches(segment))
+    if (!m_shape->touches(curve))
         return;
     m_answer.touches = true;
     if (m_question == Question::kHowFar)
-        m_answer.distance = std::min(m_answer.distance, distanceBetween(m_center, segment));
+        m_answer.distance = std::min(m_answer.distance, distanceBetween(m_center, curve));
 }
 
-void HitGeometry::addArc(const EllipticArc& arc)
+void HitGeometry::addSegment(const SpaceSegment& segment)
 {
-    if (!isFinite(arc.at(arc.start)) || !isFinite(arc.at(arc.start + arc.sweep)) || !isShownNow())
+    if (!isShownNow())
         return;
-    if (m_question == Question::kLiesIn)
+    if (m_clips.isEmpty())
+        return look(Segment{seen(segment.start), seen(segment.end)});
+    for (const Run& run : m_clips.runsOf(segment))
+        look(Segment{seen(segment.at(run.from)), seen(segment.at(run.to))});
+}
+
+void HitGeometry::addArc(const SpaceArc& arc)
+{
+    if (!isShownNow())
+        return;
+    EllipticArc piece = seenOf(arc);
+    if (m_clips.isEmpty())
+        return look(piece);
+    for (const Run& run : m_clips.runsOf(arc))
     {
-        m_answer.reachesOut = m_answer.reachesOut || !m_shape->holds(arc);
-        return;
+        piece.start = run.from;
+        piece.sweep = run.to - run.from;
+        look(piece);
     }
-    if (!m_shape->touches(arc))
-        return;
-    m_answer.touches = true;
-    if (m_question == Question::kHowFar)
-        m_answer.distance = std::min(m_answer.distance, distanceBetween(m_center, arc));
 }
 
-void HitGeometry::addArea(const std::vector<OdGePoint2d>& corners)
+void HitGeometry::addPolygon(const std::vector<OdGePoint2d>& corners)
 {
-    if (!std::all_of(corners.begin(), corners.end(), isFinite) || !isShownNow())
+    if (!std::all_of(corners.begin(), corners.end(), [](const OdGePoint2d& corner) { return isFinite(corner); }) ||
+        !isShownNow())
         return;
+    m_answer.isDrawn = true;
     const auto side = [&](std::size_t i) { return Segment{corners[i], corners[(i + 1) % corners.size()]}; };
     if (m_question == Question::kLiesIn)
     {
@@ -295,21 +336,37 @@ void HitGeometry::addArea(const std::vector<OdGePoint2d>& corners)
     for (std::size_t i = 0; i < corners.size(); ++i)
         m_answer.areaDistance = std::min(m_answer.areaDistance, distanceBetween(m_center, side(i)));
 }
-
-/// An area is what an odd number of its outlines hold. Where the shape touches no outline, it lies in or out of each as
-/// a whole.
-void HitGeometry::addAreaWithHoles(const std::vector<std::vector<OdGePoint2d>>& outlines)
+// Where the shape touches no outline and nothing that a clip cuts off, it lies in or out of the area as a whole.
+bool HitGeometry::isShapeWithin(const std::vector<SpaceOutline>& outlines, const std::optional<FlatArea>& area) const
 {
+    const OdGePoint2d place = m_shape->edges().front().start;
     bool isInside = false;
-    for (const std::vector<OdGePoint2d>& outline : outlines)
-    {
+    for (const SpaceOutline& outline : outlines)
+        isInside = isInside != isWithin(seenOf(outline), place);
+    if (!isInside || m_clips.isEmpty())
+        return isInside;
+    const OdGePoint3d inPlane = OdGePoint3d() + m_plane.right * place.x + m_plane.up * place.y;
+    const std::optional<OdGePoint3d> onArea =
+        area ? area->meet(inPlane, m_plane.right.crossProduct(m_plane.up)) : std::nullopt;
+    return onArea && m_clips.hold(*onArea);
+}
+
+/// An area is what an odd number of its outlines hold.
+void HitGeometry::addArea(const std::vector<SpaceOutline>& outlines)
+{
+    const double distanceOfLines = m_answer.distance;
+    for (const SpaceOutline& outline : outlines)
         for (std::size_t i = 0; i < outline.size() && !isAnswered(); ++i)
             addSegment({outline[i], outline[(i + 1) % outline.size()]});
-        isInside = isInside != (m_question != Question::kLiesIn && m_shape->touchesArea(outline));
-    }
-    if (m_question == Question::kLiesIn || m_answer.isIncomplete || !isInside || m_answer.touches || !isShownNow())
+    std::optional<FlatArea> area;
+    if (!m_clips.isEmpty() && isShownNow() && (area = FlatArea::within(outlines)))
+        for (const SpaceSegment& edge : m_clips.edgesOf(*area))
+            look(Segment{seen(edge.start), seen(edge.end)});
+    m_answer.areaDistance = std::min(m_answer.areaDistance, std::exchange(m_answer.distance, distanceOfLines));
+    if (m_question == Question::kLiesIn || m_answer.isIncomplete || m_answer.touches || !isShownNow() ||
+        !isShapeWithin(outlines, area))
         return;
-    m_answer.touches = true;
+    m_answer.isDrawn = m_answer.touches = true;
     m_answer.areaDistance = 0.0;
 }
 

@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "gi/WorldDraw.h"
+#include "select/Clips.h"
 #include "select/LayerStates.h"
 #include "select/Shape.h"
 #include "select/ViewPlane.h"
@@ -54,18 +55,25 @@ public:
     void xline(const OdGePoint3d& first, const OdGePoint3d& second) override;
     void ray(const OdGePoint3d& first, const OdGePoint3d& second) override;
     void draw(const OdGiDrawable* drawable) override;
+    void pushClipBoundary(const OdGiClipBoundary& boundary) override { m_clips.push(boundary, toWorld()); }
+    void popClipBoundary() override { m_clips.pop(); }
 
 private:
     bool isShownNow();
     bool isFrozen(const OdDbEntity& entity);
     bool isFilled() const;
-    OdGePoint2d seen(const OdGePoint3d& point) const { return m_plane.at(toWorld() * point); }
+    OdGePoint2d seen(const OdGePoint3d& world) const { return m_plane.at(world); }
+    EllipticArc seenOf(const SpaceArc& arc) const;
+    std::vector<OdGePoint2d> seenOf(const SpaceOutline& outline) const;
     OdGeVector3d extrusion(const OdGeVector3d& normal) const;
-    void addSegment(const Segment& segment);
-    void addArc(const EllipticArc& arc);
-    void addExtruded(const EllipticArc& arc, const OdGeVector2d& height);
-    void addArea(const std::vector<OdGePoint2d>& corners);
-    void addAreaWithHoles(const std::vector<std::vector<OdGePoint2d>>& outlines);
+    void addSegment(const SpaceSegment& segment);
+    void addArc(const SpaceArc& arc);
+    void addExtruded(const SpaceArc& arc, const OdGeVector3d& height);
+    void addPolygon(const std::vector<OdGePoint2d>& corners);
+    void addArea(const std::vector<SpaceOutline>& outlines);
+    bool isShapeWithin(const std::vector<SpaceOutline>& outlines, const std::optional<FlatArea>& area) const;
+    template<class Curve>
+    void look(const Curve& curve);
     void addLine(const OdGePoint3d& first, const OdGePoint3d& second, bool isOpenAtStart);
 
     Question m_question = Question::kTouches;
@@ -78,7 +86,7 @@ private:
     int m_depth = 0;
     bool m_isText = false;
     bool m_isSolid = false;
-    std::vector<OdGePoint2d> m_seen; // reused
+    Clips m_clips;
 };
 
 /// One tester serves many entities, one after the other.

@@ -35,14 +35,17 @@ bool isWithin(std::span<const OdGePoint2d> corners, const OdGePoint2d& point)
     return isInside;
 }
 
-Shape::Shape(std::vector<OdGePoint2d> corners, bool isClosed)
+Shape::Shape(const std::vector<std::vector<OdGePoint2d>>& borders, bool isClosed)
 {
-    for (const OdGePoint2d& corner : corners)
-        m_box.addPoint(corner);
-    for (std::size_t i = 1; i < corners.size(); ++i)
-        m_edges.push_back({corners[i - 1], corners[i]});
-    if (isClosed)
-        m_edges.push_back({corners.back(), corners.front()});
+    for (const std::vector<OdGePoint2d>& corners : borders)
+    {
+        for (const OdGePoint2d& corner : corners)
+            m_box.addPoint(corner);
+        for (std::size_t i = 1; i < corners.size(); ++i)
+            m_edges.push_back({corners[i - 1], corners[i]});
+        if (isClosed)
+            m_edges.push_back({corners.back(), corners.front()});
+    }
     // Coordinates far from the origin carry rounding of this size.
     constexpr double kRounding = 1e-12;
     m_tolerance = kRounding * greatestCoordinate(m_box);
@@ -50,19 +53,24 @@ Shape::Shape(std::vector<OdGePoint2d> corners, bool isClosed)
 
 Shape Shape::rectangle(const OdGePoint2d& first, const OdGePoint2d& second)
 {
-    Shape shape({first, {second.x, first.y}, second, {first.x, second.y}}, true);
+    Shape shape({{first, {second.x, first.y}, second, {first.x, second.y}}}, true);
     shape.m_isRectangle = true;
     return shape;
 }
 
 Shape Shape::polygon(std::vector<OdGePoint2d> corners)
 {
-    return Shape(std::move(corners), true);
+    return area({std::move(corners)});
+}
+
+Shape Shape::area(const std::vector<std::vector<OdGePoint2d>>& outlines)
+{
+    return Shape(outlines, true);
 }
 
 Shape Shape::fence(std::vector<OdGePoint2d> corners)
 {
-    Shape shape(std::move(corners), false);
+    Shape shape({std::move(corners)}, false);
     shape.m_isFence = true;
     return shape;
 }
@@ -128,6 +136,46 @@ bool Shape::holds(const EllipticArc& arc) const
     for (const Segment& edge : m_edges)
         addMeetings(arc, edge, m_tolerance, parameters);
     return holdsPieces(arc, std::move(parameters));
+}
+
+template<class Curve>
+std::vector<Run> Shape::runsBetween(const Curve& curve, std::vector<double> parameters) const
+{
+    std::sort(parameters.begin(), parameters.end());
+    std::vector<Run> runs;
+    for (std::size_t i = 1; i < parameters.size(); ++i)
+    {
+        const Run run{parameters[i - 1], parameters[i]};
+        if (run.from == run.to || !holds(curve.at((run.from + run.to) / 2.0)))
+            continue;
+        if (!runs.empty() && runs.back().to == run.from)
+            runs.back().to = run.to;
+        else
+            runs.push_back(run);
+    }
+    return runs;
+}
+
+std::vector<Run> Shape::runsOf(const Segment& segment) const
+{
+    std::vector<double> parameters = {0.0, 1.0};
+    for (const Segment& edge : m_edges)
+        addMeetings(segment, edge, m_tolerance, parameters);
+    return runsBetween(segment, std::move(parameters));
+}
+
+// A circle that is seen from its side is cut into pieces of a size that nobody sees.
+std::vector<Run> Shape::runsOf(const EllipticArc& arc) const
+{
+    constexpr int kPieces = 256;
+    const bool isFlat = flattened(arc).has_value();
+    std::vector<double> parameters = {arc.start, arc.start + arc.sweep};
+    for (int i = 1; isFlat && i < kPieces; ++i)
+        parameters.push_back(arc.start + arc.sweep * i / kPieces);
+    for (const Segment& edge : m_edges)
+        if (!isFlat)
+            addMeetings(arc, edge, m_tolerance, parameters);
+    return runsBetween(arc, std::move(parameters));
 }
 
 bool Shape::holds(const OdGeExtents2d& box) const

@@ -12,6 +12,13 @@
 namespace picking
 {
 
+/// A run of a curve's parameters.
+struct Run
+{
+    double from;
+    double to;
+};
+
 class Shape
 {
 public:
@@ -19,6 +26,8 @@ public:
     static Shape rectangle(const OdGePoint2d& first, const OdGePoint2d& second);
     /// What an odd number of turns of the border separates from far away is inside.
     static Shape polygon(std::vector<OdGePoint2d> corners);
+    /// The same for several borders together.
+    static Shape area(const std::vector<std::vector<OdGePoint2d>>& outlines);
     static Shape fence(std::vector<OdGePoint2d> corners);
 
     const std::vector<Segment>& edges() const { return m_edges; }
@@ -32,6 +41,10 @@ public:
     bool holds(const EllipticArc& arc) const;
     bool holds(const OdGeExtents2d& box) const;
 
+    /// The runs of parameters over which a curve lies in the shape.
+    std::vector<Run> runsOf(const Segment& segment) const;
+    std::vector<Run> runsOf(const EllipticArc& arc) const;
+
     /// True for what has a point in common with the shape.
     bool touches(const Segment& segment) const;
     bool touches(const EllipticArc& arc) const;
@@ -39,8 +52,10 @@ public:
     bool touchesArea(std::span<const OdGePoint2d> corners) const;
 
 private:
-    Shape(std::vector<OdGePoint2d> corners, bool isClosed);
+    Shape(const std::vector<std::vector<OdGePoint2d>>& borders, bool isClosed);
 
+    template<class Curve>
+    std::vector<Run> runsBetween(const Curve& curve, std::vector<double> parameters) const;
     template<class Curve>
     bool holdsPieces(const Curve& curve, std::vector<double> parameters) const;
     bool isInBox(const OdGePoint2d& point) const;

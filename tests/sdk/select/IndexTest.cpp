@@ -9,6 +9,7 @@
 #include "DbBlockTableRecord.h"
 #include "DbCircle.h"
 #include "DbLine.h"
+#include "DbPoint.h"
 #include "DbText.h"
 #include "DbTextStyleTable.h"
 #include "DbTextStyleTableRecord.h"
@@ -115,9 +116,10 @@ protected:
     double place() { return std::uniform_real_distribution<double>(-10, 130)(m_dice); }
     unsigned dice(unsigned sides) { return std::uniform_int_distribution<unsigned>(0, sides - 1)(m_dice); }
 
+    Drawing m_drawing;
+
 private:
     std::mt19937 m_dice{7};
-    Drawing m_drawing;
 };
 
 TEST_F(Index, FollowsEveryKindOfChange)
@@ -168,6 +170,19 @@ TEST_F(Index, FollowsEveryKindOfChange)
                  OdDbTextStyleTableRecord::cast(styles->getAt(L"STANDARD").safeOpenObject(OdDb::kForWrite));
              style->setXScale(4);
          }},
+        {"a clip",
+         [&] {
+             m_drawing.clip("A1", {{0, 0}, {52, 52}});
+         }},
+        {"another outline",
+         [&]
+         {
+             const OdDbSpatialFilterPtr filter = OdDbIndexFilterManager::getFilter(
+                 open<OdDbBlockReference>("A1"), OdDbSpatialFilter::desc(), OdDb::kForWrite);
+             filter->setDefinition({{40, -50}, {130, 50}}, OdGeVector3d::kZAxis, 0.0);
+         }},
+        {"no clip any more",
+         [&] { OdDbIndexFilterManager::removeFilter(open<OdDbBlockReference>("A1"), OdDbSpatialFilter::desc()); }},
         {"a layer switched off", [&] { open<OdDbEntity>("A5")->setLayer(L"OFF"); }},
     };
     int number = 0;
@@ -195,6 +210,22 @@ TEST_F(Index, FollowsEveryKindOfChange)
     check("in a transaction");
     database().abortTransaction();
     check("aborted");
+}
+
+TEST_F(Index, FollowsTheSettingsOfPoints)
+{
+    const OdDbPointPtr point = OdDbPoint::createObject();
+    openBlock(database().getModelSpaceId())->appendOdDbEntity(point);
+    point->setPosition(at(100, 30));
+    const std::string handle = handlesOf({point->objectId()});
+    point->downgradeOpen();
+    const auto selected = [&] { return m_drawing.select(Visual::kCrossing, {at(114, 20), at(118, 40)}); };
+    EXPECT_EQ(selected(), "");
+    database().setSysVar(L"PDMODE", OdResBuf::newRb(70, OdInt16(34)));
+    database().setSysVar(L"PDSIZE", OdResBuf::newRb(40, 32.0));
+    EXPECT_EQ(selected(), handle);
+    database().setSysVar(L"PDSIZE", OdResBuf::newRb(40, 4.0));
+    EXPECT_EQ(selected(), "");
 }
 
 TEST_F(Index, FollowsManyChangesAtRandom)

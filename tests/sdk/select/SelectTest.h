@@ -7,10 +7,12 @@
 
 #include <gtest/gtest.h>
 
+#include "DbBlockReference.h"
 #include "DbDatabase.h"
 #include "DbSSet.h"
-#include "RxInit.h"
+#include "DbSpatialFilter.h"
 #include "support/EntityDrawing.h"
+#include "support/Sdk.h"
 #include "support/TemporaryFolder.h"
 
 namespace selecttest
@@ -18,19 +20,13 @@ namespace selecttest
 
 using support::Content;
 
-class SdkEnvironment
-{
-public:
-    SdkEnvironment() { odInitialize(); }
-};
-
 /// A drawing in memory.
 class Drawing
 {
 public:
     explicit Drawing(const Content& content)
     {
-        static const SdkEnvironment environment;
+        support::startSdk();
         std::ofstream(m_folder.path("drawing.dxf")) << support::drawingOf(content);
         m_database = OdDbDatabase::createObject();
         m_database->readFile(odUtf8ToString(m_folder.path("drawing.dxf")));
@@ -42,6 +38,15 @@ public:
         OdDbHandle parsed;
         EXPECT_TRUE(OdDbHandle::parse(odUtf8ToString(handle).view(), parsed));
         return m_database->getOdDbObjectId(parsed);
+    }
+
+    /// Cuts a reference at an outline in the coordinates of the drawing.
+    void clip(const char* handle, const OdGePoint2dArray& outline) const
+    {
+        const OdDbBlockReferencePtr reference = id(handle).safeOpenObject(OdDb::kForWrite);
+        const OdDbSpatialFilterPtr filter = OdDbSpatialFilter::createObject();
+        filter->setDefinition(outline, OdGeVector3d::kZAxis, 0.0);
+        OdDbIndexFilterManager::addFilter(reference, filter);
     }
 
     /// "A1 A2": the handles of what is selected, in order.

@@ -198,6 +198,61 @@ TEST(Shapes, ReachIntoNestedAndScaledBlocks)
                               });
 }
 
+TEST(Shapes, AreCutByClips)
+{
+    const Drawing drawing({{
+                               "INSERT A1 0|100 AcDbBlockReference|2 PLAN|10 0|20 0",
+                               "INSERT A2 0|100 AcDbBlockReference|2 PLAN|10 1000|20 0|41 2|42 2|43 2|50 90",
+                               "INSERT A3 0|100 AcDbBlockReference|2 PLAN|10 2000|20 0",
+                               "INSERT A4 0|100 AcDbBlockReference|2 HOLDER|10 3000|20 0",
+                           },
+                           {{"PLAN",
+                             {
+                                 "LINE E1 0|100 AcDbLine|10 0|20 0|11 100|21 0",
+                                 "CIRCLE E2 0|39 5|100 AcDbCircle|10 50|20 0|40 30",
+                                 "SOLID E3 0|100 AcDbTrace|10 0|20 40|11 100|21 40|12 0|22 60|13 100|23 60",
+                                 "XLINE E4 0|100 AcDbXline|10 0|20 80|11 1|21 0",
+                             }},
+                            {"HOLDER", {"INSERT F1 0|100 AcDbBlockReference|2 PLAN|10 0|20 0"}}}});
+    drawing.clip("A1", {{40, -50}, {90, 90}});
+    drawing.clip("A2", {{910, 50}, {1010, 210}});
+    // A horseshoe that is open at the top.
+    drawing.clip("A3",
+                 {{2000, -50}, {2100, -50}, {2100, 90}, {2070, 90}, {2070, -10}, {2030, -10}, {2030, 90}, {2000, 90}});
+    drawing.clip("F1", {{40, -50}, {90, 90}});
+    drawing.clip("A4", {{3000, -50}, {3060, 90}});
+    expectSelections(
+        drawing,
+        {
+            {"a line before the outline", Visual::kCrossing, {at(10, -1), at(39, 1)}, ""},
+            {"within", Visual::kCrossing, {at(45, -1), at(46, 1)}, "A1"},
+            {"behind", Visual::kCrossing, {at(91, -1), at(99, 1)}, ""},
+            {"a circle's cut half", Visual::kCrossing, {at(19, -20), at(39, 20)}, ""},
+            {"its other half", Visual::kCrossing, {at(79, -1), at(81, 1)}, "A1"},
+            {"a solid's cut side", Visual::kCrossing, {at(10, 45), at(20, 55)}, ""},
+            {"within the solid", Visual::kCrossing, {at(50, 45), at(60, 55)}, "A1"},
+            {"an endless line, cut", Visual::kFence, {at(-500, 0), at(-500, 100)}, ""},
+            {"within", Visual::kFence, {at(60, 70), at(60, 85)}, "A1"},
+            {"the window around what is left", Visual::kWindow, {at(40, -30), at(90, 80)}, "A1"},
+            {"a window that is too small", Visual::kWindow, {at(40, -30), at(89, 80)}, ""},
+            {"a pick in the solid", Visual::kPoint, {at(85, 50)}, "A1"},
+            {"a pick where it was cut off", Visual::kPoint, {at(35, 50)}, ""},
+            {"turned and doubled: a line", Visual::kCrossing, {at(999, 100), at(1001, 101)}, "A2"},
+            {"its end", Visual::kCrossing, {at(999, 20), at(1001, 49)}, ""},
+            {"the arc on the other side", Visual::kCrossing, {at(1011, 60), at(1070, 140)}, ""},
+            {"within the solid", Visual::kCrossing, {at(911, 51), at(912, 52)}, "A2"},
+            {"beneath it", Visual::kCrossing, {at(911, 40), at(912, 49)}, ""},
+            {"between the legs of a horseshoe", Visual::kCrossing, {at(2031, -9), at(2069, 89)}, ""},
+            {"in a leg", Visual::kCrossing, {at(2010, 50), at(2011, 51)}, "A3"},
+            {"a fence across both", Visual::kFence, {at(2031, 50), at(2071, 50)}, "A3"},
+            {"two clips: before both", Visual::kCrossing, {at(3000, -40), at(3039, 89)}, ""},
+            {"in the inner only", Visual::kCrossing, {at(3061, -40), at(3100, 89)}, ""},
+            {"in both", Visual::kCrossing, {at(3041, 50), at(3042, 51)}, "A4"},
+            {"window around it", Visual::kWindow, {at(3040, -30), at(3060, 80)}, "A4"},
+            {"a shape around nothing that is left", Visual::kCPoly, {at(2035, 0), at(2065, 0), at(2050, 30)}, ""},
+        });
+}
+
 TEST(Shapes, MeetLinesWithoutEnd)
 {
     const Drawing drawing({{
