@@ -95,6 +95,7 @@ protected:
     virtual OdResBufPtr GetResultBuffer() const;
 
 private:
+    bool ReadFrom(const OdResBuf* pData);
     bool HasFlag(OdUInt32 uiFlag) const { return (m_uiFlags & uiFlag) != 0; }
     void SetFlag(OdUInt32 uiFlag, bool bValue);
     template<class Value>

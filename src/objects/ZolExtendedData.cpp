@@ -32,9 +32,9 @@ OdResBufPtr ReadMarks(const OdDbObject& object)
 class MarksReader
 {
 public:
-    explicit MarksReader(const OdDbObject& object)
+    explicit MarksReader(const OdResBuf* pData)
     {
-        if (const OdResBufPtr pData = ReadMarks(object))
+        if (pData)
             m_pElement = pData->next();
     }
 
@@ -75,12 +75,11 @@ OdDbObjectPtr RequireObject(const OdDbObjectPtr& pObject, const OdChar* pszFunct
     return pObject;
 }
 
-bool HasMarks(const OdDbObjectPtr& pObject)
+// Nothing for an object that is not there, or has none.
+OdResBufPtr MarksOf(const OdDbObjectPtr& pObject)
 {
-    if (!pObject)
-        return false;
-    const OdResBufPtr pData = ReadMarks(*pObject);
-    return pData && pData->next();
+    const OdResBufPtr pData = pObject ? ReadMarks(*pObject) : OdResBufPtr();
+    return pData && pData->next() ? pData : OdResBufPtr();
 }
 
 } // namespace
@@ -90,31 +89,33 @@ bool HasMarks(const OdDbObjectPtr& pObject)
 
 bool CZolExtendedData::ObjectHasData(const OdDbObjectId& id, bool bOpenErased)
 {
-    return HasMarks(id.openObject(OdDb::kForRead, bOpenErased));
+    return !MarksOf(id.openObject(OdDb::kForRead, bOpenErased)).isNull();
 }
 
 CZolExtendedDataPtr CZolExtendedData::Get(const OdDbObjectId& id, bool bCreate, bool bOpenErased)
 {
     constexpr const OdChar* pszFunction = L"CZolExtendedData::Get";
     RequireId(id, pszFunction);
-    const bool bHasData = ObjectHasData(id, bOpenErased);
-    if (!bHasData && !bCreate)
+    const OdResBufPtr pData = MarksOf(id.openObject(OdDb::kForRead, bOpenErased));
+    if (!pData && !bCreate)
         return CZolExtendedDataPtr();
     CZolExtendedDataPtr pResult = createObject();
     if (!pResult)
         throw OdError_InvalidValue(eNullObjectPointer, L"pResult", pszFunction);
     pResult->m_idObject = id;
-    if (!bHasData)
-        return pResult;
-    const OdDbObjectPtr pObject = RequireObject(id.openObject(OdDb::kForRead, bOpenErased), pszFunction);
-    if (!pResult->Initialize(pObject.get()))
+    if (pData && !pResult->ReadFrom(pData))
         throw OdError_InvalidValue(eInvalidResBuf, L"pResult", pszFunction);
     return pResult;
 }
 
 bool CZolExtendedData::Initialize(const OdDbObject* pObject)
 {
-    MarksReader reader(*pObject);
+    return ReadFrom(ReadMarks(*pObject));
+}
+
+bool CZolExtendedData::ReadFrom(const OdResBuf* pData)
+{
+    MarksReader reader(pData);
     OdUInt32 uiVersion = 0;
     OdUInt32 uiCharacteristics = 0;
     if (!reader.Read(uiVersion) || uiVersion > m_uiCurrentVersion)
@@ -191,7 +192,7 @@ void CZolExtendedData::Remove()
 void CZolExtendedData::RemoveFrom(const OdDbObjectId& id)
 {
     const OdDbObjectPtr pObject = RequireObject(id.openObject(OdDb::kForWrite, true), L"CZolExtendedData::RemoveFrom");
-    if (HasMarks(pObject))
+    if (MarksOf(pObject))
         pObject->setXData(OdResBuf::newRb(OdResBuf::kDxfRegAppName, kDefaultApplication).get());
 }
 
