@@ -4,22 +4,22 @@
 namespace hostcommands
 {
 
+static void step(CommandRun& run, const OdChar* command, bool isThere, void (OdDbDatabase::*go)())
+{
+    refuseInTransaction(run, command);
+    if (isThere)
+        (run.database.*go)();
+    run.results.add(L"DONE", isThere);
+}
+
 void undo(CommandRun& run)
 {
-    refuseInTransaction(run, L"UNDO");
-    const bool isThere = run.database.hasUndo();
-    if (isThere)
-        run.database.undo();
-    run.results.add(L"DONE", isThere);
+    step(run, L"UNDO", run.database.hasUndo(), &OdDbDatabase::undo);
 }
 
 void redo(CommandRun& run)
 {
-    refuseInTransaction(run, L"REDO");
-    const bool isThere = run.database.hasRedo();
-    if (isThere)
-        run.database.redo();
-    run.results.add(L"DONE", isThere);
+    step(run, L"REDO", run.database.hasRedo(), &OdDbDatabase::redo);
 }
 
 } // namespace hostcommands

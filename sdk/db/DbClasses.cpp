@@ -1,14 +1,13 @@
 // The runtime classes of the core, in the order in which they are registered: bases first.
 #include "DbClasses.h"
 
-#include <iterator>
-
 #include "DbDatabase.h"
 #include "DbDatabaseReactor.h"
 #include "DbFiler.h"
 #include "DbObject.h"
 #include "DbObjectReactor.h"
 #include "DbProxyObject.h"
+#include "rx/ClassRows.h"
 #include "rx/Layers.h"
 
 ODRX_DXF_DEFINE_MEMBERS(OdDbObject, OdGiDrawable, EMPTY_CONSTR, 0, 0, 0, nullptr, nullptr);
@@ -26,37 +25,21 @@ namespace oddb
 namespace
 {
 
-struct ClassFunctions
-{
-    void (*init)();
-    void (*uninit)();
-};
-
-constexpr ClassFunctions kClasses[] = {
-    {&OdDbObject::rxInit, &OdDbObject::rxUninit},
-    {&OdDbDatabase::rxInit, &OdDbDatabase::rxUninit},
-    {&OdDbObjectReactor::rxInit, &OdDbObjectReactor::rxUninit},
-    {&OdDbDatabaseReactor::rxInit, &OdDbDatabaseReactor::rxUninit},
-    {&OdDbFiler::rxInit, &OdDbFiler::rxUninit},
-    {&OdDbDwgFiler::rxInit, &OdDbDwgFiler::rxUninit},
-    {&OdDbDxfFiler::rxInit, &OdDbDxfFiler::rxUninit},
-    {&OdDbProxyObject::rxInit, &OdDbProxyObject::rxUninit},
-};
+constexpr auto kClasses = odlayers::rowsOf<OdDbObject, OdDbDatabase, OdDbObjectReactor, OdDbDatabaseReactor, OdDbFiler,
+                                           OdDbDwgFiler, OdDbDxfFiler, OdDbProxyObject>();
 
 } // namespace
 
 void registerCoreClasses()
 {
-    for (const ClassFunctions& functions : kClasses)
-        functions.init();
+    odlayers::startClasses(kClasses);
     registerObjectClasses();
 }
 
 void unregisterCoreClasses()
 {
     unregisterObjectClasses();
-    for (auto functions = std::rbegin(kClasses); functions != std::rend(kClasses); ++functions)
-        functions->uninit();
+    odlayers::endClasses(kClasses);
 }
 
 namespace

@@ -1,8 +1,6 @@
 // The runtime classes of dictionaries, tables, records, layouts and their helpers, bases first.
 #include "DbClasses.h"
 
-#include <iterator>
-
 #include "DbBlockTable.h"
 #include "DbBlockTableRecord.h"
 #include "DbDictionary.h"
@@ -28,6 +26,7 @@
 #include "DbViewportTableRecord.h"
 #include "DbXrecord.h"
 #include "RecordTables.h"
+#include "rx/ClassRows.h"
 
 ODRX_NO_CONS_DEFINE_MEMBERS(OdDbDictionaryIterator, OdRxDictionaryIterator);
 ODRX_NO_CONS_DEFINE_MEMBERS(OdDbSymbolTableIterator, OdRxObject);
@@ -66,69 +65,27 @@ namespace oddb
 namespace
 {
 
-struct ClassFunctions
-{
-    void (*init)();
-    void (*uninit)();
-};
-
-template<class T>
-constexpr ClassFunctions functionsOf()
-{
-    return {&T::rxInit, &T::rxUninit};
-}
-
-constexpr ClassFunctions kClasses[] = {
-    functionsOf<OdDbDictionaryIterator>(),
-    functionsOf<OdDbSymbolTableIterator>(),
-    functionsOf<OdDbDictionary>(),
-    functionsOf<OdDbDictionaryWithDefault>(),
-    functionsOf<OdDbXrecord>(),
-    functionsOf<OdDbPlotSettings>(),
-    functionsOf<OdDbLayout>(),
-    functionsOf<OdDbSymbolTable>(),
-    functionsOf<OdDbBlockTable>(),
-    functionsOf<OdDbLayerTable>(),
-    functionsOf<OdDbLinetypeTable>(),
-    functionsOf<OdDbTextStyleTable>(),
-    functionsOf<OdDbDimStyleTable>(),
-    functionsOf<OdDbRegAppTable>(),
-    functionsOf<OdDbUCSTable>(),
-    functionsOf<OdDbViewTable>(),
-    functionsOf<OdDbViewportTable>(),
-    functionsOf<OdDbSymbolTableRecord>(),
-    functionsOf<OdDbBlockTableRecord>(),
-    functionsOf<OdDbLayerTableRecord>(),
-    functionsOf<OdDbLinetypeTableRecord>(),
-    functionsOf<OdDbTextStyleTableRecord>(),
-    functionsOf<OdDbDimStyleTableRecord>(),
-    functionsOf<OdDbRegAppTableRecord>(),
-    functionsOf<OdDbUCSTableRecord>(),
-    functionsOf<OdDbAbstractViewTableRecord>(),
-    functionsOf<OdDbViewTableRecord>(),
-    functionsOf<OdDbViewportTableRecord>(),
-    functionsOf<OdDbSelectionSetIterator>(),
-    functionsOf<OdSelectionSet>(),
-    functionsOf<OdDbSelectionSet>(),
-    functionsOf<OdDbSelectionMethod>(),
-    functionsOf<OdDbVisualSelection>(),
-    functionsOf<OdDbIdMappingIter>(),
-    functionsOf<OdDbIdMapping>(),
-};
+constexpr auto kClasses =
+    odlayers::rowsOf<OdDbDictionaryIterator, OdDbSymbolTableIterator, OdDbDictionary, OdDbDictionaryWithDefault,
+                     OdDbXrecord, OdDbPlotSettings, OdDbLayout, OdDbSymbolTable, OdDbBlockTable, OdDbLayerTable,
+                     OdDbLinetypeTable, OdDbTextStyleTable, OdDbDimStyleTable, OdDbRegAppTable, OdDbUCSTable,
+                     OdDbViewTable, OdDbViewportTable, OdDbSymbolTableRecord, OdDbBlockTableRecord,
+                     OdDbLayerTableRecord, OdDbLinetypeTableRecord, OdDbTextStyleTableRecord, OdDbDimStyleTableRecord,
+                     OdDbRegAppTableRecord, OdDbUCSTableRecord, OdDbAbstractViewTableRecord, OdDbViewTableRecord,
+                     OdDbViewportTableRecord, OdDbSelectionSetIterator, OdSelectionSet, OdDbSelectionSet,
+                     OdDbSelectionMethod, OdDbVisualSelection, OdDbIdMappingIter, OdDbIdMapping>();
 
 } // namespace
 
 void registerObjectClasses()
 {
-    for (const ClassFunctions& functions : kClasses)
-        functions.init();
+    odlayers::startClasses(kClasses);
     registerRecordTables();
 }
 
 void unregisterObjectClasses()
 {
-    for (auto functions = std::rbegin(kClasses); functions != std::rend(kClasses); ++functions)
-        functions->uninit();
+    odlayers::endClasses(kClasses);
 }
 
 } // namespace oddb

@@ -1,12 +1,11 @@
 // The classes of this layer: what they do unless it is overridden, and their registration.
-#include <iterator>
-
 #include "DbCommandContext.h"
 #include "DbDatabase.h"
 #include "DbUserIO.h"
 #include "Ed/EdBaseIO.h"
 #include "Ed/EdCommandStack.h"
 #include "ed/CommandStackImpl.h"
+#include "rx/ClassRows.h"
 #include "rx/Layers.h"
 
 ODRX_NO_CONS_DEFINE_MEMBERS(OdEdCommand, OdRxObject)
@@ -184,43 +183,22 @@ OdSelectionSetPtr OdDbUserIO::select(const OdString&, int, const OdSelectionSet*
 namespace
 {
 
-struct ClassRow
-{
-    void (*start)();
-    void (*end)();
-};
-
-template<class T>
-constexpr ClassRow rowOf()
-{
-    return {[] { T::rxInit(); }, [] { T::rxUninit(); }};
-}
-
-// Base classes come before those that derive from them.
-constexpr ClassRow kClasses[] = {
-    rowOf<OdEdCommand>(),        rowOf<OdEdCommandContext>(),
-    rowOf<OdDbCommandContext>(), rowOf<OdEdCommandStackReactor>(),
-    rowOf<OdEdCommandStack>(),   rowOf<OdEdFunctionIO>(),
-    rowOf<OdEdBaseIO>(),         rowOf<OdEdUserIO>(),
-    rowOf<OdEdBaseUserIO>(),     rowOf<OdDbUserIO>(),
-    rowOf<OdEdInputTracker>(),   rowOf<OdEdStringTracker>(),
-    rowOf<OdEdPointTracker>(),   rowOf<OdEdPointDefTracker>(),
-    rowOf<OdEdIntegerTracker>(), rowOf<OdEdRealTracker>(),
-    rowOf<OdSSetTracker>(),      rowOf<OdEdSSetTracker>(),
-};
+constexpr auto kClasses =
+    odlayers::rowsOf<OdEdCommand, OdEdCommandContext, OdDbCommandContext, OdEdCommandStackReactor, OdEdCommandStack,
+                     OdEdFunctionIO, OdEdBaseIO, OdEdUserIO, OdEdBaseUserIO, OdDbUserIO, OdEdInputTracker,
+                     OdEdStringTracker, OdEdPointTracker, OdEdPointDefTracker, OdEdIntegerTracker, OdEdRealTracker,
+                     OdSSetTracker, OdEdSSetTracker>();
 
 void start()
 {
-    for (const ClassRow& row : kClasses)
-        row.start();
+    odlayers::startClasses(kClasses);
     oded::createCommandStack();
 }
 
 void end()
 {
     oded::releaseCommandStack();
-    for (auto row = std::rbegin(kClasses); row != std::rend(kClasses); ++row)
-        row->end();
+    odlayers::endClasses(kClasses);
 }
 
 const odlayers::Registration g_layer(odlayers::kCommands, start, end);

@@ -72,34 +72,22 @@ std::optional<double> spacingOf(std::wstring_view text)
     return factor > 0.0 ? std::optional(factor) : std::nullopt;
 }
 
+/// The options of a paragraph that are numbers, by their letters.
+constexpr std::pair<wchar_t, double Paragraph::*> kNumbers[] = {{L'i', &Paragraph::firstIndent},
+                                                                {L'l', &Paragraph::left},
+                                                                {L'r', &Paragraph::right},
+                                                                {L'b', &Paragraph::before},
+                                                                {L'a', &Paragraph::after}};
+
 void applyOption(Paragraph& paragraph, wchar_t key, std::wstring_view value)
 {
-    switch (key)
-    {
-    case L'i':
-        paragraph.firstIndent = numberOf(value);
-        return;
-    case L'l':
-        paragraph.left = numberOf(value);
-        return;
-    case L'r':
-        paragraph.right = numberOf(value);
-        return;
-    case L'b':
-        paragraph.before = numberOf(value);
-        return;
-    case L'a':
-        paragraph.after = numberOf(value);
-        return;
-    case L's':
+    for (const auto& [letter, number] : kNumbers)
+        if (letter == key)
+            paragraph.*number = numberOf(value);
+    if (key == L's')
         paragraph.spacing = spacingOf(value);
-        return;
-    case L'q':
+    else if (key == L'q')
         paragraph.alignment = alignmentOf(value.empty() ? L'*' : value.front());
-        return;
-    default:
-        return;
-    }
 }
 
 bool isOn(std::wstring_view option)

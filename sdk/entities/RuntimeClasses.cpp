@@ -1,8 +1,6 @@
 // The runtime classes of all entities, in the order in which they are registered: bases first.
 #include "entities/RuntimeClasses.h"
 
-#include <iterator>
-
 #include "Db2dPolyline.h"
 #include "Db3dPolyline.h"
 #include "DbArc.h"
@@ -39,6 +37,7 @@
 #include "DbXline.h"
 #include "db/ObjectCore.h"
 #include "entities/EntityClasses.h"
+#include "rx/ClassRows.h"
 
 namespace
 {
@@ -122,89 +121,27 @@ namespace entityclasses
 namespace
 {
 
-struct ClassFunctions
-{
-    void (*init)();
-    void (*uninit)();
-};
-
-template<class T>
-constexpr ClassFunctions functionsOf()
-{
-    return {&T::rxInit, &T::rxUninit};
-}
-
-constexpr ClassFunctions kClasses[] = {
-    functionsOf<OdDbObjectIterator>(),
-    functionsOf<OdDbEntity>(),
-    functionsOf<OdDbCurve>(),
-    functionsOf<OdDbLine>(),
-    functionsOf<OdDbXline>(),
-    functionsOf<OdDbRay>(),
-    functionsOf<OdDbPoint>(),
-    functionsOf<OdDbCircle>(),
-    functionsOf<OdDbArc>(),
-    functionsOf<OdDbEllipse>(),
-    functionsOf<OdDbSpline>(),
-    functionsOf<OdDbPolyline>(),
-    functionsOf<OdDbLeader>(),
-    functionsOf<OdDbText>(),
-    functionsOf<OdDbAttribute>(),
-    functionsOf<OdDbAttributeDefinition>(),
-    functionsOf<OdDbMText>(),
-    functionsOf<OdDbVertex>(),
-    functionsOf<OdDb2dVertex>(),
-    functionsOf<OdDb3dPolylineVertex>(),
-    functionsOf<OdDbPolygonMeshVertex>(),
-    functionsOf<OdDbPolyFaceMeshVertex>(),
-    functionsOf<OdDbFaceRecord>(),
-    functionsOf<OdDbSequenceEnd>(),
-    functionsOf<OdDb2dPolyline>(),
-    functionsOf<OdDb3dPolyline>(),
-    functionsOf<OdDbPolygonMesh>(),
-    functionsOf<OdDbPolyFaceMesh>(),
-    functionsOf<OdDbBlockReference>(),
-    functionsOf<OdDbMInsertBlock>(),
-    functionsOf<OdDbTable>(),
-    functionsOf<OdDbBlockBegin>(),
-    functionsOf<OdDbBlockEnd>(),
-    functionsOf<OdDbDimension>(),
-    functionsOf<OdDbAlignedDimension>(),
-    functionsOf<OdDbRotatedDimension>(),
-    functionsOf<OdDb2LineAngularDimension>(),
-    functionsOf<OdDb3PointAngularDimension>(),
-    functionsOf<OdDbRadialDimension>(),
-    functionsOf<OdDbRadialDimensionLarge>(),
-    functionsOf<OdDbDiametricDimension>(),
-    functionsOf<OdDbOrdinateDimension>(),
-    functionsOf<OdDbArcDimension>(),
-    functionsOf<OdDbHatch>(),
-    functionsOf<OdDbSolid>(),
-    functionsOf<OdDbTrace>(),
-    functionsOf<OdDbFace>(),
-    functionsOf<OdDbRasterImage>(),
-    functionsOf<OdDbWipeout>(),
-    functionsOf<OdDbRasterImageDef>(),
-    functionsOf<OdDbRasterImageDefReactor>(),
-    functionsOf<OdDbRasterVariables>(),
-    functionsOf<OdDbFilter>(),
-    functionsOf<OdDbSpatialFilter>(),
-    functionsOf<OdDbViewport>(),
-    functionsOf<OdDbProxyEntity>(),
-};
+constexpr auto kClasses = odlayers::rowsOf<
+    OdDbObjectIterator, OdDbEntity, OdDbCurve, OdDbLine, OdDbXline, OdDbRay, OdDbPoint, OdDbCircle, OdDbArc,
+    OdDbEllipse, OdDbSpline, OdDbPolyline, OdDbLeader, OdDbText, OdDbAttribute, OdDbAttributeDefinition, OdDbMText,
+    OdDbVertex, OdDb2dVertex, OdDb3dPolylineVertex, OdDbPolygonMeshVertex, OdDbPolyFaceMeshVertex, OdDbFaceRecord,
+    OdDbSequenceEnd, OdDb2dPolyline, OdDb3dPolyline, OdDbPolygonMesh, OdDbPolyFaceMesh, OdDbBlockReference,
+    OdDbMInsertBlock, OdDbTable, OdDbBlockBegin, OdDbBlockEnd, OdDbDimension, OdDbAlignedDimension,
+    OdDbRotatedDimension, OdDb2LineAngularDimension, OdDb3PointAngularDimension, OdDbRadialDimension,
+    OdDbRadialDimensionLarge, OdDbDiametricDimension, OdDbOrdinateDimension, OdDbArcDimension, OdDbHatch, OdDbSolid,
+    OdDbTrace, OdDbFace, OdDbRasterImage, OdDbWipeout, OdDbRasterImageDef, OdDbRasterImageDefReactor,
+    OdDbRasterVariables, OdDbFilter, OdDbSpatialFilter, OdDbViewport, OdDbProxyEntity>();
 
 } // namespace
 
 void registerRuntimeClasses()
 {
-    for (const ClassFunctions& functions : kClasses)
-        functions.init();
+    odlayers::startClasses(kClasses);
 }
 
 void unregisterRuntimeClasses()
 {
-    for (auto functions = std::rbegin(kClasses); functions != std::rend(kClasses); ++functions)
-        functions->uninit();
+    odlayers::endClasses(kClasses);
 }
 
 } // namespace entityclasses

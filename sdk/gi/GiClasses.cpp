@@ -6,6 +6,7 @@
 #include "Gi/GiWorldDraw.h"
 #include "Gs/Gs.h"
 #include "RxRasterServices.h"
+#include "rx/ClassRows.h"
 #include "rx/Layers.h"
 
 ODRX_NO_CONS_DEFINE_MEMBERS(OdGiRasterImage, OdRxObject)
@@ -16,32 +17,23 @@ ODRX_NO_CONS_DEFINE_MEMBERS(OdGsView, OdRxObject)
 namespace gi
 {
 
+namespace
+{
+
+constexpr auto kClasses =
+    odlayers::rowsOf<OdGiDrawable, OdGiDrawableTraits, OdGiSubEntityTraits, OdGiGeometry, OdGiWorldDraw,
+                     OdGiDrawableOverrule, OdGsModel, OdGsView, OdGiRasterImage, OdRxRasterServices>();
+
+} // namespace
+
 void registerClasses()
 {
-    OdGiDrawable::rxInit();
-    OdGiDrawableTraits::rxInit();
-    OdGiSubEntityTraits::rxInit();
-    OdGiGeometry::rxInit();
-    OdGiWorldDraw::rxInit();
-    OdGiDrawableOverrule::rxInit();
-    OdGsModel::rxInit();
-    OdGsView::rxInit();
-    OdGiRasterImage::rxInit();
-    OdRxRasterServices::rxInit();
+    odlayers::startClasses(kClasses);
 }
 
 void unregisterClasses()
 {
-    OdRxRasterServices::rxUninit();
-    OdGiRasterImage::rxUninit();
-    OdGsView::rxUninit();
-    OdGsModel::rxUninit();
-    OdGiDrawableOverrule::rxUninit();
-    OdGiWorldDraw::rxUninit();
-    OdGiGeometry::rxUninit();
-    OdGiSubEntityTraits::rxUninit();
-    OdGiDrawableTraits::rxUninit();
-    OdGiDrawable::rxUninit();
+    odlayers::endClasses(kClasses);
 }
 
 namespace

@@ -10,6 +10,7 @@
 #include "RxOverrule.h"
 #include "RxSysRegistry.h"
 #include "RxVariant.h"
+#include "rx/ClassRows.h"
 #include "rx/Layers.h"
 #include "rx/Linker.h"
 #include "rx/SysRegistry.h"
@@ -17,34 +18,9 @@
 namespace
 {
 
-struct ClassRow
-{
-    void (*start)();
-    void (*end)();
-};
-
-template<class T>
-constexpr ClassRow rowOf()
-{
-    return {[] { T::rxInit(); }, [] { T::rxUninit(); }};
-}
-
-// Base classes come before those that derive from them.
-constexpr ClassRow kClasses[] = {
-    rowOf<OdRxObject>(),
-    rowOf<OdRxClass>(),
-    rowOf<OdErrorContext>(),
-    rowOf<OdRxIterator>(),
-    rowOf<OdRxDictionaryIterator>(),
-    rowOf<OdRxDictionary>(),
-    rowOf<OdRxModule>(),
-    rowOf<OdRxDLinkerReactor>(),
-    rowOf<OdRxDynamicLinker>(),
-    rowOf<OdRxSystemServices>(),
-    rowOf<OdRxVariant>(),
-    rowOf<OdRxOverrule>(),
-    rowOf<OdResBuf>(),
-};
+constexpr auto kClasses = odlayers::rowsOf<OdRxObject, OdRxClass, OdErrorContext, OdRxIterator, OdRxDictionaryIterator,
+                                           OdRxDictionary, OdRxModule, OdRxDLinkerReactor, OdRxDynamicLinker,
+                                           OdRxSystemServices, OdRxVariant, OdRxOverrule, OdResBuf>();
 
 int g_runtimeStarts = 0;
 int g_starts = 0;
@@ -65,28 +41,6 @@ std::vector<odlayers::Layer>& layers()
 {
     static std::vector<odlayers::Layer> all;
     return all;
-}
-
-void startClasses()
-{
-    const ClassRow* row = std::begin(kClasses);
-    try
-    {
-        for (; row != std::end(kClasses); ++row)
-            row->start();
-    }
-    catch (...)
-    {
-        while (row != std::begin(kClasses))
-            (--row)->end();
-        throw;
-    }
-}
-
-void endClasses()
-{
-    for (const ClassRow* row = std::end(kClasses); row != std::begin(kClasses);)
-        (--row)->end();
 }
 
 void startLayers()
@@ -140,7 +94,7 @@ void odrxInitialize(OdRxSystemServices* systemServices)
 {
     if (g_runtimeStarts == 0)
     {
-        startClasses();
+        odlayers::startClasses(kClasses);
         givenServices() = systemServices;
     }
     ++g_runtimeStarts;
@@ -152,7 +106,7 @@ void odrxUninitialize()
         return;
     odlinker::unloadAll();
     odregistry::clear();
-    endClasses();
+    odlayers::endClasses(kClasses);
     givenServices().release();
 }
 

@@ -6,6 +6,7 @@
 
 #include "DbEntity.h"
 #include "Gi/GiShapedText.h"
+#include "Gi/GiSubEntityTraitsData.h"
 #include "Gi/GiWorldDraw.h"
 #include "StaticRxObject.h"
 
@@ -60,32 +61,6 @@ private:
     }
 };
 
-// Looks do not matter.
-class UnheededTraits : public OdGiSubEntityTraits
-{
-public:
-    void setColor(OdUInt16) override {}
-    void setTrueColor(const OdCmEntityColor&) override {}
-    void setLayer(OdDbStub*) override {}
-    void setLineType(OdDbStub*) override {}
-    void setLineTypeScale(double) override {}
-    void setLineWeight(OdDb::LineWeight) override {}
-    void setTransparency(const OdCmTransparency&) override {}
-    void setFillType(OdGiFillType) override {}
-    void setThickness(double) override {}
-    void setSelectionMarker(OdGsMarker) override {}
-
-    OdUInt16 color() const override { return 256; }
-    OdCmEntityColor trueColor() const override { return {}; }
-    OdDbStub* layer() const override { return nullptr; }
-    OdDbStub* lineType() const override { return nullptr; }
-    double lineTypeScale() const override { return 1.0; }
-    OdDb::LineWeight lineWeight() const override { return OdDb::kLnWtByLayer; }
-    OdCmTransparency transparency() const override { return {}; }
-    OdGiFillType fillType() const override { return kOdGiFillNever; }
-    double thickness() const override { return 0.0; }
-};
-
 // Brings the catcher to an entity.
 class CatchingDraw : public OdGiWorldDraw
 {
@@ -100,7 +75,7 @@ public:
 
 private:
     mutable OdStaticRxObject<TextCatcher> m_catcher;
-    mutable OdStaticRxObject<UnheededTraits> m_traits;
+    mutable OdStaticRxObject<OdGiSubEntityTraitsToData> m_traits;
 };
 
 bool isBlank(wchar_t character)
