@@ -13,6 +13,9 @@ inline std::string group(int code, std::string_view value)
     return std::to_string(code) + '\n' + std::string(value) + '\n';
 }
 
+/// Several, with literal values: "0 LINE|5 50".
+std::string groups(std::string_view text);
+
 inline std::string section(std::string_view name, std::string_view content)
 {
     return group(0, "SECTION") + group(2, name) + std::string(content) + group(0, "ENDSEC");

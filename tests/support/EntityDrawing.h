@@ -26,13 +26,7 @@ inline std::string record(std::string_view line)
     const std::string type = word(' ');
     const std::string handle = word(' ');
     const std::string layer = word('|');
-    std::string text = group(0, type) + group(5, handle) + group(100, "AcDbEntity") + group(8, layer);
-    while (!line.empty())
-    {
-        const int code = std::stoi(word(' '));
-        text += group(code, word('|'));
-    }
-    return text;
+    return group(0, type) + group(5, handle) + group(100, "AcDbEntity") + group(8, layer) + groups(line);
 }
 
 inline std::string records(const std::vector<std::string>& lines)
@@ -65,15 +59,8 @@ inline std::string layer(const char* name, int flags, int color)
 
 inline std::string drawingOf(const Content& content)
 {
-    std::string viewport = group(0, "VPORT") + group(5, "C0") + group(100, "AcDbSymbolTableRecord") +
-                           group(100, "AcDbViewportTableRecord") + group(2, "*ACTIVE");
-    std::string_view view = content.view;
-    while (!view.empty())
-    {
-        const std::string_view item = view.substr(0, view.find('|'));
-        viewport += group(std::atoi(item.data()), item.substr(item.find(' ') + 1));
-        view.remove_prefix(std::min(item.size() + 1, view.size()));
-    }
+    const std::string viewport =
+        groups("0 VPORT|5 C0|100 AcDbSymbolTableRecord|100 AcDbViewportTableRecord|2 *ACTIVE") + groups(content.view);
     std::string blocks;
     int handle = 0xD0;
     const auto nextHandle = [&handle]
@@ -84,15 +71,14 @@ inline std::string drawingOf(const Content& content)
     };
     for (const Block& block : content.blocks)
     {
-        blocks += group(0, "BLOCK") + group(5, nextHandle()) + group(8, "0") + group(2, block.name) + group(70, "0") +
-                  group(10, "0.0") + group(20, "0.0") + group(30, "0.0") + records(block.entities);
+        blocks += group(0, "BLOCK") + group(5, nextHandle()) + group(8, "0") + group(2, block.name) +
+                  groups("70 0|10 0.0|20 0.0|30 0.0") + records(block.entities);
         blocks += group(0, "ENDBLK") + group(5, nextHandle()) + group(8, "0");
     }
-    return section("HEADER", group(9, "$ACADVER") + group(1, "AC1015") + group(9, "$HANDSEED") + group(5, "9000") +
-                                 content.header) +
-           section("TABLES", group(0, "TABLE") + group(2, "VPORT") + viewport + group(0, "ENDTAB") + group(0, "TABLE") +
-                                 group(2, "LAYER") + layer("OFF", 0, -7) + layer("FROZEN", 1, 7) +
-                                 layer("LOCKED", 4, 7) + group(0, "ENDTAB")) +
+    return section("HEADER", groups("9 $ACADVER|1 AC1015|9 $HANDSEED|5 9000") + content.header) +
+           section("TABLES", groups("0 TABLE|2 VPORT") + viewport + groups("0 ENDTAB|0 TABLE|2 LAYER") +
+                                 layer("OFF", 0, -7) + layer("FROZEN", 1, 7) + layer("LOCKED", 4, 7) +
+                                 group(0, "ENDTAB")) +
            section("BLOCKS", blocks) + section("ENTITIES", records(content.entities)) + endOfFile();
 }
 

@@ -32,8 +32,7 @@
 namespace plugintest
 {
 
-// ---- Errors
-// ----------------------------------------------------------------------------------------------------------
+// ---- Errors ---------------------------------------------------------------------------------------------------------
 
 /// What an error says of itself; name and function only for the errors of the plug-in.
 struct Fault
@@ -87,8 +86,7 @@ inline Fault thrownBy(const std::function<void()>& work)
     return {};
 }
 
-// ---- The host
-// --------------------------------------------------------------------------------------------------------
+// ---- The host -------------------------------------------------------------------------------------------------------
 
 class Host : public CCommandHandlerCallback
 {
@@ -251,8 +249,7 @@ public:
 
 inline ::testing::Environment* const g_program = ::testing::AddGlobalTestEnvironment(new Program);
 
-// ---- Drawings
-// --------------------------------------------------------------------------------------------------------
+// ---- Drawings -------------------------------------------------------------------------------------------------------
 
 inline OdResBufPtr chain(std::initializer_list<OdResBufPtr> entries)
 {

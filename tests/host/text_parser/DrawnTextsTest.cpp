@@ -16,21 +16,13 @@
 #include "DbMText.h"
 #include "DbPolyline.h"
 #include "DbText.h"
-#include "RxInit.h"
 #include "commands/textparser/AssignFrames.h"
 #include "commands/textparser/ComposeText.h"
 #include "commands/textparser/PlaceTexts.h"
+#include "support/SdkProgram.h"
 
 namespace
 {
-
-class Sdk : public testing::Environment
-{
-public:
-    void SetUp() override { odInitialize(); }
-    void TearDown() override { odUninitialize(); }
-};
-const testing::Environment* const kSdk = testing::AddGlobalTestEnvironment(new Sdk);
 
 class DrawnTexts : public testing::Test
 {

@@ -26,47 +26,37 @@ FoundText textAt(const wchar_t* characters, double left, double bottom, double w
     return FoundText{characters, boxAt(left, bottom, width, height)};
 }
 
-struct OrderCase
+TEST(ReadingOrder, IsFromTheTopAndFromTheLeft)
 {
-    const char* what;
-    std::vector<FoundText> texts;
-    const wchar_t* expected;
-};
-
-class ReadingOrder : public testing::TestWithParam<OrderCase>
-{
-};
-
-TEST_P(ReadingOrder, IsFromTheTopAndFromTheLeft)
-{
-    EXPECT_EQ(composeText(GetParam().texts), OdString(GetParam().expected)) << GetParam().what;
+    const struct
+    {
+        const char* what;
+        std::vector<FoundText> texts;
+        const wchar_t* expected;
+    } rows[] = {
+        {"nothing", {}, L""},
+        {"one", {textAt(L"E12", 3, 4)}, L"E12"},
+        {"a line given backwards", {textAt(L"c", 40, 0), textAt(L"b", 20, 0), textAt(L"a", 0, 0)}, L"a b c"},
+        {"two lines", {textAt(L"d", 20, 0), textAt(L"a", 0, 10), textAt(L"c", 0, 0), textAt(L"b", 20, 10)}, L"a b c d"},
+        {"overlap of more than half", {textAt(L"right", 20, 2.4), textAt(L"left", 0, 0)}, L"left right"},
+        {"overlap of exactly half", {textAt(L"right", 20, 2.5), textAt(L"left", 0, 0)}, L"left right"},
+        {"overlap of less than half", {textAt(L"right", 20, 2.6), textAt(L"left", 0, 0)}, L"right left"},
+        {"a small text beside a large one",
+         {textAt(L"small", 20, 0.5, 5, 2), textAt(L"LARGE", 0, 0, 18, 8)},
+         L"LARGE small"},
+        {"a staircase does not become one line",
+         {textAt(L"a", 20, 4), textAt(L"b", 10, 2), textAt(L"c", 0, 0)},
+         L"b a c"},
+        {"a tall text beside three lines belongs to one of them",
+         {textAt(L"TALL", -10, 0, 5, 40), textAt(L"one", 0, 30), textAt(L"two", 0, 18), textAt(L"three", 0, 5)},
+         L"one TALL two three"},
+        {"texts without height",
+         {textAt(L"b", 5, 0, 0, 0), textAt(L"a", 0, 0, 0, 0), textAt(L"c", 0, -1, 0, 0)},
+         L"a b c"},
+        {"in one place the order stays as given", {textAt(L"x", 0, 0), textAt(L"y", 0, 0)}, L"x y"}};
+    for (const auto& row : rows)
+        EXPECT_EQ(composeText(row.texts), OdString(row.expected)) << row.what;
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Places, ReadingOrder,
-    testing::Values(
-        OrderCase{"nothing", {}, L""}, OrderCase{"one", {textAt(L"E12", 3, 4)}, L"E12"},
-        OrderCase{"a line given backwards", {textAt(L"c", 40, 0), textAt(L"b", 20, 0), textAt(L"a", 0, 0)}, L"a b c"},
-        OrderCase{"two lines",
-                  {textAt(L"d", 20, 0), textAt(L"a", 0, 10), textAt(L"c", 0, 0), textAt(L"b", 20, 10)},
-                  L"a b c d"},
-        OrderCase{"overlap of more than half", {textAt(L"right", 20, 2.4), textAt(L"left", 0, 0)}, L"left right"},
-        OrderCase{"overlap of exactly half", {textAt(L"right", 20, 2.5), textAt(L"left", 0, 0)}, L"left right"},
-        OrderCase{"overlap of less than half", {textAt(L"right", 20, 2.6), textAt(L"left", 0, 0)}, L"right left"},
-        OrderCase{"a small text beside a large one",
-                  {textAt(L"small", 20, 0.5, 5, 2), textAt(L"LARGE", 0, 0, 18, 8)},
-                  L"LARGE small"},
-        OrderCase{"a staircase does not become one line",
-                  {textAt(L"a", 20, 4), textAt(L"b", 10, 2), textAt(L"c", 0, 0)},
-                  L"b a c"},
-        OrderCase{
-            "a tall text beside three lines belongs to one of them",
-            {textAt(L"TALL", -10, 0, 5, 40), textAt(L"one", 0, 30), textAt(L"two", 0, 18), textAt(L"three", 0, 5)},
-            L"one TALL two three"},
-        OrderCase{"texts without height",
-                  {textAt(L"b", 5, 0, 0, 0), textAt(L"a", 0, 0, 0, 0), textAt(L"c", 0, -1, 0, 0)},
-                  L"a b c"},
-        OrderCase{"in one place the order stays as given", {textAt(L"x", 0, 0), textAt(L"y", 0, 0)}, L"x y"}));
 
 Frame frameAt(FrameKind kind, double x, double y, double halfWidth, double halfHeight)
 {
@@ -90,47 +80,37 @@ OdString parse(std::vector<FoundText> texts, std::vector<Frame> frames)
     return composeText(found.texts);
 }
 
-struct FrameCase
-{
-    const char* what;
-    std::vector<Frame> frames;
-    const wchar_t* expected; // for a text of 10 by 5 around the origin
-};
-
-class AroundAText : public testing::TestWithParam<FrameCase>
-{
-};
-
-TEST_P(AroundAText, FramesDecideItsMarks)
-{
-    EXPECT_EQ(parse({textAt(L"E12", -5, -2.5)}, GetParam().frames), OdString(GetParam().expected)) << GetParam().what;
-}
-
 constexpr FrameKind kRect = FrameKind::kRectangle;
 constexpr FrameKind kCircle = FrameKind::kCircle;
 constexpr FrameKind kOval = FrameKind::kOval;
 
-INSTANTIATE_TEST_SUITE_P(
-    Frames, AroundAText,
-    testing::Values(FrameCase{"none", {}, L"E12"},
-                    FrameCase{"rectangle", {frameAt(kRect, 0, 0, 7, 4)}, L"<inRect>E12</inRect>"},
-                    FrameCase{"circle", {frameAt(kCircle, 0, 0, 6, 6)}, L"<inCir>E12/<inCir>"},
-                    FrameCase{"oval", {frameAt(kOval, 0, 0, 9, 4)}, L"<inOv>E12/<inOv>"},
-                    FrameCase{
-                        "a rectangle that touches the text", {frameAt(kRect, 0, 0, 5, 2.5)}, L"<inRect>E12</inRect>"},
-                    FrameCase{"a rectangle that is too small", {frameAt(kRect, 0, 0, 3, 4)}, L"E12"},
-                    FrameCase{"a rectangle beside it", {frameAt(kRect, 12, 0, 7, 4)}, L"E12"},
-                    FrameCase{"a circle within the text", {frameAt(kCircle, 0, 0, 2, 2)}, L"E12"},
-                    FrameCase{"the inner one of two",
-                              {frameAt(kRect, 0, 0, 20, 20), frameAt(kCircle, 0, 0, 6, 6)},
-                              L"<inCir>E12/<inCir>"},
-                    FrameCase{"the inner one too, given first",
-                              {frameAt(kCircle, 0, 0, 6, 6), frameAt(kRect, 0, 0, 20, 20)},
-                              L"<inCir>E12/<inCir>"},
-                    FrameCase{"the larger one when the smaller one does not hold it",
-                              {frameAt(kCircle, 0, 0, 2, 2), frameAt(kOval, 0, 0, 30, 10)},
-                              L"<inOv>E12/<inOv>"},
-                    FrameCase{"a frame without width", {frameAt(kRect, 0, 0, 7, 0)}, L"E12"}));
+TEST(Frames, AroundATextDecideItsMarks)
+{
+    const struct
+    {
+        const char* what;
+        std::vector<Frame> frames;
+        const wchar_t* expected; // for a text of 10 by 5 around the origin
+    } rows[] = {
+        {"none", {}, L"E12"},
+        {"rectangle", {frameAt(kRect, 0, 0, 7, 4)}, L"<inRect>E12</inRect>"},
+        {"circle", {frameAt(kCircle, 0, 0, 6, 6)}, L"<inCir>E12/<inCir>"},
+        {"oval", {frameAt(kOval, 0, 0, 9, 4)}, L"<inOv>E12/<inOv>"},
+        {"a rectangle that touches the text", {frameAt(kRect, 0, 0, 5, 2.5)}, L"<inRect>E12</inRect>"},
+        {"a rectangle that is too small", {frameAt(kRect, 0, 0, 3, 4)}, L"E12"},
+        {"a rectangle beside it", {frameAt(kRect, 12, 0, 7, 4)}, L"E12"},
+        {"a circle within the text", {frameAt(kCircle, 0, 0, 2, 2)}, L"E12"},
+        {"the inner one of two", {frameAt(kRect, 0, 0, 20, 20), frameAt(kCircle, 0, 0, 6, 6)}, L"<inCir>E12/<inCir>"},
+        {"the inner one too, given first",
+         {frameAt(kCircle, 0, 0, 6, 6), frameAt(kRect, 0, 0, 20, 20)},
+         L"<inCir>E12/<inCir>"},
+        {"the larger one when the smaller one does not hold it",
+         {frameAt(kCircle, 0, 0, 2, 2), frameAt(kOval, 0, 0, 30, 10)},
+         L"<inOv>E12/<inOv>"},
+        {"a frame without width", {frameAt(kRect, 0, 0, 7, 0)}, L"E12"}};
+    for (const auto& row : rows)
+        EXPECT_EQ(parse({textAt(L"E12", -5, -2.5)}, row.frames), OdString(row.expected)) << row.what;
+}
 
 TEST(Frames, OfABlockMarkItsOwnTextsOnly)
 {
@@ -151,107 +131,89 @@ TEST(Frames, OfABlockAndAroundItCompete)
     EXPECT_EQ(composeText(found.texts), OdString(L"<inCir>a/<inCir>"));
 }
 
-// ---- What frames are recognised in polylines and lines
-// ---------------------------------------------------------------
-
-struct OutlineCase
-{
-    const char* what;
-    std::vector<OutlineVertex> vertices;
-    FrameKind expected;
-};
-
-class Outline : public testing::TestWithParam<OutlineCase>
-{
-};
-
-TEST_P(Outline, IsRecognised)
-{
-    const std::optional<Frame> frame = recognizeOutline(GetParam().vertices);
-    EXPECT_EQ(frame ? frame->kind : FrameKind::kNone, GetParam().expected) << GetParam().what;
-}
+// ---- What frames are recognised in polylines and lines --------------------------------------------------------------
 
 OutlineVertex at(double x, double y, double bulge = 0.0)
 {
     return OutlineVertex{OdGePoint2d(x, y), bulge};
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Shapes, Outline,
-    testing::Values(
-        OutlineCase{"square", {at(0, 0), at(1, 0), at(1, 1), at(0, 1)}, kRect},
-        OutlineCase{"rectangle, clockwise", {at(0, 0), at(0, 2), at(9, 2), at(9, 0)}, kRect},
-        OutlineCase{
-            "rectangle that repeats its first corner", {at(0, 0), at(4, 0), at(4, 1), at(0, 1), at(0, 0)}, kRect},
-        OutlineCase{"turned rectangle", {at(0, 0), at(3, 4), at(-1, 7), at(-4, 3)}, kRect},
-        OutlineCase{"parallelogram", {at(0, 0), at(4, 0), at(5, 1), at(1, 1)}, FrameKind::kNone},
-        OutlineCase{"trapezium", {at(0, 0), at(4, 0), at(3, 1), at(1, 1)}, FrameKind::kNone},
-        OutlineCase{"bow", {at(0, 0), at(4, 1), at(4, 0), at(0, 1)}, FrameKind::kNone},
-        OutlineCase{"collapsed", {at(0, 0), at(4, 0), at(4, 0), at(0, 0)}, FrameKind::kNone},
-        OutlineCase{"all in one point", {at(1, 1), at(1, 1), at(1, 1), at(1, 1)}, FrameKind::kNone},
-        OutlineCase{"triangle", {at(0, 0), at(4, 0), at(0, 3)}, FrameKind::kNone},
-        OutlineCase{"circle of two arcs", {at(0, 0, 1), at(4, 0, 1)}, kCircle},
-        OutlineCase{"circle, clockwise", {at(0, 0, -1), at(4, 0, -1)}, kCircle},
-        OutlineCase{"two arcs over each other", {at(0, 0, 1), at(4, 0, -1)}, FrameKind::kNone},
-        OutlineCase{"lens", {at(0, 0, 0.5), at(4, 0, 0.5)}, FrameKind::kNone},
-        OutlineCase{"oval", {at(0, 0), at(6, 0, 1), at(6, 2), at(0, 2, 1)}, kOval},
-        OutlineCase{"oval that begins with an arc", {at(6, 0, 1), at(6, 2), at(0, 2, 1), at(0, 0)}, kOval},
-        OutlineCase{"oval, clockwise", {at(0, 2), at(6, 2, -1), at(6, 0), at(0, 0, -1)}, kOval},
-        OutlineCase{"bone: arcs that bulge inward", {at(0, 0), at(6, 0, -1), at(6, 2), at(0, 2, -1)}, FrameKind::kNone},
-        OutlineCase{"one arc outward, one inward", {at(0, 0), at(6, 0, 1), at(6, 2), at(0, 2, -1)}, FrameKind::kNone},
-        OutlineCase{"not a number", {at(0, 0), at(NAN, 0), at(4, 1), at(0, 1)}, FrameKind::kNone}));
+TEST(Outlines, AreRecognised)
+{
+    const struct
+    {
+        const char* what;
+        std::vector<OutlineVertex> vertices;
+        FrameKind expected;
+    } rows[] = {{"square", {at(0, 0), at(1, 0), at(1, 1), at(0, 1)}, kRect},
+                {"rectangle, clockwise", {at(0, 0), at(0, 2), at(9, 2), at(9, 0)}, kRect},
+                {"rectangle that repeats its first corner", {at(0, 0), at(4, 0), at(4, 1), at(0, 1), at(0, 0)}, kRect},
+                {"turned rectangle", {at(0, 0), at(3, 4), at(-1, 7), at(-4, 3)}, kRect},
+                {"parallelogram", {at(0, 0), at(4, 0), at(5, 1), at(1, 1)}, FrameKind::kNone},
+                {"trapezium", {at(0, 0), at(4, 0), at(3, 1), at(1, 1)}, FrameKind::kNone},
+                {"bow", {at(0, 0), at(4, 1), at(4, 0), at(0, 1)}, FrameKind::kNone},
+                {"collapsed", {at(0, 0), at(4, 0), at(4, 0), at(0, 0)}, FrameKind::kNone},
+                {"all in one point", {at(1, 1), at(1, 1), at(1, 1), at(1, 1)}, FrameKind::kNone},
+                {"triangle", {at(0, 0), at(4, 0), at(0, 3)}, FrameKind::kNone},
+                {"circle of two arcs", {at(0, 0, 1), at(4, 0, 1)}, kCircle},
+                {"circle, clockwise", {at(0, 0, -1), at(4, 0, -1)}, kCircle},
+                {"two arcs over each other", {at(0, 0, 1), at(4, 0, -1)}, FrameKind::kNone},
+                {"lens", {at(0, 0, 0.5), at(4, 0, 0.5)}, FrameKind::kNone},
+                {"oval", {at(0, 0), at(6, 0, 1), at(6, 2), at(0, 2, 1)}, kOval},
+                {"oval that begins with an arc", {at(6, 0, 1), at(6, 2), at(0, 2, 1), at(0, 0)}, kOval},
+                {"oval, clockwise", {at(0, 2), at(6, 2, -1), at(6, 0), at(0, 0, -1)}, kOval},
+                {"bone: arcs that bulge inward", {at(0, 0), at(6, 0, -1), at(6, 2), at(0, 2, -1)}, FrameKind::kNone},
+                {"one arc outward, one inward", {at(0, 0), at(6, 0, 1), at(6, 2), at(0, 2, -1)}, FrameKind::kNone},
+                {"not a number", {at(0, 0), at(NAN, 0), at(4, 1), at(0, 1)}, FrameKind::kNone}};
+    for (const auto& row : rows)
+    {
+        const std::optional<Frame> frame = recognizeOutline(row.vertices);
+        EXPECT_EQ(frame ? frame->kind : FrameKind::kNone, row.expected) << row.what;
+    }
+}
 
 struct Segment
 {
     double x1, y1, x2, y2;
 };
 
-struct LinesCase
+TEST(Lines, JoinToRectangles)
 {
-    const char* what;
-    std::vector<Segment> lines;
-    std::size_t rectangles;
-};
-
-class Lines : public testing::TestWithParam<LinesCase>
-{
-};
-
-TEST_P(Lines, JoinToRectangles)
-{
-    LineRectangles rectangles;
-    for (const Segment& line : GetParam().lines)
-        rectangles.add(OdGePoint2d(line.x1, line.y1), OdGePoint2d(line.x2, line.y2));
-    std::vector<Frame> frames;
-    rectangles.close(frames);
-    EXPECT_EQ(frames.size(), GetParam().rectangles) << GetParam().what;
+    const struct
+    {
+        const char* what;
+        std::vector<Segment> lines;
+        std::size_t rectangles;
+    } rows[] = {
+        {"in turn", {{0, 0, 4, 0}, {4, 0, 4, 2}, {4, 2, 0, 2}, {0, 2, 0, 0}}, 1},
+        {"in any order and direction", {{4, 2, 4, 0}, {0, 2, 0, 0}, {4, 2, 0, 2}, {0, 0, 4, 0}}, 1},
+        {"with a fifth line at a corner", {{0, 0, 4, 0}, {4, 0, 4, 2}, {4, 2, 0, 2}, {0, 2, 0, 0}, {0, 0, -3, -3}}, 0},
+        {"with a gap", {{0, 0, 4, 0}, {4, 0, 4, 2}, {4, 2, 0.1, 2}, {0, 2, 0, 0}}, 0},
+        {"drawn twice", {{0, 0, 4, 0}, {4, 0, 0, 0}, {0, 0, 4, 0}, {4, 0, 0, 0}}, 0},
+        {"points", {{1, 1, 1, 1}, {1, 1, 1, 1}, {1, 1, 1, 1}, {1, 1, 1, 1}}, 0},
+        {"too far away to tell", {{1e300, 0, 1e300, 2}, {NAN, 0, 4, 2}, {4, 2, 0, 2}, {0, 2, 0, 0}}, 0},
+        {"two rectangles",
+         {{0, 0, 4, 0},
+          {4, 0, 4, 2},
+          {4, 2, 0, 2},
+          {0, 2, 0, 0},
+          {9, 9, 8, 9},
+          {8, 9, 8, 8},
+          {8, 8, 9, 8},
+          {9, 8, 9, 9}},
+         2}};
+    for (const auto& row : rows)
+    {
+        LineRectangles rectangles;
+        for (const Segment& line : row.lines)
+            rectangles.add(OdGePoint2d(line.x1, line.y1), OdGePoint2d(line.x2, line.y2));
+        std::vector<Frame> frames;
+        rectangles.close(frames);
+        EXPECT_EQ(frames.size(), row.rectangles) << row.what;
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Drawn, Lines,
-    testing::Values(
-        LinesCase{"in turn", {{0, 0, 4, 0}, {4, 0, 4, 2}, {4, 2, 0, 2}, {0, 2, 0, 0}}, 1},
-        LinesCase{"in any order and direction", {{4, 2, 4, 0}, {0, 2, 0, 0}, {4, 2, 0, 2}, {0, 0, 4, 0}}, 1},
-        LinesCase{"with a fifth line at a corner",
-                  {{0, 0, 4, 0}, {4, 0, 4, 2}, {4, 2, 0, 2}, {0, 2, 0, 0}, {0, 0, -3, -3}},
-                  0},
-        LinesCase{"with a gap", {{0, 0, 4, 0}, {4, 0, 4, 2}, {4, 2, 0.1, 2}, {0, 2, 0, 0}}, 0},
-        LinesCase{"drawn twice", {{0, 0, 4, 0}, {4, 0, 0, 0}, {0, 0, 4, 0}, {4, 0, 0, 0}}, 0},
-        LinesCase{"points", {{1, 1, 1, 1}, {1, 1, 1, 1}, {1, 1, 1, 1}, {1, 1, 1, 1}}, 0},
-        LinesCase{"too far away to tell", {{1e300, 0, 1e300, 2}, {NAN, 0, 4, 2}, {4, 2, 0, 2}, {0, 2, 0, 0}}, 0},
-        LinesCase{"two rectangles",
-                  {{0, 0, 4, 0},
-                   {4, 0, 4, 2},
-                   {4, 2, 0, 2},
-                   {0, 2, 0, 0},
-                   {9, 9, 8, 9},
-                   {8, 9, 8, 8},
-                   {8, 8, 9, 8},
-                   {9, 8, 9, 9}},
-                  2}));
-
-// ---- Large drawings
-// --------------------------------------------------------------------------------------------------
+// ---- Large drawings -------------------------------------------------------------------------------------------------
 
 constexpr int kSide = 316; // 100,000 texts in rows and columns
 
@@ -265,40 +227,32 @@ std::vector<FoundText> manyTexts()
     return texts;
 }
 
-struct CrowdCase
-{
-    const char* what;
-    Frame (*frame)(int index);
-};
-
-class Crowd : public testing::TestWithParam<CrowdCase>
-{
-};
-
 // A search of every frame for every text would take many minutes.
-TEST_P(Crowd, OfFramesAndTextsTakesSeconds)
+TEST(Crowds, OfFramesAndTextsTakeSeconds)
 {
-    std::vector<Frame> frames;
-    for (int i = 0; i < kSide * kSide; ++i)
-        frames.push_back(GetParam().frame(i));
-    const auto begin = std::chrono::steady_clock::now();
-    const OdString text = parse(manyTexts(), std::move(frames));
-    const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - begin;
-    EXPECT_LT(elapsed.count(), 60.0) << GetParam().what;
-    EXPECT_GE(text.getLength(), 2 * kSide * kSide - 1);
+    const struct
+    {
+        const char* what;
+        Frame (*frame)(int index);
+    } rows[] = {
+        {"one around each text",
+         [](int i) { return frameAt(kRect, i % kSide * 20.0 + 5, i / kSide * 10.0 + 2.5, 6, 3); }},
+        {"all around everything", [](int i) { return frameAt(kRect, 3160, 1580, 1e4 + i, 1e4 + i); }},
+        {"all growing around the middle", [](int i) { return frameAt(kCircle, 3160, 1580, i * 0.05, i * 0.05); }},
+        {"all too small for any text",
+         [](int i) { return frameAt(kCircle, 3160, 1580, 1e-5 * (i + 1), 1e-5 * (i + 1)); }},
+        {"long and thin over everything", [](int i) { return frameAt(kRect, 3160, 1580, 1e5, 2.0 + 1e-6 * i); }}};
+    for (const auto& row : rows)
+    {
+        std::vector<Frame> frames;
+        for (int i = 0; i < kSide * kSide; ++i)
+            frames.push_back(row.frame(i));
+        const auto begin = std::chrono::steady_clock::now();
+        const OdString text = parse(manyTexts(), std::move(frames));
+        const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - begin;
+        EXPECT_LT(elapsed.count(), 60.0) << row.what;
+        EXPECT_GE(text.getLength(), 2 * kSide * kSide - 1);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Kinds, Crowd,
-    testing::Values(CrowdCase{"one around each text",
-                              [](int i) { return frameAt(kRect, i % kSide * 20.0 + 5, i / kSide * 10.0 + 2.5, 6, 3); }},
-                    CrowdCase{"all around everything",
-                              [](int i) { return frameAt(kRect, 3160, 1580, 1e4 + i, 1e4 + i); }},
-                    CrowdCase{"all growing around the middle",
-                              [](int i) { return frameAt(kCircle, 3160, 1580, i * 0.05, i * 0.05); }},
-                    CrowdCase{"all too small for any text",
-                              [](int i) { return frameAt(kCircle, 3160, 1580, 1e-5 * (i + 1), 1e-5 * (i + 1)); }},
-                    CrowdCase{"long and thin over everything",
-                              [](int i) { return frameAt(kRect, 3160, 1580, 1e5, 2.0 + 1e-6 * i); }}));
 
 } // namespace

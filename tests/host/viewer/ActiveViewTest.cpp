@@ -13,24 +13,16 @@
 #include "DbViewportTable.h"
 #include "DbViewportTableRecord.h"
 #include "OdError.h"
-#include "RxInit.h"
 #include "commands/Viewer.h"
 #include "support/DrawingText.h"
 #include "support/DxfRecords.h"
+#include "support/SdkProgram.h"
 #include "support/TemporaryFolder.h"
 
 namespace
 {
 
 using hostcommands::ActiveView;
-
-class Sdk : public testing::Environment
-{
-public:
-    void SetUp() override { odInitialize(); }
-    void TearDown() override { odUninitialize(); }
-};
-const testing::Environment* const kSdk = testing::AddGlobalTestEnvironment(new Sdk);
 
 class ActiveViewTest : public testing::Test
 {
@@ -232,8 +224,7 @@ TEST_F(ActiveViewTest, AViewThatStaysLeavesWhatCanBeRedone)
     m_database->disableUndoRecording(false);
 }
 
-// ---- Drawings
-// -------------------------------------------------------------------------------------------------------
+// ---- Drawings -------------------------------------------------------------------------------------------------------
 
 class ViewOfDrawing : public ActiveViewTest
 {

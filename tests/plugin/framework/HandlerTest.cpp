@@ -302,8 +302,7 @@ TEST_F(HandlerTest, ArbitraryDataBelongToOneHandler)
     EXPECT_FALSE(handler->arbitraryData(L"KEY"));
 }
 
-// ---- Transactions and applications
-// -----------------------------------------------------------------------------------
+// ---- Transactions and applications ----------------------------------------------------------------------------------
 
 TEST_F(HandlerTest, TransactionCommandsCount)
 {

@@ -164,8 +164,7 @@ TEST_F(LabelCommandsTest, QueriesOfADrawingWithoutLabels)
     EXPECT_FALSE(db->hasUndo());
 }
 
-// ---- The choice
-// ------------------------------------------------------------------------------------------------------
+// ---- The choice -----------------------------------------------------------------------------------------------------
 
 TEST_F(LabelQueriesTest, UsersChooseByKeywordOrHandle)
 {
@@ -216,8 +215,7 @@ TEST_F(LabelQueriesTest, UsersChooseByKeywordOrHandle)
     EXPECT_EQ(run(L"BSYSTEMLABELTOJSON Selected", text(L"SELECTIONSETNAME", L"NONE")).fault.name, "pDbSelectionSet");
 }
 
-// ---- Creation
-// --------------------------------------------------------------------------------------------------------
+// ---- Creation -------------------------------------------------------------------------------------------------------
 
 TEST_F(LabelCommandsTest, LabelsSayWhatTheParserReads)
 {

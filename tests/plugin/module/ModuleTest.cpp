@@ -3,7 +3,7 @@
 #include "support/PluginTest.h"
 
 #include "DbEntity.h"
-#include "Gi/GiSubEntityTraits.h"
+#include "Gi/GiSubEntityTraitsData.h"
 #include "RxSysRegistry.h"
 #include "RxSystemServices.h"
 #include "RxVariant.h"
@@ -27,8 +27,7 @@ protected:
     static OdRxObjectPtr someObject() { return OdRxVariant::createObject(OdVariant(1.0)); }
 };
 
-// ---- Registration
-// ----------------------------------------------------------------------------------------------------
+// ---- Registration ---------------------------------------------------------------------------------------------------
 
 const struct
 {
@@ -186,8 +185,7 @@ TEST_F(ModuleTest, UnknownCommandsWithoutHandlerAreErrors)
     }
 }
 
-// ---- The frames of commands
-// ------------------------------------------------------------------------------------------
+// ---- The frames of commands -----------------------------------------------------------------------------------------
 
 TEST_F(ModuleTest, FramesNameWhatIsMissing)
 {
@@ -242,8 +240,7 @@ TEST_F(ModuleTest, FramesNameWhatIsMissing)
     }
 }
 
-// ---- The store
-// -------------------------------------------------------------------------------------------------------
+// ---- The store ------------------------------------------------------------------------------------------------------
 
 TEST_F(ModuleTest, TheStoreKeepsOwnersApart)
 {
@@ -305,36 +302,7 @@ TEST_F(ModuleTest, AClosedDrawingLeavesNothing)
     EXPECT_FALSE(services().GetArbitraryDataRootDictionary()->has(key));
 }
 
-// ---- The overrule
-// ----------------------------------------------------------------------------------------------------
-
-/// Takes the true colour that is set.
-class Traits : public OdGiSubEntityTraits
-{
-public:
-    void setColor(OdUInt16 index) override { m_color.setColorIndex(index); }
-    void setTrueColor(const OdCmEntityColor& color) override { m_color = color; }
-    void setLayer(OdDbStub*) override {}
-    void setLineType(OdDbStub*) override {}
-    void setLineTypeScale(double) override {}
-    void setLineWeight(OdDb::LineWeight) override {}
-    void setTransparency(const OdCmTransparency&) override {}
-    void setFillType(OdGiFillType) override {}
-    void setThickness(double) override {}
-    void setSelectionMarker(OdGsMarker) override {}
-    OdUInt16 color() const override { return m_color.colorIndex(); }
-    OdCmEntityColor trueColor() const override { return m_color; }
-    OdDbStub* layer() const override { return nullptr; }
-    OdDbStub* lineType() const override { return nullptr; }
-    double lineTypeScale() const override { return 1; }
-    OdDb::LineWeight lineWeight() const override { return OdDb::kLnWtByLayer; }
-    OdCmTransparency transparency() const override { return {}; }
-    OdGiFillType fillType() const override { return kOdGiFillNever; }
-    double thickness() const override { return 0; }
-
-private:
-    OdCmEntityColor m_color;
-};
+// ---- The overrule ---------------------------------------------------------------------------------------------------
 
 TEST_F(ModuleTest, TheOverrulePaintsMarkedEntities)
 {
@@ -355,7 +323,7 @@ TEST_F(ModuleTest, TheOverrulePaintsMarkedEntities)
         std::vector<OdUInt32> all;
         for (const OdDbObjectId& line : lines)
         {
-            OdStaticRxObject<Traits> traits;
+            OdStaticRxObject<OdGiSubEntityTraitsToData> traits;
             line.safeOpenObject()->setAttributes(&traits);
             all.push_back(traits.trueColor().isByColor() ? traits.trueColor().rgb() : 1);
         }

@@ -60,8 +60,7 @@ protected:
     OdUInt32 count() { return CDrawingBorderData::GetDictionary(db)->numEntries(); }
 };
 
-// ---- The frame
-// -------------------------------------------------------------------------------------------------------
+// ---- The frame ------------------------------------------------------------------------------------------------------
 
 TEST_F(DrawingBorderCommandsTest, TheFrameNamesWhatIsMissing)
 {
@@ -110,8 +109,7 @@ TEST_F(DrawingBorderCommandsTest, TheFrameNamesWhatIsMissing)
     }
 }
 
-// ---- Finding
-// ---------------------------------------------------------------------------------------------------------
+// ---- Finding --------------------------------------------------------------------------------------------------------
 
 TEST_F(DrawingBorderCommandsTest, QueriesOfADrawingWithoutBorders)
 {
@@ -149,8 +147,7 @@ TEST_F(DrawingBorderCommandsTest, BordersComeInTheOrderOfTheDictionary)
     EXPECT_EQ(CDrawingBorderDataPtr(first.safeOpenObject())->GetLineIds().size(), 1u);
 }
 
-// ---- Defining
-// --------------------------------------------------------------------------------------------------------
+// ---- Defining -------------------------------------------------------------------------------------------------------
 
 TEST_F(DrawingBorderCommandsTest, DefinitionsMakeOneBorderAndChangeIt)
 {

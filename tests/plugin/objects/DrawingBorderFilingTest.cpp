@@ -16,12 +16,6 @@ namespace
 
 constexpr const OdChar* kGuid = L"11111111-2222-4333-8444-555555555555";
 
-constexpr OdDbFiler::FilerType kAllFilers[] = {
-    OdDbFiler::kFileFiler,    OdDbFiler::kCopyFiler,        OdDbFiler::kUndoFiler,      OdDbFiler::kBagFiler,
-    OdDbFiler::kIdXlateFiler, OdDbFiler::kPageFiler,        OdDbFiler::kDeepCloneFiler, OdDbFiler::kIdFiler,
-    OdDbFiler::kPurgeFiler,   OdDbFiler::kWblockCloneFiler,
-};
-
 bool asksForIdsOnly(OdDbFiler::FilerType type)
 {
     return type == OdDbFiler::kIdXlateFiler || type == OdDbFiler::kIdFiler || type == OdDbFiler::kPurgeFiler;
@@ -84,18 +78,10 @@ protected:
         items.emplace_back("int16", L"1");
         if (asksForIdsOnly(type))
             return items;
-        for (const auto& item : DwgItems{{"string", guid},
-                                         {"bool", L"1"},
-                                         {"bool", L"0"},
-                                         {"bool", L"1"},
-                                         {"point", L"1 5 3"},
-                                         {"point", L"4 2 6"},
-                                         {"int32", L"2"},
-                                         {"int32", L"1"},
-                                         {"string", L"1"},
-                                         {"string", L""},
-                                         {"string", L"A"}})
-            items.push_back(item);
+        const DwgItems own = dwgItems("string |bool 1|bool 0|bool 1|point 1 5 3|point 4 2 6|int32 2|int32 1|"
+                                      "string 1|string |string A");
+        items.insert(items.end(), own.begin(), own.end());
+        items[items.size() - own.size()].second = guid;
         return items;
     }
 
@@ -111,23 +97,12 @@ protected:
         const auto filer = OdRxObjectImpl<ItemsDxfFiler>::createObject(db.get(), items, type);
         return open(id, OdDb::kForWrite)->dxfInFields(filer);
     }
-    const DxfItems fullGroups = {{100, L"CDrawingBorderData"},
-                                 {70, L"1"},
-                                 {1, kGuid},
-                                 {290, L"1"},
-                                 {290, L"0"},
-                                 {290, L"1"},
-                                 {12, L"1 5 3"},
-                                 {12, L"4 2 6"},
-                                 {90, L"2"},
-                                 {90, L"1"},
-                                 {1, L"1"},
-                                 {1, L""},
-                                 {1, L"A"}};
+    const DxfItems fullGroups =
+        dxfItems("100 CDrawingBorderData|70 1|1 11111111-2222-4333-8444-555555555555|290 1|290 0|290 1|12 1 5 3|"
+                 "12 4 2 6|90 2|90 1|1 1|1 |1 A");
 };
 
-// ---- DWG-style
-// -------------------------------------------------------------------------------------------------------
+// ---- DWG-style ------------------------------------------------------------------------------------------------------
 
 TEST_F(DrawingBorderFilingTest, EveryTypeOfFilerGetsItsItems)
 {
@@ -209,8 +184,7 @@ TEST_F(DrawingBorderFilingTest, OtherVersionsAndDamagedItems)
     EXPECT_TRUE(open(id)->GetColumnIds().isEmpty() && open(id)->GetLineIds().isEmpty());
 }
 
-// ---- DXF
-// -------------------------------------------------------------------------------------------------------------
+// ---- DXF ------------------------------------------------------------------------------------------------------------
 
 TEST_F(DrawingBorderFilingTest, EveryTypeOfFilerGetsItsGroups)
 {
@@ -292,8 +266,7 @@ TEST_F(DrawingBorderFilingTest, DxfInputAppendsToTheLists)
     EXPECT_EQ(open(id)->GetLineIds().size(), 2u);
 }
 
-// ---- Copies
-// ----------------------------------------------------------------------------------------------------------
+// ---- Copies ---------------------------------------------------------------------------------------------------------
 
 TEST_F(DrawingBorderFilingTest, ACopyWithinTheDrawingHasAGuidOfItsOwn)
 {
@@ -327,8 +300,7 @@ TEST_F(DrawingBorderFilingTest, ACopyInAnotherDrawingKeepsItsGuid)
     EXPECT_EQ(keyOf(id), utf8(kGuid));
 }
 
-// ---- Files
-// -----------------------------------------------------------------------------------------------------------
+// ---- Files ----------------------------------------------------------------------------------------------------------
 
 TEST_F(DrawingBorderFilingTest, FilesBringBordersBackAsTheyWere)
 {
@@ -363,8 +335,7 @@ TEST_F(DrawingBorderFilingTest, FilesBringBordersBackAsTheyWere)
     }
 }
 
-// ---- JSON
-// ------------------------------------------------------------------------------------------------------------
+// ---- JSON -----------------------------------------------------------------------------------------------------------
 
 TEST_F(DrawingBorderFilingTest, JsonHoldsTheWholeBorder)
 {

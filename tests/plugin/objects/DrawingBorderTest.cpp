@@ -35,8 +35,7 @@ protected:
     }
 };
 
-// ---- Identity
-// --------------------------------------------------------------------------------------------------------
+// ---- Identity -------------------------------------------------------------------------------------------------------
 
 TEST_F(DrawingBorderTest, TheClassIsRegisteredOnce)
 {
@@ -141,8 +140,7 @@ TEST_F(DrawingBorderTest, UpdateGuidAsksWithThePresentOneAsDefault)
         << "writing is required before anything else";
 }
 
-// ---- What it holds
-// ---------------------------------------------------------------------------------------------------
+// ---- What it holds --------------------------------------------------------------------------------------------------
 
 TEST_F(DrawingBorderTest, CornersAreSorted)
 {

@@ -18,6 +18,22 @@ namespace plugintest
 /// Values as kind and text.
 using DwgItems = std::vector<std::pair<std::string, OdString>>;
 
+/// "int32 7|string text": kinds and texts, divided by bars.
+inline DwgItems dwgItems(const std::string& text)
+{
+    DwgItems items;
+    std::istringstream all(text);
+    for (std::string item; std::getline(all, item, '|');)
+        items.emplace_back(item.substr(0, item.find(' ')), odUtf8ToString(item.substr(item.find(' ') + 1)));
+    return items;
+}
+
+constexpr OdDbFiler::FilerType kAllFilers[] = {
+    OdDbFiler::kFileFiler,    OdDbFiler::kCopyFiler,        OdDbFiler::kUndoFiler,      OdDbFiler::kBagFiler,
+    OdDbFiler::kIdXlateFiler, OdDbFiler::kPageFiler,        OdDbFiler::kDeepCloneFiler, OdDbFiler::kIdFiler,
+    OdDbFiler::kPurgeFiler,   OdDbFiler::kWblockCloneFiler,
+};
+
 class ItemsDwgFiler : public OdDbDwgFiler
 {
 public:

@@ -17,6 +17,16 @@ namespace plugintest
 /// Groups as code and text; ids, integers and points are written as text too.
 using DxfItems = std::vector<std::pair<int, OdString>>;
 
+/// "70 1|1 text": codes and texts, divided by bars.
+inline DxfItems dxfItems(const std::string& text)
+{
+    DxfItems items;
+    std::istringstream all(text);
+    for (std::string item; std::getline(all, item, '|');)
+        items.emplace_back(std::stoi(item), odUtf8ToString(item.substr(item.find(' ') + 1)));
+    return items;
+}
+
 class ItemsDxfFiler : public OdDbDxfFiler
 {
 public:

@@ -47,31 +47,17 @@ protected:
     static std::wstring handleOf(OdDbObjectId id) { return std::wstring(id.getHandle().ascii().view()); }
 };
 
-// ---- DXF
-// -------------------------------------------------------------------------------------------------------------
+// ---- DXF ------------------------------------------------------------------------------------------------------------
 
 TEST_F(LabelFilingTest, DxfGroupsAreWrittenInOrderWithoutErasedReferences)
 {
     const std::vector<OdDbObjectId> lines = addLines(3);
     const OdDbObjectId id = addLabel(lines, L" E12 ", kGuid);
-    const OdString handles[] = {lines[0].getHandle().ascii(), lines[1].getHandle().ascii(),
-                                lines[2].getHandle().ascii()};
-    EXPECT_EQ(write(id), (DxfItems{{100, L"CBSystemLabel"},
-                                   {70, L"1"},
-                                   {1, kGuid},
-                                   {2, L" E12 "},
-                                   {90, L"3"},
-                                   {340, handles[0]},
-                                   {340, handles[1]},
-                                   {340, handles[2]}}));
+    const std::string start = "100 CBSystemLabel|70 1|1 " + odStringToUtf8(kGuid) + "|2  E12 |90 ";
+    const auto reference = [](const OdDbObjectId& line) { return "|340 " + odStringToUtf8(line.getHandle().ascii()); };
+    EXPECT_EQ(write(id), dxfItems(start + "3" + reference(lines[0]) + reference(lines[1]) + reference(lines[2])));
     erase(lines[1]);
-    EXPECT_EQ(write(id), (DxfItems{{100, L"CBSystemLabel"},
-                                   {70, L"1"},
-                                   {1, kGuid},
-                                   {2, L" E12 "},
-                                   {90, L"2"},
-                                   {340, handles[0]},
-                                   {340, handles[2]}}));
+    EXPECT_EQ(write(id), dxfItems(start + "2" + reference(lines[0]) + reference(lines[2])));
     EXPECT_EQ(referencesOf(id), lines);
 }
 
@@ -106,14 +92,7 @@ TEST_F(LabelFilingTest, DxfGroupsInAnyOtherOrderAreRefused)
     EXPECT_EQ(write(id).back(), std::make_pair(340, OdString(L"FFFF"))) << "what names nothing is written back";
 }
 
-// ---- DWG-style
-// -------------------------------------------------------------------------------------------------------
-
-constexpr OdDbFiler::FilerType kAllFilers[] = {
-    OdDbFiler::kFileFiler,    OdDbFiler::kCopyFiler,        OdDbFiler::kUndoFiler,      OdDbFiler::kBagFiler,
-    OdDbFiler::kIdXlateFiler, OdDbFiler::kPageFiler,        OdDbFiler::kDeepCloneFiler, OdDbFiler::kIdFiler,
-    OdDbFiler::kPurgeFiler,   OdDbFiler::kWblockCloneFiler,
-};
+// ---- DWG-style ------------------------------------------------------------------------------------------------------
 
 TEST_F(LabelFilingTest, EveryTypeOfFilerGetsAndBringsItsItems)
 {
@@ -158,8 +137,7 @@ TEST_F(LabelFilingTest, EveryTypeOfFilerGetsAndBringsItsItems)
     }
 }
 
-// ---- Copies
-// ----------------------------------------------------------------------------------------------------------
+// ---- Copies ---------------------------------------------------------------------------------------------------------
 
 TEST_F(LabelFilingTest, ACopyInMemoryHasAGuidOfItsOwn)
 {
@@ -205,8 +183,7 @@ TEST_F(LabelFilingTest, ACopyInAnotherDrawingKeepsItsGuid)
     EXPECT_EQ(referencesOf(id), lines);
 }
 
-// ---- Files
-// -----------------------------------------------------------------------------------------------------------
+// ---- Files ----------------------------------------------------------------------------------------------------------
 
 TEST_F(LabelFilingTest, FilesBringLabelsBackAsTheyWere)
 {
@@ -230,8 +207,7 @@ TEST_F(LabelFilingTest, FilesBringLabelsBackAsTheyWere)
     }
 }
 
-// ---- JSON
-// ------------------------------------------------------------------------------------------------------------
+// ---- JSON -----------------------------------------------------------------------------------------------------------
 
 TEST_F(LabelFilingTest, JsonHoldsTheWholeLabel)
 {

@@ -34,8 +34,7 @@ protected:
     }
 };
 
-// ---- Identity
-// --------------------------------------------------------------------------------------------------------
+// ---- Identity -------------------------------------------------------------------------------------------------------
 
 TEST_F(LabelTest, TheDictionaryIsMadeOnce)
 {
@@ -111,8 +110,7 @@ TEST_F(LabelTest, TheClassIsRegisteredOnce)
     EXPECT_EQ(CBSystemLabel::getVersion(), 1);
 }
 
-// ---- References
-// ------------------------------------------------------------------------------------------------------
+// ---- References -----------------------------------------------------------------------------------------------------
 
 TEST_F(LabelTest, ReferencesAreUniqueAndOrdered)
 {
@@ -194,8 +192,7 @@ TEST_F(LabelTest, ATextTooLongForTheMarksIsRefused)
     EXPECT_FALSE(listens(label->objectId(), line));
 }
 
-// ---- Blocks
-// ----------------------------------------------------------------------------------------------------------
+// ---- Blocks ---------------------------------------------------------------------------------------------------------
 
 TEST_F(LabelTest, MarksGoDownIntoBlocksOfOneReference)
 {
@@ -274,8 +271,7 @@ TEST_F(LabelTest, ASharedBlockWithManyReferencesCostsNoMoreForEach)
     EXPECT_EQ(markOf(inserts.back()), "-, ");
 }
 
-// ---- Erasing and undo
-// ------------------------------------------------------------------------------------------------
+// ---- Erasing and undo -----------------------------------------------------------------------------------------------
 
 TEST_F(LabelTest, ErasingTakesMarksOffAndBringsThemBack)
 {
@@ -356,8 +352,7 @@ TEST_F(LabelTest, UndoingTheMakingTakesEverythingAway)
     EXPECT_EQ(dictionary()->getAt(openLabel(id)->GetGuid()), id);
 }
 
-// ---- Geometry and the list
-// -------------------------------------------------------------------------------------------
+// ---- Geometry and the list ------------------------------------------------------------------------------------------
 
 TEST_F(LabelTest, ExtentsAreThoseOfWhatCanBeMeasured)
 {

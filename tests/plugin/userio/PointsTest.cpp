@@ -146,8 +146,7 @@ TEST_F(UserIOTest, TrackersStartFromTheLastPoint)
     EXPECT_EQ(answering->lastTracker.get(), own.get());
 }
 
-// ---- Distances
-// -------------------------------------------------------------------------------------------------------
+// ---- Distances ------------------------------------------------------------------------------------------------------
 
 TEST_F(UserIOTest, DistancesAreTypedOrMeasured)
 {
@@ -218,8 +217,7 @@ TEST_F(UserIOTest, DistancesAreTypedOrMeasured)
     EXPECT_EQ(answering->prompts, (std::vector<std::string>{"How far:", "How far:", "Enter second point:"}));
 }
 
-// ---- The last point
-// --------------------------------------------------------------------------------------------------
+// ---- The last point -------------------------------------------------------------------------------------------------
 
 TEST_F(UserIOTest, EachDrawingHasItsLastPoint)
 {

@@ -239,8 +239,7 @@ TEST_F(BlockTest, BelongsToALayoutThatCanBeRenamed)
     EXPECT_FALSE(layouts->has(OdString(L"Layout1")));
 }
 
-// ---- Data of applications
-// --------------------------------------------------------------------------------------------
+// ---- Data of applications -------------------------------------------------------------------------------------------
 
 TEST_F(BlockTest, GivesBackTheChainThatAnXrecordWasGiven)
 {

@@ -218,8 +218,7 @@ TEST_F(DictionaryTest, DoesNotDisturbIteratorsByChanges)
     EXPECT_EQ(namesOf(dictionary()->newIterator()), (std::vector<OdString>{L"ax", L"bx", L"cx"}));
 }
 
-// ---- Files
-// -----------------------------------------------------------------------------------------------------------
+// ---- Files ----------------------------------------------------------------------------------------------------------
 
 class LoadingDictionaryTest : public DictionaryTest
 {

@@ -211,8 +211,7 @@ TEST_F(SymbolTableTest, LetsViewportsShareANameAndNumbersAnonymousBlocks)
     }
 }
 
-// ---- Records
-// ---------------------------------------------------------------------------------------------------------
+// ---- Records --------------------------------------------------------------------------------------------------------
 
 TEST_F(SymbolTableTest, KeepsTheStatesOfALayerApart)
 {

@@ -3,21 +3,13 @@
 
 #include "DbDatabase.h"
 #include "OdError.h"
-#include "RxInit.h"
 #include "dxf/DrawingReader.h"
 #include "dxf/DrawingWriter.h"
 #include "support/DxfRecords.h"
+#include "support/SdkProgram.h"
 #include "support/TemporaryFolder.h"
 
 #include <string>
-
-/// Starts the SDK for the time of a test.
-class SdkSession
-{
-public:
-    SdkSession() { odInitialize(); }
-    ~SdkSession() { odUninitialize(); }
-};
 
 inline OdDbDatabasePtr openText(std::string_view file)
 {

@@ -23,7 +23,6 @@ class Saving : public testing::Test
 protected:
     void save(const std::string& path) { dxf::writeDrawing(*m_database, path, dxf::FileForm::Ascii, OdDb::vAC32); }
 
-    SdkSession m_session;
     support::TemporaryFolder m_folder;
     OdDbDatabasePtr m_database = openText(support::drawing("AC1032"));
 };

@@ -15,6 +15,7 @@ namespace
 
 using support::endOfFile;
 using support::group;
+using support::groups;
 using support::headerSection;
 using support::section;
 
@@ -24,17 +25,15 @@ protected:
     // A layer "Wände", a block "Part", and entities that name both in capitals; one is of a class that nobody knows.
     SpeltNames()
     {
-        const std::string common = group(100, "AcDbEntity") + group(8, "W\\U+00C4NDE");
+        const std::string common = groups("100 AcDbEntity|8 W\\U+00C4NDE");
         database = openText(
             headerSection("AC1032") +
-            section("TABLES", group(0, "TABLE") + group(2, "LAYER") + group(70, "1") + group(0, "LAYER") +
-                                  group(100, "AcDbSymbolTableRecord") + group(100, "AcDbLayerTableRecord") +
-                                  group(2, "W\\U+00E4nde") + group(70, "0") + group(0, "ENDTAB")) +
-            section("BLOCKS", group(0, "BLOCK") + group(8, "0") + group(2, "Part") + group(0, "ENDBLK")) +
-            section("ENTITIES", group(0, "INSERT") + group(5, "A1") + common + group(100, "AcDbBlockReference") +
-                                    group(2, "PART") + group(10, "0.0") + group(20, "0.0") + group(30, "0.0") +
-                                    group(0, "FANTASY") + group(5, "A2") + common + group(100, "AcDbFantasy") +
-                                    group(8, "W\\U+00C4NDE")) +
+            section("TABLES", groups("0 TABLE|2 LAYER|70 1|0 LAYER|100 AcDbSymbolTableRecord|100 "
+                                     "AcDbLayerTableRecord|2 W\\U+00E4nde|70 0|0 ENDTAB")) +
+            section("BLOCKS", groups("0 BLOCK|8 0|2 Part|0 ENDBLK")) +
+            section("ENTITIES", groups("0 INSERT|5 A1") + common +
+                                    groups("100 AcDbBlockReference|2 PART|10 0.0|20 0.0|30 0.0|0 FANTASY|5 A2") +
+                                    common + groups("100 AcDbFantasy|8 W\\U+00C4NDE")) +
             endOfFile());
     }
 
@@ -58,7 +57,6 @@ protected:
         return found;
     }
 
-    SdkSession session;
     OdDbDatabasePtr database;
 };
 

@@ -9,19 +9,11 @@
 
 #include "Ed/EdCommandStack.h"
 #include "Ed/EdException.h"
-#include "RxInit.h"
 #include "RxObjectImpl.h"
+#include "support/SdkProgram.h"
 
 namespace
 {
-
-class Program : public ::testing::Environment
-{
-public:
-    void SetUp() override { odInitialize(); }
-    void TearDown() override { odUninitialize(); }
-};
-::testing::Environment* const g_program = ::testing::AddGlobalTestEnvironment(new Program);
 
 std::string g_log;
 

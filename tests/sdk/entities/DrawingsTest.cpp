@@ -93,26 +93,15 @@ TEST_F(RealDrawings, EveryEntityIsMeasuredAndMovesByTheVectorItIsGiven)
 }
 
 /// Drawings whose headers tell their extents; those that are left out hold no or outdated ones.
-constexpr const char* kHeadersThatTell[] = {"acad_table_with_blk_ref",
-                                            "bin_dxf_r13",
-                                            "bin_dxf_r14",
-                                            "dimension_in_block",
-                                            "dimension_in_nested_blocks",
-                                            "example_2000",
-                                            "example_2004",
-                                            "example_2007",
-                                            "example_2010",
-                                            "example_2013",
-                                            "example_2018",
-                                            "example_r12",
-                                            "example_r14",
-                                            "hatches_2",
-                                            "leader_image_2007",
-                                            "mtext_complex_inline_codes",
-                                            "proxies_2013",
-                                            "text",
-                                            "ts1_2018",
-                                            "uncommon"};
+constexpr std::string_view kHeadersThatTell =
+    "acad_table_with_blk_ref bin_dxf_r13 bin_dxf_r14 dimension_in_block dimension_in_nested_blocks "
+    "example_2000 example_2004 example_2007 example_2010 example_2013 example_2018 example_r12 example_r14 "
+    "hatches_2 leader_image_2007 mtext_complex_inline_codes proxies_2013 text ts1_2018 uncommon";
+
+bool tells(const std::string& name)
+{
+    return (' ' + std::string(kHeadersThatTell) + ' ').find(' ' + name + ' ') != std::string::npos;
+}
 
 TEST_F(RealDrawings, EntitiesLieWithinTheExtentsOfTheHeader)
 {
@@ -121,8 +110,7 @@ TEST_F(RealDrawings, EntitiesLieWithinTheExtentsOfTheHeader)
     constexpr double kWithText = 0.02;
     for (const std::filesystem::path& file : files)
     {
-        const auto tells = [&file](const char* name) { return file.stem() == name; };
-        if (std::none_of(std::begin(kHeadersThatTell), std::end(kHeadersThatTell), tells))
+        if (!tells(file.stem().string()))
             continue;
         OdDbDatabasePtr database = open(file);
         const OdGePoint3d low = database->getEXTMIN();

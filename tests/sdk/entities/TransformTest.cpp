@@ -165,70 +165,68 @@ void expectPoints(std::vector<OdGePoint3d> found, std::vector<OdGePoint3d> expec
         ASSERT_LT(found[i].distanceTo(expected[i]), 1e-8) << what << ", point " << i;
 }
 
-class Transforming : public EntityTest, public testing::WithParamInterface<Kind>
+TEST_F(EntityTest, TransformingDrawsTheMappedPoints)
 {
-};
+    for (const Kind& kind : kKinds)
+        for (const Map& map : similarities())
+        {
+            const OdDbEntityPtr entity = entityFrom(kind.dxfName, kind.groups);
+            std::vector<OdGePoint3d> expected = pointsOf(*entity);
+            ASSERT_FALSE(expected.empty()) << kind.what;
+            for (OdGePoint3d& point : expected)
+                point = map.matrix * point;
+            ASSERT_EQ(entity->transformBy(map.matrix), eOk) << kind.what << ", " << map.what;
+            expectPoints(pointsOf(*entity), expected, std::string(kind.what) + ", " + map.what);
+        }
+}
 
-TEST_P(Transforming, DrawsTheMappedPoints)
+TEST_F(EntityTest, TransformingBackAgainGivesTheSameFigures)
 {
-    const Kind& kind = GetParam();
-    for (const Map& map : similarities())
+    for (const Kind& kind : kKinds)
     {
         const OdDbEntityPtr entity = entityFrom(kind.dxfName, kind.groups);
-        std::vector<OdGePoint3d> expected = pointsOf(*entity);
-        ASSERT_FALSE(expected.empty()) << kind.what;
-        for (OdGePoint3d& point : expected)
-            point = map.matrix * point;
-        ASSERT_EQ(entity->transformBy(map.matrix), eOk) << kind.what << ", " << map.what;
-        expectPoints(pointsOf(*entity), expected, std::string(kind.what) + ", " + map.what);
+        const oddb::Groups before = oddb::ObjectCore::groups(*entity);
+        ASSERT_EQ(entity->transformBy(OdGeMatrix3d::translation(OdGeVector3d(8, -16, 0))), eOk);
+        ASSERT_EQ(entity->transformBy(OdGeMatrix3d::translation(OdGeVector3d(-8, 16, 0))), eOk);
+        const oddb::Groups after = oddb::ObjectCore::groups(*entity);
+        auto a = before.begin();
+        auto b = after.begin();
+        for (; a != before.end() && b != after.end(); ++a, ++b)
+        {
+            EXPECT_EQ(a->code(), b->code()) << kind.what;
+            EXPECT_NEAR(a->real(), b->real(), 1e-12) << kind.what << ", group " << a->code();
+            EXPECT_EQ(a->text(), b->text()) << kind.what << ", group " << a->code();
+        }
     }
 }
 
-TEST_P(Transforming, BackAgainGivesTheSameFigures)
+TEST_F(EntityTest, TransformingRefusesMatricesThatTheShapeCannotTake)
 {
-    const Kind& kind = GetParam();
-    const OdDbEntityPtr entity = entityFrom(kind.dxfName, kind.groups);
-    const oddb::Groups before = oddb::ObjectCore::groups(*entity);
-    ASSERT_EQ(entity->transformBy(OdGeMatrix3d::translation(OdGeVector3d(8, -16, 0))), eOk);
-    ASSERT_EQ(entity->transformBy(OdGeMatrix3d::translation(OdGeVector3d(-8, 16, 0))), eOk);
-    const oddb::Groups after = oddb::ObjectCore::groups(*entity);
-    auto a = before.begin();
-    auto b = after.begin();
-    for (; a != before.end() && b != after.end(); ++a, ++b)
+    for (const Kind& kind : kKinds)
     {
-        EXPECT_EQ(a->code(), b->code()) << kind.what;
-        EXPECT_NEAR(a->real(), b->real(), 1e-12) << kind.what << ", group " << a->code();
-        EXPECT_EQ(a->text(), b->text()) << kind.what << ", group " << a->code();
+        const OdDbEntityPtr entity = entityFrom(kind.dxfName, kind.groups);
+        const std::vector<OdGePoint3d> before = pointsOf(*entity);
+        OdGeMatrix3d notFinite;
+        notFinite[0][3] = std::nan("");
+        EXPECT_EQ(entity->transformBy(notFinite), eInvalidInput) << kind.what;
+        EXPECT_EQ(entity->transformBy(OdGeMatrix3d::scaling(OdGeScale3d(1, 0, 1))), eInvalidInput) << kind.what;
+        const OdGeMatrix3d uneven = OdGeMatrix3d::scaling(OdGeScale3d(1, 2, 3));
+        const OdResult result = entity->transformBy(uneven);
+        if (result == eOk)
+        {
+            std::vector<OdGePoint3d> expected = before;
+            for (OdGePoint3d& point : expected)
+                point = uneven * point;
+            expectPoints(pointsOf(*entity), expected, kind.what);
+        }
+        else
+        {
+            EXPECT_FALSE(kind.skewable) << kind.what;
+            EXPECT_EQ(result, eCannotScaleNonUniformly) << kind.what;
+            expectPoints(pointsOf(*entity), before, kind.what);
+        }
     }
 }
-
-TEST_P(Transforming, RefusesMatricesThatTheShapeCannotTake)
-{
-    const Kind& kind = GetParam();
-    const OdDbEntityPtr entity = entityFrom(kind.dxfName, kind.groups);
-    const std::vector<OdGePoint3d> before = pointsOf(*entity);
-    OdGeMatrix3d notFinite;
-    notFinite[0][3] = std::nan("");
-    EXPECT_EQ(entity->transformBy(notFinite), eInvalidInput) << kind.what;
-    EXPECT_EQ(entity->transformBy(OdGeMatrix3d::scaling(OdGeScale3d(1, 0, 1))), eInvalidInput) << kind.what;
-    const OdGeMatrix3d uneven = OdGeMatrix3d::scaling(OdGeScale3d(1, 2, 3));
-    const OdResult result = entity->transformBy(uneven);
-    if (result == eOk)
-    {
-        std::vector<OdGePoint3d> expected = before;
-        for (OdGePoint3d& point : expected)
-            point = uneven * point;
-        expectPoints(pointsOf(*entity), expected, kind.what);
-    }
-    else
-    {
-        EXPECT_FALSE(kind.skewable) << kind.what;
-        EXPECT_EQ(result, eCannotScaleNonUniformly) << kind.what;
-        expectPoints(pointsOf(*entity), before, kind.what);
-    }
-}
-
-INSTANTIATE_TEST_SUITE_P(Entities, Transforming, testing::ValuesIn(kKinds));
 
 /// Entities without a class of their own, and parts of groups that only some of them have.
 TEST_F(EntityTest, UnknownKindsMoveByTheirListedGroups)
