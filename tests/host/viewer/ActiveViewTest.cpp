@@ -1,7 +1,6 @@
 // Attacks the active view: views that are turned, tilted or damaged, extents that are flat or beyond all numbers,
 // sheets.
 #include <cmath>
-#include <functional>
 #include <limits>
 #include <random>
 #include <string>
@@ -12,10 +11,10 @@
 #include "DbViewport.h"
 #include "DbViewportTable.h"
 #include "DbViewportTableRecord.h"
-#include "OdError.h"
 #include "commands/Viewer.h"
 #include "support/DrawingText.h"
 #include "support/DxfRecords.h"
+#include "support/ErrorCode.h"
 #include "support/SdkProgram.h"
 #include "support/TemporaryFolder.h"
 
@@ -23,6 +22,9 @@ namespace
 {
 
 using hostcommands::ActiveView;
+using support::codeOf;
+using support::group;
+using support::groups;
 
 class ActiveViewTest : public testing::Test
 {
@@ -70,19 +72,6 @@ protected:
             for (const double coordinate : {point.x, point.y, point.z})
                 all += std::to_string(coordinate == 0.0 ? 0.0 : std::round(coordinate * 1e6) / 1e6).substr(0, 8) + " ";
         return all;
-    }
-
-    static int codeOf(const std::function<void()>& work)
-    {
-        try
-        {
-            work();
-        }
-        catch (const OdError& error)
-        {
-            return error.code();
-        }
-        return eOk;
     }
 
     OdDbDatabasePtr m_database;
@@ -182,28 +171,17 @@ TEST_F(ActiveViewTest, WhatLiesBeyondAllNumbersIsRefused)
     set({});
     const std::string before = shown();
     const double most = std::numeric_limits<double>::max();
-    const std::function<void()> works[] = {
-        [&] {
-            ActiveView(*m_database).zoomTo({{-most, 0, 0}, {most, 1, 0}});
-        },
-        [&] {
-            ActiveView(*m_database).zoomTo({{0, -most, 0}, {1, most, 0}});
-        },
-        [&] {
-            ActiveView(*m_database).zoomTo({{0, 0, 0}, {INFINITY, 1, 0}});
-        },
-        [&] {
-            ActiveView(*m_database).dollyTo({NAN, 0, 0});
-        },
-        [&] {
-            ActiveView(*m_database).dollyTo({0, -INFINITY, 0});
-        },
-    };
-    for (const auto& work : works)
+    const auto expectRefusal = [&](auto work)
     {
-        EXPECT_EQ(codeOf(work), eInvalidInput);
+        EXPECT_EQ(codeOf([&] { work(ActiveView(*m_database)); }), eInvalidInput);
         EXPECT_EQ(shown(), before);
-    }
+    };
+    const OdGeExtents3d endless[] = {
+        {{-most, 0, 0}, {most, 1, 0}}, {{0, -most, 0}, {1, most, 0}}, {{0, 0, 0}, {INFINITY, 1, 0}}};
+    for (const OdGeExtents3d& extents : endless)
+        expectRefusal([&](ActiveView view) { view.zoomTo(extents); });
+    for (const OdGePoint3d& point : {OdGePoint3d(NAN, 0, 0), OdGePoint3d(0, -INFINITY, 0)})
+        expectRefusal([&](ActiveView view) { view.dollyTo(point); });
     ActiveView(*m_database).zoomTo({{1e-200, 0, 0}, {2e-200, 0, 0}});
     EXPECT_GT(recordOf(*m_database)->height(), 0);
 }
@@ -256,12 +234,10 @@ protected:
     }
     static std::string viewport(int number, double x, double y, double width, double height, double viewHeight)
     {
-        const auto real = [](int code, double value) { return support::group(code, std::to_string(value)); };
-        return support::group(0, "VIEWPORT") + support::group(5, "70") + support::group(330, "1B") +
-               support::group(100, "AcDbEntity") + support::group(67, "1") + support::group(8, "0") +
-               support::group(100, "AcDbViewport") + real(10, x) + real(20, y) + real(30, 0) + real(40, width) +
-               real(41, height) + support::group(68, "1") + support::group(69, std::to_string(number)) + real(12, x) +
-               real(22, y) + real(16, 0) + real(26, 0) + real(36, 1) + real(45, viewHeight);
+        const auto real = [](int code, double value) { return group(code, std::to_string(value)); };
+        return groups("0 VIEWPORT|5 70|330 1B|100 AcDbEntity|67 1|8 0|100 AcDbViewport|30 0") + real(10, x) +
+               real(20, y) + real(40, width) + real(41, height) + group(68, "1") + group(69, std::to_string(number)) +
+               real(12, x) + real(22, y) + groups("16 0|26 0|36 1") + real(45, viewHeight);
     }
 
     support::TemporaryFolder m_folder;

@@ -204,7 +204,9 @@ protected:
             &CommandHistoryTest::defineLists,  &CommandHistoryTest::defineArea,   &CommandHistoryTest::markBorder,
             &CommandHistoryTest::eraseBorder,  &CommandHistoryTest::renameBorder, &CommandHistoryTest::undo,
             &CommandHistoryTest::undo,         &CommandHistoryTest::redo,         &CommandHistoryTest::transaction,
-            &CommandHistoryTest::lookAtLabels, &CommandHistoryTest::query,        &CommandHistoryTest::query,
+            &CommandHistoryTest::renameLabel,  &CommandHistoryTest::relabel,      &CommandHistoryTest::refer,
+            &CommandHistoryTest::referToLess,  &CommandHistoryTest::forceInvalid, &CommandHistoryTest::lookAtLabels,
+            &CommandHistoryTest::query,        &CommandHistoryTest::query,
         };
         (this->*kChanges[below(std::size(kChanges))])();
     }
@@ -300,6 +302,66 @@ protected:
         db->startUndoRecord();
         erase(idOfLabel(number), erasing);
         m_history.change(next);
+    }
+
+    /// Changes a label itself, as its class lets it be changed.
+    void changeLabel(const std::function<void(CBSystemLabel& label, int number, Model& next)>& change)
+    {
+        const int number = someLabel();
+        if (number < 0 || model().labels.at(number).isErased || !model().labels.at(number).isInDictionary)
+            return;
+        Model next = model();
+        db->startUndoRecord();
+        change(*openLabel(idOfLabel(number), OdDb::kForWrite), number, next);
+        m_history.change(next);
+    }
+
+    void renameLabel()
+    {
+        changeLabel(
+            [this](CBSystemLabel& label, int number, Model& next)
+            {
+                next.labels[number].guid = "guid " + std::to_string(m_names++);
+                label.SetGuid(L" '" + wide(next.labels[number].guid) + L"' ");
+            });
+    }
+
+    void relabel()
+    {
+        changeLabel(
+            [this](CBSystemLabel& label, int number, Model& next)
+            {
+                next.labels[number].text = "text " + std::to_string(below(4));
+                label.SetLabel(wide(next.labels[number].text));
+            });
+    }
+
+    void refer()
+    {
+        changeLabel(
+            [this](CBSystemLabel& label, int number, Model& next)
+            {
+                std::vector<int> asked = someEntities();
+                std::erase_if(asked,
+                              [&](int entity) { return next.entities[static_cast<std::size_t>(entity)].isErased; });
+                std::vector<OdDbObjectId> ids;
+                for (const int entity : asked)
+                    ids.push_back(m_entities[static_cast<std::size_t>(entity)]);
+                next.setReferences(number, asked);
+                if (next != model()) // the same once more is a step that changes nothing
+                    label.SetReferencedObjectIds(idArray(ids));
+            });
+    }
+
+    void referToLess()
+    {
+        changeLabel(
+            [this](CBSystemLabel& label, int number, Model& next)
+            {
+                const unsigned entity = below(kEntities);
+                next.removeReference(number, static_cast<int>(entity));
+                label.RemoveReferencedObjectId(m_entities[entity]);
+            });
     }
 
     // ---- Borders
@@ -401,6 +463,17 @@ protected:
             {
                 next.isMarkedDeleted = !next.isMarkedDeleted;
                 border.Delete(next.isMarkedDeleted);
+            });
+    }
+
+    void forceInvalid()
+    {
+        changeBorder(
+            [this](CDrawingBorderData& border, Border& next)
+            {
+                const bool isOfLists = oneIn(2);
+                (isOfLists ? next.areListsValid : next.isAreaValid) = false;
+                isOfLists ? border.ForceColumnLinesInvalid() : border.ForceCornersInvalid();
             });
     }
 

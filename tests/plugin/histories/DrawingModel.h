@@ -109,6 +109,19 @@ struct Model
         erasing ? unmark(number) : mark(number);
     }
 
+    void setReferences(int number, const std::vector<int>& asked)
+    {
+        unmark(number);
+        labels.at(number).entities.clear();
+        addLabel(number, asked, labels.at(number).guid, labels.at(number).text);
+    }
+
+    void removeReference(int number, int entity)
+    {
+        if (std::erase(labels.at(number).entities, entity) > 0)
+            unmark(number, entity);
+    }
+
 private:
     void mark(int number)
     {
@@ -124,19 +137,22 @@ private:
 
     void unmark(int number)
     {
+        for (const int index : labels.at(number).entities)
+            unmark(number, index);
+    }
+
+    void unmark(int number, int index)
+    {
         const Label& label = labels.at(number);
-        for (const int index : label.entities)
-        {
-            Entity& entity = entities[static_cast<std::size_t>(index)];
-            std::erase(entity.listeners, number);
-            if (!entity.mark)
-                continue;
-            entity.mark->isLabel = false;
-            if (entity.mark->guid == label.guid)
-                entity.mark->guid.clear();
-            if (entity.mark->name == label.text)
-                entity.mark->name.clear();
-        }
+        Entity& entity = entities[static_cast<std::size_t>(index)];
+        std::erase(entity.listeners, number);
+        if (!entity.mark)
+            return;
+        entity.mark->isLabel = false;
+        if (entity.mark->guid == label.guid)
+            entity.mark->guid.clear();
+        if (entity.mark->name == label.text)
+            entity.mark->name.clear();
     }
 };
 

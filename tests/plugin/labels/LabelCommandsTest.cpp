@@ -2,6 +2,8 @@
 // hosts, the choice that users make.
 #include "support/PluginTest.h"
 
+#include <chrono>
+
 using namespace plugintest;
 
 namespace
@@ -369,6 +371,23 @@ TEST_F(LabelCommandsTest, ResultsOfAMacroAreThoseOfItsLastCommand)
     EXPECT_EQ(outcome.state, eCommandEnded);
     EXPECT_EQ(outcome.flags, 0x31000000u);
     EXPECT_EQ(outcome.json(), "[\"E\"]");
+}
+
+// Far below what the product promises, so that a slow machine passes; above what a walk over all labels could reach.
+TEST_F(LabelCommandsTest, QueriesByGuidDoNotDependOnTheNumberOfLabels)
+{
+    for (int i = 0; i < 20000; ++i)
+        addLabel({}, L"x", OdString().format(L"%08d-0000-4000-8000-000000000000", i));
+    const auto start = std::chrono::steady_clock::now();
+    constexpr int kQueries = 2000;
+    for (int i = 0; i < kQueries; ++i)
+    {
+        const OdString guid = OdString().format(L"%08d-0000-4000-8000-000000000000", i * 10);
+        ASSERT_FALSE(run(L"BSYSTEMLABELGETIDFROMGUID", CadCommands::SetParameterOdString(L"GUID", guid)).id().isNull());
+    }
+    const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;
+    EXPECT_LT(seconds.count(), kQueries / 1000.0);
+    RecordProperty("queries_per_second", static_cast<int>(kQueries / seconds.count()));
 }
 
 } // namespace

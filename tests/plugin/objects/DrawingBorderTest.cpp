@@ -212,47 +212,4 @@ TEST_F(DrawingBorderTest, NothingIsChangedOrReadUnlessItIsOpen)
         EXPECT_EQ(thrownBy(change).code, eNotOpenForWrite);
 }
 
-TEST_F(DrawingBorderTest, EveryChangeIsUndoneAndRedone)
-{
-    const OdDbObjectId id = addBorder(L" aaaa ");
-    open(id, OdDb::kForWrite)->SetColumnLineIds(strings({L"1"}), strings({L"A", L"B"}));
-    const auto state = [&]
-    {
-        const CDrawingBorderDataPtr border = open(id);
-        std::string text = keyOf(id) + (border->isErased() ? " erased" : "") + (border->IsDeleted() ? " deleted" : "");
-        text += (border->AreCornersValid() ? " corners " : " ") + std::to_string(border->GetCorners().second.x);
-        text += border->AreColumnLinesValid() ? " lists" : "";
-        return text + std::to_string(border->GetColumnIds().size()) + std::to_string(border->GetLineIds().size());
-    };
-    const std::function<void(CDrawingBorderData&)> changes[] = {
-        [](CDrawingBorderData& border) {
-            border.SetCorners({0, 0, 0}, {5, 6, 7});
-        },
-        [](CDrawingBorderData& border) { border.SetColumnLineIds({}, strings({L"C"})); },
-        [](CDrawingBorderData& border) { border.ForceColumnLinesInvalid(); },
-        [](CDrawingBorderData& border) { border.ForceCornersInvalid(); },
-        [](CDrawingBorderData& border) { border.setGuid(L"bbbb"); },
-        [](CDrawingBorderData& border) { border.Delete(true); },
-        [](CDrawingBorderData& border) { border.erase(); },
-    };
-    std::vector<std::string> states = {state()};
-    for (const auto& change : changes)
-    {
-        db->startUndoRecord();
-        change(*open(id, OdDb::kForWrite));
-        states.push_back(state());
-        ASSERT_NE(states.back(), states[states.size() - 2]);
-    }
-    for (std::size_t i = states.size() - 1; i > 0; --i)
-    {
-        db->undo();
-        EXPECT_EQ(state(), states[i - 1]);
-    }
-    for (std::size_t i = 1; i < states.size(); ++i)
-    {
-        db->redo();
-        EXPECT_EQ(state(), states[i]);
-    }
-}
-
 } // namespace

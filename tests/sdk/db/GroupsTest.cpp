@@ -28,18 +28,9 @@ OdDbStub theStubs[8];
 
 double strangeDouble(std::mt19937& random)
 {
-    static const double kStrange[] = {0.0,
-                                      -0.0,
-                                      1.5,
-                                      1e300,
-                                      -1e-300,
-                                      0.1,
-                                      std::numeric_limits<double>::infinity(),
-                                      -1.0,
-                                      3e38,
-                                      4.5e38,
-                                      1e-45,
-                                      std::numeric_limits<double>::denorm_min()};
+    constexpr double kLeast = std::numeric_limits<double>::denorm_min(),
+                     kNone = std::numeric_limits<double>::infinity();
+    static const double kStrange[] = {0.0, -0.0, 1.5, 1e300, -1e-300, 0.1, -1.0, 3e38, 4.5e38, 1e-45, kLeast, kNone};
     if (random() % 2)
         return kStrange[random() % std::size(kStrange)];
     return std::bit_cast<double>(std::uint64_t(random()) << 32 | random());
@@ -202,24 +193,10 @@ TEST(Groups, SplicingReplacesItemsAndLeavesTheOriginal)
 Groups sample()
 {
     GroupsBuilder builder;
-    builder.integer(70, 1)
-        .text(100, "AcDbEntity")
-        .text(8, "0")
-        .text(102, "{FOO")
-        .integer(62, 99)
-        .text(100, "AcDbLine")
-        .real(10, 99)
-        .text(102, "}")
-        .integer(62, 3)
-        .text(100, "AcDbText")
-        .integer(73, 1)
-        .text(100, "AcDbLine")
-        .point(10, 1, 2, 3)
-        .point(10, 4, 5, 6)
-        .text(100, "AcDbText")
-        .integer(73, 2)
-        .text(101, "Embedded Object")
-        .integer(73, 3);
+    builder.integer(70, 1).text(100, "AcDbEntity").text(8, "0");
+    builder.text(102, "{FOO").integer(62, 99).text(100, "AcDbLine").real(10, 99).text(102, "}").integer(62, 3);
+    builder.text(100, "AcDbText").integer(73, 1).text(100, "AcDbLine").point(10, 1, 2, 3).point(10, 4, 5, 6);
+    builder.text(100, "AcDbText").integer(73, 2).text(101, "Embedded Object").integer(73, 3);
     return builder.finish();
 }
 
