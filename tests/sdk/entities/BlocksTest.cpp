@@ -17,7 +17,7 @@
 #include "DbLayerTableRecord.h"
 #include "DbLine.h"
 #include "EntityTest.h"
-#include "gi/WorldDraw.h"
+#include "ShapeRecorder.h"
 
 namespace
 {
@@ -202,7 +202,6 @@ TEST_F(DrawingTest, ArraysReachFromTheirFirstCellToTheirLast)
     array->setRows(3);
     array->setColumnSpacing(10);
     array->setRowSpacing(-20);
-    expectBox(OdGeExtents3d(), {1e20, 1e20, 1e20, -1e20, -1e20, -1e20}, 0, "no box");
     const Box straight = boxOf(*array);
     EXPECT_NEAR(straight.x1, 31, 1e-9);
     EXPECT_NEAR(straight.y0, -40, 1e-9);
@@ -240,7 +239,6 @@ TEST_F(DrawingTest, AttributesBelongToTheirReferenceInEverything)
     EXPECT_THROW(reference->appendAttribute(attribute), OdError);
     attribute.release();
     const double width = shapedText(L"HHH").ink.maxPoint().x * 2;
-    expectBox(OdGeExtents3d(OdGePoint3d(), OdGePoint3d()), {0, 0, 0, 0, 0, 0}, 0, "");
     const Box before = boxOf(*reference);
     EXPECT_NEAR(before.x1, width, 1e-9);
     EXPECT_NEAR(before.y1, 12, 1e-9);
@@ -359,27 +357,6 @@ TEST_F(DrawingTest, ExtentsOfManyEntitiesAreQuick)
     RecordProperty("milliseconds", static_cast<int>(seconds * 1000));
 }
 
-/// Colours that are drawn for a reference whose block holds parts with the colours by block, by layer and red.
-class ColorGeometry : public gi::Geometry
-{
-public:
-    explicit ColorGeometry(gi::WorldDraw& worldDraw) : gi::Geometry(worldDraw) {}
-    void ellipArc(const OdGePoint3d&, const OdGeVector3d&, const OdGeVector3d&, double, double) override {}
-    void polyline(OdInt32, const OdGePoint3d*, const OdGeVector3d*) override
-    {
-        colors.push_back(worldDraw().effectiveTraits().color);
-    }
-    std::vector<OdCmEntityColor> colors;
-};
-
-class ColorDraw : public gi::WorldDraw
-{
-public:
-    ColorDraw() : gi::WorldDraw(kOdGiStandardDisplay), m_geometry(*this) {}
-    OdGiGeometry& geometry() const override { return m_geometry; }
-    mutable OdStaticRxObject<ColorGeometry> m_geometry;
-};
-
 TEST_F(DrawingTest, ColoursByBlockComeFromTheReferenceAtAnyDepth)
 {
     OdDbBlockTableRecordPtr inner = newBlock(L"INNER");
@@ -392,12 +369,11 @@ TEST_F(DrawingTest, ColoursByBlockComeFromTheReferenceAtAnyDepth)
     const OdDbObjectId id = addReference(*model, outer->objectId(), OdGePoint3d());
     OdDbEntityPtr reference = id.safeOpenObject(OdDb::kForWrite);
     reference->setColorIndex(5);
-    OdStaticRxObject<ColorDraw> draw;
-    draw.geometry().draw(reference);
-    ASSERT_EQ(draw.m_geometry.colors.size(), 3u);
-    EXPECT_EQ(draw.m_geometry.colors[0].colorIndex(), 5);
-    EXPECT_EQ(draw.m_geometry.colors[1].colorIndex(), 7) << "that of layer 0";
-    EXPECT_EQ(draw.m_geometry.colors[2].colorIndex(), 1);
+    const std::vector<DrawnShape> shapes = drawnBy(*reference);
+    ASSERT_EQ(shapes.size(), 3u);
+    EXPECT_EQ(shapes[0].color.colorIndex(), 5);
+    EXPECT_EQ(shapes[1].color.colorIndex(), 7) << "that of layer 0";
+    EXPECT_EQ(shapes[2].color.colorIndex(), 1);
 }
 
 TEST_F(DrawingTest, ColoursByLayerInBlocksComeFromTheLayerThatCounts)
@@ -425,12 +401,11 @@ TEST_F(DrawingTest, ColoursByLayerInBlocksComeFromTheLayerThatCounts)
     OdDbEntityPtr reference =
         addReference(*modelSpace(), block->objectId(), OdGePoint3d()).safeOpenObject(OdDb::kForWrite);
     reference->setLayer(L"REFERENCES");
-    OdStaticRxObject<ColorDraw> draw;
-    draw.geometry().draw(reference);
-    ASSERT_EQ(draw.m_geometry.colors.size(), 4u);
+    const std::vector<DrawnShape> shapes = drawnBy(*reference);
+    ASSERT_EQ(shapes.size(), 4u);
     const int expected[] = {4, 4, 4, 3};
     for (std::size_t i = 0; i < 4; ++i)
-        EXPECT_EQ(draw.m_geometry.colors[i].colorIndex(), expected[i]) << i;
+        EXPECT_EQ(shapes[i].color.colorIndex(), expected[i]) << i;
 }
 
 } // namespace

@@ -54,8 +54,7 @@ TEST_F(EntityTest, WidePolylinesFillTheirWidthAndNoMore)
         EXPECT_EQ(countOf(shapes, ShapeKind::kLine), 0u) << row.what;
     }
     // However sharp a corner is, it does not reach far beyond its vertex.
-    const Box box =
-        boxOf(*entityFrom("LWPOLYLINE", "100 AcDbPolyline|90 3|70 0|43 2|10 0|20 0|10 100|20 0|10 0|20 0.001"));
+    const Box box = boxOf(*entityFrom("LWPOLYLINE", "90 3|70 0|43 2|10 0|20 0|10 100|20 0|10 0|20 0.001"));
     EXPECT_LT(box.x1, 100 + 4 * 1.0 + 1e-9);
 }
 
@@ -63,19 +62,18 @@ TEST_F(EntityTest, FilledCornersAreOneAreaFromEverySide)
 {
     // Solids keep their third and fourth corner crosswise.
     const std::vector<DrawnShape> solid =
-        drawnBy(*entityFrom("SOLID", "100 AcDbTrace|10 0|20 0|30 0|11 10|21 0|31 0|12 0|22 5|32 0|13 10|23 5|33 0"));
+        drawnBy(*entityFrom("SOLID", "10 0|20 0|30 0|11 10|21 0|31 0|12 0|22 5|32 0|13 10|23 5|33 0"));
     EXPECT_NEAR(filledArea(solid), 50, 1e-9);
-    const std::vector<DrawnShape> face = drawnBy(
-        *entityFrom("3DFACE", "100 AcDbFace|10 0|20 0|30 0|11 10|21 0|31 0|12 10|22 5|32 0|13 0|23 5|33 0|70 2"));
+    const std::vector<DrawnShape> face =
+        drawnBy(*entityFrom("3DFACE", "10 0|20 0|30 0|11 10|21 0|31 0|12 10|22 5|32 0|13 0|23 5|33 0|70 2"));
     EXPECT_EQ(countOf(face, ShapeKind::kLine), 3u) << "one edge is hidden";
 }
 
 TEST_F(EntityTest, WipeoutsHideWithTheBackground)
 {
-    const std::vector<DrawnShape> shapes = drawnBy(*entityFrom(
-        "WIPEOUT",
-        "100 AcDbWipeout|90 0|10 0|20 0|30 0|11 10|21 0|31 0|12 0|22 10|32 0|13 1|23 1|70 7|280 1|71 2|91 4|14 "
-        "-0.5|24 -0.5|14 0.5|24 -0.5|14 0.5|24 0.5|14 -0.5|24 -0.5"));
+    const std::vector<DrawnShape> shapes =
+        drawnBy(*entityFrom("WIPEOUT", "90 0|10 0|20 0|30 0|11 10|21 0|31 0|12 0|22 10|32 0|13 1|23 1|70 7|280 1|71 "
+                                       "2|91 4|14 -0.5|24 -0.5|14 0.5|24 -0.5|14 0.5|24 0.5|14 -0.5|24 -0.5"));
     ASSERT_EQ(shapes.size(), 1u);
     EXPECT_TRUE(shapes[0].isFilled);
     EXPECT_TRUE(shapes[0].color.isNone());
@@ -84,8 +82,8 @@ TEST_F(EntityTest, WipeoutsHideWithTheBackground)
 
 TEST_F(EntityTest, PicturesThatAreNotThereShowTheirOutline)
 {
-    const std::vector<DrawnShape> shapes = drawnBy(*entityFrom(
-        "IMAGE", "100 AcDbRasterImage|90 0|10 0|20 0|30 0|11 1|21 0|31 0|12 0|22 1|32 0|13 8|23 4|70 7|280 0"));
+    const std::vector<DrawnShape> shapes =
+        drawnBy(*entityFrom("IMAGE", "90 0|10 0|20 0|30 0|11 1|21 0|31 0|12 0|22 1|32 0|13 8|23 4|70 7|280 0"));
     ASSERT_EQ(shapes.size(), 1u);
     EXPECT_FALSE(shapes[0].isFilled);
     EXPECT_NEAR(areaOf(shapes[0].points()), 32, 1e-9);
@@ -215,9 +213,8 @@ TEST_F(EntityTest, TextsFillTheirColumnsOneAfterTheOther)
         }
         EXPECT_EQ(last, row.lastOfColumns) << row.what;
     }
-    const std::vector<DrawnShape> broken =
-        drawnBy(*entityFrom("MTEXT", "100 AcDbMText|10 0|20 0|30 0|40 1|41 50|71 1|72 1|1 a\\Nb" + columns +
-                                         "2|72 2|44 10|45 5|73 0|74 0|46 0"));
+    const std::vector<DrawnShape> broken = drawnBy(*entityFrom(
+        "MTEXT", "10 0|20 0|30 0|40 1|41 50|71 1|72 1|1 a\\Nb" + columns + "2|72 2|44 10|45 5|73 0|74 0|46 0"));
     EXPECT_NEAR(broken[1].points()[0].x - broken[0].points()[0].x, 15, 1e-9) << "a break between columns";
 }
 
@@ -286,10 +283,9 @@ TEST_F(SettingsTest, BlockReferencesAreCutToTheirFilter)
     filters->setAt(L"SPATIAL", filter);
     // The outline was set while the block stood at (1000, 0): 10 to 60 of the block.
     oddb::ObjectCore::putGroups(
-        *filter,
-        groupsFrom("100 AcDbFilter|100 AcDbSpatialFilter|70 2|10 1010|20 10|10 1060|20 60|210 0|220 0|230 1|11 0|21 "
-                   "0|31 0|71 1|72 0|73 0|40 1|40 0|40 0|40 -1000|40 0|40 1|40 0|40 0|40 0|40 0|40 1|40 0|40 1|40 "
-                   "0|40 0|40 0|40 0|40 1|40 0|40 0|40 0|40 0|40 1|40 0"));
+        *filter, groupsFrom("100 AcDbFilter|100 AcDbSpatialFilter|70 2|10 1010|20 10|10 1060|20 60|210 0|220 0|230 "
+                            "1|11 0|21 0|31 0|71 1|72 0|73 0|40 1|40 0|40 0|40 -1000|40 0|40 1|40 0|40 0|40 0|40 0|40 "
+                            "1|40 0|40 1|40 0|40 0|40 0|40 0|40 1|40 0|40 0|40 0|40 0|40 1|40 0"));
     const Box cut = boxOf(*reference);
     EXPECT_NEAR(cut.x0, 1010, 1e-9);
     EXPECT_NEAR(cut.x1, 1060, 1e-9);

@@ -56,10 +56,13 @@ inline oddb::Groups groupsFrom(std::string_view text)
     return groups.finish();
 }
 
-/// A new entity of the class that files call by this name, with these groups behind the common part.
+/// A new entity of the class that files call by this name, with these groups behind the common part. The first marker
+/// may be left out.
 inline OdDbEntityPtr entityFrom(std::string_view dxfName, std::string_view text)
 {
-    const oddb::Groups groups = groupsFrom("100 AcDbEntity|8 0|" + std::string(text));
+    const oddb::DxfClass* named = text.starts_with("100 ") || text.empty() ? nullptr : oddb::findDxfClass(dxfName);
+    const std::string marker = named ? "100 " + std::string(named->subclasses[1]->marker) + "|" : std::string();
+    const oddb::Groups groups = groupsFrom("100 AcDbEntity|8 0|" + marker + std::string(text));
     const oddb::DxfClass* known = entityclasses::classFor(dxfName, groups);
     const OdString className = known ? odUtf8ToString(known->className) : OdString(L"OdDbProxyEntity");
     OdDbEntityPtr entity = OdDbEntity::cast(odrxSafeCreateObject(className));

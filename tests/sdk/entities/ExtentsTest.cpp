@@ -23,153 +23,112 @@ struct Case
 const double kRoot2 = std::sqrt(2.0);
 
 const Case kCases[] = {
-    {"line", "LINE", "100 AcDbLine|10 1|20 5|30 -2|11 4|21 2|31 3", {1, 2, -2, 4, 5, 3}},
-    {"line with thickness", "LINE", "100 AcDbLine|39 7|10 0|20 0|30 0|11 1|21 0|31 0", {0, 0, 0, 1, 0, 7}},
+    {"line", "LINE", "10 1|20 5|30 -2|11 4|21 2|31 3", {1, 2, -2, 4, 5, 3}},
+    {"line with thickness", "LINE", "39 7|10 0|20 0|30 0|11 1|21 0|31 0", {0, 0, 0, 1, 0, 7}},
     {"line with thickness along y",
      "LINE",
-     "100 AcDbLine|39 -7|10 0|20 0|30 0|11 1|21 0|31 0|210 0|220 1|230 0",
+     "39 -7|10 0|20 0|30 0|11 1|21 0|31 0|210 0|220 1|230 0",
      {0, -7, 0, 1, 0, 0}},
-    {"point", "POINT", "100 AcDbPoint|10 3|20 4|30 5", {3, 4, 5, 3, 4, 5}},
-    {"circle", "CIRCLE", "100 AcDbCircle|10 3|20 4|30 5|40 2", {1, 2, 5, 5, 6, 5}},
-    {"circle in the xz plane", "CIRCLE", "100 AcDbCircle|10 3|20 4|30 5|40 2|210 0|220 -1|230 0", {1, -5, 2, 5, -5, 6}},
-    {"circle seen from below",
-     "CIRCLE",
-     "100 AcDbCircle|10 3|20 4|30 5|40 2|210 0|220 0|230 -1",
-     {-5, 2, -5, -1, 6, -5}},
-    {"cylinder", "CIRCLE", "100 AcDbCircle|39 10|10 0|20 0|30 1|40 2", {-2, -2, 1, 2, 2, 11}},
-    {"quarter arc", "ARC", "100 AcDbCircle|10 0|20 0|30 0|40 1|100 AcDbArc|50 0|51 90", {0, 0, 0, 1, 1, 0}},
-    {"arc over the x axis",
-     "ARC",
-     "100 AcDbCircle|10 0|20 0|30 0|40 2|100 AcDbArc|50 315|51 45",
-     {kRoot2, -kRoot2, 0, 2, kRoot2, 0}},
-    {"arc that leaves out the top",
-     "ARC",
-     "100 AcDbCircle|10 0|20 0|30 0|40 2|100 AcDbArc|50 135|51 45",
-     {-2, -2, 0, 2, kRoot2, 0}},
-    {"arc of equal angles is a full turn",
-     "ARC",
-     "100 AcDbCircle|10 0|20 0|30 0|40 1|100 AcDbArc|50 30|51 30",
-     {-1, -1, 0, 1, 1, 0}},
-    {"arc with angles beyond a turn",
-     "ARC",
-     "100 AcDbCircle|10 0|20 0|30 0|40 1|100 AcDbArc|50 720|51 810",
-     {0, 0, 0, 1, 1, 0}},
+    {"point", "POINT", "10 3|20 4|30 5", {3, 4, 5, 3, 4, 5}},
+    {"circle", "CIRCLE", "10 3|20 4|30 5|40 2", {1, 2, 5, 5, 6, 5}},
+    {"circle in the xz plane", "CIRCLE", "10 3|20 4|30 5|40 2|210 0|220 -1|230 0", {1, -5, 2, 5, -5, 6}},
+    {"circle seen from below", "CIRCLE", "10 3|20 4|30 5|40 2|210 0|220 0|230 -1", {-5, 2, -5, -1, 6, -5}},
+    {"cylinder", "CIRCLE", "39 10|10 0|20 0|30 1|40 2", {-2, -2, 1, 2, 2, 11}},
+    {"quarter arc", "ARC", "10 0|20 0|30 0|40 1|100 AcDbArc|50 0|51 90", {0, 0, 0, 1, 1, 0}},
+    {"arc over the x axis", "ARC", "10 0|20 0|30 0|40 2|100 AcDbArc|50 315|51 45", {kRoot2, -kRoot2, 0, 2, kRoot2, 0}},
+    {"arc that leaves out the top", "ARC", "10 0|20 0|30 0|40 2|100 AcDbArc|50 135|51 45", {-2, -2, 0, 2, kRoot2, 0}},
+    {"arc of equal angles is a full turn", "ARC", "10 0|20 0|30 0|40 1|100 AcDbArc|50 30|51 30", {-1, -1, 0, 1, 1, 0}},
+    {"arc with angles beyond a turn", "ARC", "10 0|20 0|30 0|40 1|100 AcDbArc|50 720|51 810", {0, 0, 0, 1, 1, 0}},
     {"arc seen from below",
      "ARC",
-     "100 AcDbCircle|10 0|20 0|30 0|40 1|210 0|220 0|230 -1|100 AcDbArc|50 0|51 90",
+     "10 0|20 0|30 0|40 1|210 0|220 0|230 -1|100 AcDbArc|50 0|51 90",
      {-1, 0, 0, 0, 1, 0}},
     {"half ellipse",
      "ELLIPSE",
-     "100 AcDbEllipse|10 1|20 1|30 0|11 4|21 0|31 0|210 0|220 0|230 1|40 0.5|41 0|42 3.14159265358979",
+     "10 1|20 1|30 0|11 4|21 0|31 0|210 0|220 0|230 1|40 0.5|41 0|42 3.14159265358979",
      {-3, 1, 0, 5, 3, 0}},
     {"turned ellipse",
      "ELLIPSE",
-     "100 AcDbEllipse|10 0|20 0|30 0|11 3|21 3|31 0|210 0|220 0|230 1|40 0.5|41 0|42 6.28318530717959",
+     "10 0|20 0|30 0|11 3|21 3|31 0|210 0|220 0|230 1|40 0.5|41 0|42 6.28318530717959",
      {-std::sqrt(11.25), -std::sqrt(11.25), 0, std::sqrt(11.25), std::sqrt(11.25), 0}},
     {"solid, corners crosswise",
      "SOLID",
-     "100 AcDbTrace|10 0|20 0|30 0|11 2|21 0|31 0|12 0|22 1|32 0|13 2|23 1|33 0|39 3",
+     "10 0|20 0|30 0|11 2|21 0|31 0|12 0|22 1|32 0|13 2|23 1|33 0|39 3",
      {0, 0, 0, 2, 1, 3}},
-    {"triangle without a fourth corner",
-     "SOLID",
-     "100 AcDbTrace|10 0|20 0|30 0|11 2|21 0|31 0|12 1|22 5|32 0",
-     {0, 0, 0, 2, 5, 0}},
-    {"face",
-     "3DFACE",
-     "100 AcDbFace|10 0|20 0|30 0|11 2|21 0|31 1|12 2|22 3|32 2|13 0|23 3|33 -1",
-     {0, 0, -1, 2, 3, 2}},
+    {"triangle without a fourth corner", "SOLID", "10 0|20 0|30 0|11 2|21 0|31 0|12 1|22 5|32 0", {0, 0, 0, 2, 5, 0}},
+    {"face", "3DFACE", "10 0|20 0|30 0|11 2|21 0|31 1|12 2|22 3|32 2|13 0|23 3|33 -1", {0, 0, -1, 2, 3, 2}},
     {"leader",
      "LEADER",
-     "100 AcDbLeader|3 Standard|71 1|76 3|10 0|20 0|30 0|10 5|20 5|30 0|10 8|20 5|30 1|340 0|213 90|223 90|233 90",
+     "3 Standard|71 1|76 3|10 0|20 0|30 0|10 5|20 5|30 0|10 8|20 5|30 1|340 0|213 90|223 90|233 90",
      {0, 0, 0, 8, 5, 1}},
     {"image",
      "IMAGE",
-     "100 AcDbRasterImage|90 0|10 1|20 2|30 0|11 0.5|21 0|31 0|12 0|22 0.25|32 0|13 100|23 80|70 1|280 0",
+     "90 0|10 1|20 2|30 0|11 0.5|21 0|31 0|12 0|22 0.25|32 0|13 100|23 80|70 1|280 0",
      {1, 2, 0, 51, 22, 0}},
     {"clipped image",
      "IMAGE",
-     "100 AcDbRasterImage|90 0|10 0|20 0|30 0|11 1|21 0|31 0|12 0|22 1|32 0|13 100|23 80|70 7|280 1|71 1|91 2|14 "
-     "9.5|24 "
-     "9.5|14 19.5|24 29.5",
+     "90 0|10 0|20 0|30 0|11 1|21 0|31 0|12 0|22 1|32 0|13 100|23 80|70 7|280 1|71 1|91 2|14 9.5|24 9.5|14 19.5|24 "
+     "29.5",
      {10, 50, 0, 20, 70, 0}},
     {"wipeout",
      "WIPEOUT",
-     "100 AcDbWipeout|90 0|10 10|20 10|30 0|11 4|21 0|31 0|12 0|22 4|32 0|13 1|23 1|70 7|280 1|71 2|91 4|14 -0.5|24 "
-     "0.5|14 0.5|24 0.5|14 0|24 0|14 -0.5|24 0.5",
+     "90 0|10 10|20 10|30 0|11 4|21 0|31 0|12 0|22 4|32 0|13 1|23 1|70 7|280 1|71 2|91 4|14 -0.5|24 0.5|14 0.5|24 "
+     "0.5|14 0|24 0|14 -0.5|24 0.5",
      {10, 10, 0, 14, 12, 0}},
-    {"viewport", "VIEWPORT", "100 AcDbViewport|10 5|20 6|30 0|40 4|41 2|68 2|69 2", {3, 5, 0, 7, 7, 0}},
-    {"lwpolyline", "LWPOLYLINE", "100 AcDbPolyline|90 3|70 0|38 4|10 0|20 0|10 3|20 1|10 1|20 5", {0, 0, 4, 3, 5, 4}},
-    {"half circle by a bulge of 1",
-     "LWPOLYLINE",
-     "100 AcDbPolyline|90 2|70 0|10 0|20 0|42 1|10 2|20 0",
-     {0, -1, 0, 2, 0, 0}},
-    {"half circle by a bulge of -1",
-     "LWPOLYLINE",
-     "100 AcDbPolyline|90 2|70 0|10 0|20 0|42 -1|10 2|20 0",
-     {0, 0, 0, 2, 1, 0}},
-    {"circle of two bulges",
-     "LWPOLYLINE",
-     "100 AcDbPolyline|90 2|70 1|10 0|20 0|42 1|10 2|20 0|42 1",
-     {0, -1, 0, 2, 1, 0}},
+    {"viewport", "VIEWPORT", "10 5|20 6|30 0|40 4|41 2|68 2|69 2", {3, 5, 0, 7, 7, 0}},
+    {"lwpolyline", "LWPOLYLINE", "90 3|70 0|38 4|10 0|20 0|10 3|20 1|10 1|20 5", {0, 0, 4, 3, 5, 4}},
+    {"half circle by a bulge of 1", "LWPOLYLINE", "90 2|70 0|10 0|20 0|42 1|10 2|20 0", {0, -1, 0, 2, 0, 0}},
+    {"half circle by a bulge of -1", "LWPOLYLINE", "90 2|70 0|10 0|20 0|42 -1|10 2|20 0", {0, 0, 0, 2, 1, 0}},
+    {"circle of two bulges", "LWPOLYLINE", "90 2|70 1|10 0|20 0|42 1|10 2|20 0|42 1", {0, -1, 0, 2, 1, 0}},
     // Three quarters of a circle: the bulge is tan(270/4 degrees).
     {"bulge above 1",
      "LWPOLYLINE",
-     "100 AcDbPolyline|90 2|70 0|10 -1|20 0|42 2.41421356237309|10 1|20 0",
+     "90 2|70 0|10 -1|20 0|42 2.41421356237309|10 1|20 0",
      {-kRoot2, -1 - kRoot2, 0, kRoot2, 0, 0}},
-    {"wide segment", "LWPOLYLINE", "100 AcDbPolyline|90 2|70 0|43 2|10 0|20 0|10 10|20 0", {0, -1, 0, 10, 1, 0}},
-    {"widening segment",
-     "LWPOLYLINE",
-     "100 AcDbPolyline|90 2|70 0|10 0|20 0|40 2|41 6|10 10|20 0",
-     {0, -3, 0, 10, 3, 0}},
-    {"wide arc", "LWPOLYLINE", "100 AcDbPolyline|90 2|70 0|43 1|10 0|20 0|42 1|10 4|20 0", {-0.5, -2.5, 0, 4.5, 0, 0}},
-    {"bulge between equal points",
-     "LWPOLYLINE",
-     "100 AcDbPolyline|90 2|70 0|10 1|20 1|42 1|10 1|20 1",
-     {1, 1, 0, 1, 1, 0}},
+    {"wide segment", "LWPOLYLINE", "90 2|70 0|43 2|10 0|20 0|10 10|20 0", {0, -1, 0, 10, 1, 0}},
+    {"widening segment", "LWPOLYLINE", "90 2|70 0|10 0|20 0|40 2|41 6|10 10|20 0", {0, -3, 0, 10, 3, 0}},
+    {"wide arc", "LWPOLYLINE", "90 2|70 0|43 1|10 0|20 0|42 1|10 4|20 0", {-0.5, -2.5, 0, 4.5, 0, 0}},
+    {"bulge between equal points", "LWPOLYLINE", "90 2|70 0|10 1|20 1|42 1|10 1|20 1", {1, 1, 0, 1, 1, 0}},
     {"flat spline, degree 1",
      "SPLINE",
-     "100 AcDbSpline|70 8|71 1|72 5|73 3|74 0|40 0|40 0|40 1|40 2|40 2|10 0|20 0|30 0|10 2|20 5|30 0|10 4|20 0|30 1",
+     "70 8|71 1|72 5|73 3|74 0|40 0|40 0|40 1|40 2|40 2|10 0|20 0|30 0|10 2|20 5|30 0|10 4|20 0|30 1",
      {0, 0, 0, 4, 5, 1}},
     {"parabola",
      "SPLINE",
-     "100 AcDbSpline|70 8|71 2|72 6|73 3|74 0|40 0|40 0|40 0|40 1|40 1|40 1|10 0|20 0|30 0|10 1|20 2|30 0|10 2|20 0|30 "
-     "0",
+     "70 8|71 2|72 6|73 3|74 0|40 0|40 0|40 0|40 1|40 1|40 1|10 0|20 0|30 0|10 1|20 2|30 0|10 2|20 0|30 0",
      {0, 0, 0, 2, 1, 0}},
     {"quarter circle as a rational spline",
      "SPLINE",
-     "100 AcDbSpline|70 12|71 2|72 6|73 3|74 0|40 0|40 0|40 0|40 1|40 1|40 1|41 1|41 0.70710678118654757|41 1|10 1|20 "
-     "0|30 0|10 1|20 1|30 0|10 0|20 1|30 0",
+     "70 12|71 2|72 6|73 3|74 0|40 0|40 0|40 0|40 1|40 1|40 1|41 1|41 0.70710678118654757|41 1|10 1|20 0|30 0|10 1|20 "
+     "1|30 0|10 0|20 1|30 0",
      {0, 0, 0, 1, 1, 0}},
     {"spline of fit points alone",
      "SPLINE",
-     "100 AcDbSpline|70 8|71 3|72 0|73 0|74 2|11 1|21 2|31 3|11 4|21 0|31 0",
+     "70 8|71 3|72 0|73 0|74 2|11 1|21 2|31 3|11 4|21 0|31 0",
      {1, 0, 0, 4, 2, 3}},
     {"spline with too few knots falls back to its control points",
      "SPLINE",
-     "100 AcDbSpline|70 8|71 3|72 2|73 2|74 0|40 0|40 1|10 0|20 0|30 0|10 3|20 4|30 0",
+     "70 8|71 3|72 2|73 2|74 0|40 0|40 1|10 0|20 0|30 0|10 3|20 4|30 0",
      {0, 0, 0, 3, 4, 0}},
     {"hatch with a polyline",
      "HATCH",
-     "100 AcDbHatch|10 0|20 0|30 2|210 0|220 0|230 1|2 SOLID|70 1|71 0|91 1|92 3|72 1|73 1|93 2|10 0|20 0|42 1|10 2|20 "
-     "0|42 1|97 0|75 0|76 1|98 1|10 99|20 99",
+     "10 0|20 0|30 2|210 0|220 0|230 1|2 SOLID|70 1|71 0|91 1|92 3|72 1|73 1|93 2|10 0|20 0|42 1|10 2|20 0|42 1|97 "
+     "0|75 0|76 1|98 1|10 99|20 99",
      {0, -1, 2, 2, 1, 2}},
     {"hatch with edges",
      "HATCH",
-     "100 AcDbHatch|10 0|20 0|30 0|210 0|220 0|230 1|2 ANSI31|70 0|71 0|91 1|92 1|93 2|72 1|10 0|20 0|11 4|21 0|72 "
-     "2|10 "
-     "2|20 0|40 2|50 0|51 180|73 1|97 0|75 0|76 1|52 0|41 1|77 0|78 1|53 45|43 77|44 77|45 -2|46 2|79 0|98 0",
+     "10 0|20 0|30 0|210 0|220 0|230 1|2 ANSI31|70 0|71 0|91 1|92 1|93 2|72 1|10 0|20 0|11 4|21 0|72 2|10 2|20 0|40 "
+     "2|50 0|51 180|73 1|97 0|75 0|76 1|52 0|41 1|77 0|78 1|53 45|43 77|44 77|45 -2|46 2|79 0|98 0",
      {0, 0, 0, 4, 2, 0}},
     {"hatch with a clockwise arc",
      "HATCH",
-     "100 AcDbHatch|10 0|20 0|30 0|210 0|220 0|230 1|2 SOLID|70 1|71 0|91 1|92 1|93 1|72 2|10 0|20 0|40 1|50 0|51 "
-     "90|73 "
-     "0|97 0|75 0|76 1|98 0",
+     "10 0|20 0|30 0|210 0|220 0|230 1|2 SOLID|70 1|71 0|91 1|92 1|93 1|72 2|10 0|20 0|40 1|50 0|51 90|73 0|97 0|75 "
+     "0|76 1|98 0",
      {0, -1, 0, 1, 0, 0}},
     {"hatch with an elliptical edge",
      "HATCH",
-     "100 AcDbHatch|10 0|20 0|30 0|210 0|220 0|230 1|2 SOLID|70 1|71 0|91 1|92 1|93 1|72 3|10 0|20 0|11 2|21 0|40 "
-     "0.5|50 "
-     "0|51 360|73 1|97 0|75 0|76 1|98 0",
+     "10 0|20 0|30 0|210 0|220 0|230 1|2 SOLID|70 1|71 0|91 1|92 1|93 1|72 3|10 0|20 0|11 2|21 0|40 0.5|50 0|51 360|73 "
+     "1|97 0|75 0|76 1|98 0",
      {-2, -1, 0, 2, 1, 0}},
 };
 
@@ -307,15 +266,15 @@ TEST_F(EntityTest, TextsReachFromTheirAlignmentPointByTheirSize)
     for (const auto& row : rows)
     {
         OdGeExtents3d extents;
-        ASSERT_EQ(entityFrom("TEXT", "100 AcDbText|" + row.groups)->getGeomExtents(extents), eOk) << row.what;
+        ASSERT_EQ(entityFrom("TEXT", "" + row.groups)->getGeomExtents(extents), eOk) << row.what;
         expectBox(extents, row.box, row.tolerance, row.what);
     }
 }
 
 TEST_F(EntityTest, UnderlinedAndOverlinedTextsReachToTheirLines)
 {
-    const Box plain = boxOf(*entityFrom("TEXT", "100 AcDbText|10 0|20 0|30 0|40 2|1 HHH"));
-    const Box lined = boxOf(*entityFrom("TEXT", "100 AcDbText|10 0|20 0|30 0|40 2|1 %%oHH%%uH%%o%%u"));
+    const Box plain = boxOf(*entityFrom("TEXT", "10 0|20 0|30 0|40 2|1 HHH"));
+    const Box lined = boxOf(*entityFrom("TEXT", "10 0|20 0|30 0|40 2|1 %%oHH%%uH%%o%%u"));
     EXPECT_LT(lined.y0, plain.y0 - 0.2);
     EXPECT_GT(lined.y1, plain.y1 + 0.2);
     EXPECT_NEAR(lined.x1, shapedText(L"HHH").width * 2, 1e-9);
@@ -325,8 +284,8 @@ TEST_F(EntityTest, UnderlinedAndOverlinedTextsReachToTheirLines)
 TEST_F(EntityTest, TurnedTextsReachAsFarAsTheirOutlines)
 {
     // A letter o is as wide and as high in whatever direction it is seen, but for the little it is no circle.
-    const Box upright = boxOf(*entityFrom("TEXT", "100 AcDbText|10 0|20 0|30 0|40 2|1 O|7 STANDARD"));
-    const Box turned = boxOf(*entityFrom("TEXT", "100 AcDbText|10 0|20 0|30 0|40 2|1 O|50 45"));
+    const Box upright = boxOf(*entityFrom("TEXT", "10 0|20 0|30 0|40 2|1 O|7 STANDARD"));
+    const Box turned = boxOf(*entityFrom("TEXT", "10 0|20 0|30 0|40 2|1 O|50 45"));
     const double diagonal = std::hypot(upright.x1 - upright.x0, upright.y1 - upright.y0);
     EXPECT_LT(turned.x1 - turned.x0, 0.95 * diagonal);
     EXPECT_GT(turned.x1 - turned.x0, std::min(upright.x1 - upright.x0, upright.y1 - upright.y0));
@@ -340,17 +299,17 @@ TEST_F(EntityTest, WhatDrawsNothingHasNoExtentsAndLeavesTheBoxAlone)
         const char* dxfName;
         const char* groups;
     } rows[] = {
-        {"empty text", "TEXT", "100 AcDbText|10 1|20 1|30 0|40 2|1 "},
-        {"endless line", "XLINE", "100 AcDbXline|10 1|20 1|30 0|11 1|21 0|31 0"},
-        {"ray", "RAY", "100 AcDbRay|10 1|20 1|30 0|11 1|21 0|31 0"},
-        {"polyline without vertices", "LWPOLYLINE", "100 AcDbPolyline|90 0|70 0"},
-        {"spline without points", "SPLINE", "100 AcDbSpline|70 8|71 3|72 0|73 0|74 0"},
-        {"hatch without loops", "HATCH", "100 AcDbHatch|10 0|20 0|30 0|2 SOLID|70 1|71 0|91 0|75 0|76 1|98 0"},
-        {"line that is not a number", "LINE", "100 AcDbLine|10 nan|20 0|30 0|11 nan|21 0|31 0"},
-        {"circle of infinite radius", "CIRCLE", "100 AcDbCircle|10 0|20 0|30 0|40 inf"},
-        {"arc whose angle is not a number", "ARC", "100 AcDbCircle|10 0|20 0|30 0|40 1|100 AcDbArc|50 nan|51 1"},
-        {"bulge that is not a number", "LWPOLYLINE", "100 AcDbPolyline|90 2|70 0|10 0|20 0|42 nan|10 1|20 0"},
-        {"sheet viewport", "VIEWPORT", "100 AcDbViewport|10 5|20 6|30 0|40 4|41 2|68 1|69 1"},
+        {"empty text", "TEXT", "10 1|20 1|30 0|40 2|1 "},
+        {"endless line", "XLINE", "10 1|20 1|30 0|11 1|21 0|31 0"},
+        {"ray", "RAY", "10 1|20 1|30 0|11 1|21 0|31 0"},
+        {"polyline without vertices", "LWPOLYLINE", "90 0|70 0"},
+        {"spline without points", "SPLINE", "70 8|71 3|72 0|73 0|74 0"},
+        {"hatch without loops", "HATCH", "10 0|20 0|30 0|2 SOLID|70 1|71 0|91 0|75 0|76 1|98 0"},
+        {"line that is not a number", "LINE", "10 nan|20 0|30 0|11 nan|21 0|31 0"},
+        {"circle of infinite radius", "CIRCLE", "10 0|20 0|30 0|40 inf"},
+        {"arc whose angle is not a number", "ARC", "10 0|20 0|30 0|40 1|100 AcDbArc|50 nan|51 1"},
+        {"bulge that is not a number", "LWPOLYLINE", "90 2|70 0|10 0|20 0|42 nan|10 1|20 0"},
+        {"sheet viewport", "VIEWPORT", "10 5|20 6|30 0|40 4|41 2|68 1|69 1"},
         {"reference to no block", "INSERT", "100 AcDbBlockReference|2 NOWHERE|10 0|20 0|30 0"},
         {"dimension without block", "DIMENSION", "100 AcDbDimension|10 0|20 0|30 0|70 0"},
         {"unknown entity", "WHATEVER", "100 AcDbWhatever|10 1|20 2|30 3"},

@@ -114,17 +114,14 @@ struct FilingCase
 };
 
 constexpr FilingCase kCases[] = {
-    {"LINE", "100 AcDbLine|10 1|20 2|30 3|11 4|21 5|31 6"},
-    {"LWPOLYLINE", "100 AcDbPolyline|90 2|70 0|10 1|20 2|42 0.5|10 3|20 4"},
-    {"HATCH",
-     "100 AcDbHatch|10 0|20 0|30 5|210 0|220 0|230 1|2 SOLID|70 1|71 0|91 1|92 2|72 0|73 1|93 2|10 1|20 2|10 3|20 "
-     "4|97 0|75 0|76 1|98 1|10 7|20 8"},
+    {"LINE", "10 1|20 2|30 3|11 4|21 5|31 6"},
+    {"LWPOLYLINE", "90 2|70 0|10 1|20 2|42 0.5|10 3|20 4"},
+    {"HATCH", "10 0|20 0|30 5|210 0|220 0|230 1|2 SOLID|70 1|71 0|91 1|92 2|72 0|73 1|93 2|10 1|20 2|10 3|20 4|97 0|75 "
+              "0|76 1|98 1|10 7|20 8"},
     {"IMAGE",
-     "100 AcDbRasterImage|90 0|10 1|20 2|30 3|11 1|21 0|31 0|12 0|22 1|32 0|13 640|23 480|71 1|91 2|14 -0.5|24 -0.5|"
-     "14 639.5|24 479.5"},
-    {"VIEWPORT",
-     "100 AcDbViewport|10 1|20 2|30 3|40 10|41 20|68 1|69 2|12 1|22 2|13 0|23 0|16 0|26 0|36 1|17 0|27 0|37 0"},
-    {"MTEXT", "100 AcDbMText|10 1|20 2|30 3|40 2.5|41 0|71 1|72 5|1 text|7 Standard"},
+     "90 0|10 1|20 2|30 3|11 1|21 0|31 0|12 0|22 1|32 0|13 640|23 480|71 1|91 2|14 -0.5|24 -0.5|14 639.5|24 479.5"},
+    {"VIEWPORT", "10 1|20 2|30 3|40 10|41 20|68 1|69 2|12 1|22 2|13 0|23 0|16 0|26 0|36 1|17 0|27 0|37 0"},
+    {"MTEXT", "10 1|20 2|30 3|40 2.5|41 0|71 1|72 5|1 text|7 Standard"},
 };
 
 TEST_F(EntityTest, AForeignFilerCarriesPointsOfTwoAndThreeCoordinates)
@@ -141,7 +138,7 @@ TEST_F(EntityTest, AForeignFilerCarriesAllThatBelongsToAnObject)
     const OdDbDatabasePtr database = OdDbDatabase::createObject();
     database->initialize();
     database->newRegApp(L"TESTED");
-    const OdDbEntityPtr line = entityFrom("LINE", "100 AcDbLine|10 1|20 2|30 3|11 4|21 5|31 6");
+    const OdDbEntityPtr line = entityFrom("LINE", "10 1|20 2|30 3|11 4|21 5|31 6");
     ObjectCore::putGroups(
         *line, groupsFrom("102 {ANY|40 1.5|102 }|100 AcDbEntity|8 0|100 AcDbLine|10 1|20 2|30 3|11 4|21 5|31 6"));
     database->addOdDbObject(line, database->getModelSpaceId());

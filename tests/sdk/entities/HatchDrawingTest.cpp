@@ -31,7 +31,7 @@ std::vector<OdGePoint2d> square(double low, double high)
 OdDbEntityPtr hatch(const std::string& loops, int loopCount, int style, const std::string& pattern = {})
 {
     const bool isSolid = pattern.empty();
-    return entityFrom("HATCH", "100 AcDbHatch|10 0|20 0|30 0|210 0|220 0|230 1|2 " +
+    return entityFrom("HATCH", "10 0|20 0|30 0|210 0|220 0|230 1|2 " +
                                    std::string(isSolid ? "SOLID|70 1" : "LINES|70 0") + "|71 0|91 " +
                                    std::to_string(loopCount) + "|" + loops + "75 " + std::to_string(style) + "|76 1|" +
                                    (isSolid ? "" : "52 0|41 1|77 0|" + pattern + "|") + "98 0");
@@ -91,8 +91,7 @@ TEST_F(EntityTest, EllipticalEdgesOfHatchesBeginAtTheirAngles)
     const double r = 10 * 5 / std::hypot(10, 5) * std::sqrt(2.0); // from the centre along the diagonal
     const double at = r / std::sqrt(2.0);
     const std::string edge =
-        "92 1|93 3|72 3|10 0|20 0|11 10|21 0|40 0.5|50 45|51 90|73 1|72 1|10 0|20 5|11 0|21 0|72 1|"
-        "10 0|20 0|11 " +
+        "92 1|93 3|72 3|10 0|20 0|11 10|21 0|40 0.5|50 45|51 90|73 1|72 1|10 0|20 5|11 0|21 0|72 1|10 0|20 0|11 " +
         std::to_string(at) + "|21 " + std::to_string(at) + "|97 0|";
     const std::vector<DrawnShape> shapes = drawnBy(*hatch(edge, 1, 0), 0.001);
     ASSERT_EQ(shapes.size(), 1u);

@@ -90,46 +90,43 @@ struct Kind
 #define TILTED "|210 0.66666666666666663|220 0.33333333333333331|230 -0.66666666666666663"
 
 const Kind kKinds[] = {
-    {"line", "LINE", "100 AcDbLine|10 1|20 5|30 -2|11 4|21 2|31 3", true},
-    {"point", "POINT", "100 AcDbPoint|10 1|20 5|30 -2"},
-    {"circle", "CIRCLE", "100 AcDbCircle|10 3|20 4|30 5|40 2"},
-    {"tilted circle", "CIRCLE", "100 AcDbCircle|10 3|20 4|30 5|40 2" TILTED},
-    {"thick circle", "CIRCLE", "100 AcDbCircle|39 3|10 3|20 4|30 5|40 2"},
-    {"arc", "ARC", "100 AcDbCircle|10 3|20 4|30 5|40 2|100 AcDbArc|50 20|51 250"},
-    {"tilted arc", "ARC", "100 AcDbCircle|10 3|20 4|30 5|40 2" TILTED "|100 AcDbArc|50 20|51 250"},
-    {"ellipse", "ELLIPSE", "100 AcDbEllipse|10 1|20 1|30 0|11 4|21 1|31 0|210 0|220 0|230 1|40 0.5|41 1|42 3"},
+    {"line", "LINE", "10 1|20 5|30 -2|11 4|21 2|31 3", true},
+    {"point", "POINT", "10 1|20 5|30 -2"},
+    {"circle", "CIRCLE", "10 3|20 4|30 5|40 2"},
+    {"tilted circle", "CIRCLE", "10 3|20 4|30 5|40 2" TILTED},
+    {"thick circle", "CIRCLE", "39 3|10 3|20 4|30 5|40 2"},
+    {"arc", "ARC", "10 3|20 4|30 5|40 2|100 AcDbArc|50 20|51 250"},
+    {"tilted arc", "ARC", "10 3|20 4|30 5|40 2" TILTED "|100 AcDbArc|50 20|51 250"},
+    {"ellipse", "ELLIPSE", "10 1|20 1|30 0|11 4|21 1|31 0|210 0|220 0|230 1|40 0.5|41 1|42 3"},
     {"spline", "SPLINE",
-     "100 AcDbSpline|70 8|71 2|72 6|73 3|74 0|12 1|22 0|32 0|40 0|40 0|40 0|40 1|40 1|40 1|10 0|20 0|30 0|10 1|20 2|30 "
-     "0|10 2|20 0|30 4",
+     "70 8|71 2|72 6|73 3|74 0|12 1|22 0|32 0|40 0|40 0|40 0|40 1|40 1|40 1|10 0|20 0|30 0|10 1|20 2|30 0|10 2|20 0|30 "
+     "4",
      true},
-    {"construction line", "XLINE", "100 AcDbXline|10 1|20 1|30 0|11 1|21 0|31 0"},
-    {"ray", "RAY", "100 AcDbRay|10 1|20 1|30 0|11 0|21 1|31 0"},
-    {"polyline", "LWPOLYLINE", "100 AcDbPolyline|90 3|70 1|38 2|10 0|20 0|42 0.5|10 3|20 1|10 1|20 5|42 -2"},
-    {"tilted polyline", "LWPOLYLINE", "100 AcDbPolyline|90 3|70 1|38 2|10 0|20 0|42 0.5|10 3|20 1|10 1|20 5" TILTED},
-    {"wide polyline", "LWPOLYLINE", "100 AcDbPolyline|90 2|70 0|43 0.5|10 0|20 0|10 3|20 1"},
-    {"leader without arrow", "LEADER",
-     "100 AcDbLeader|3 Standard|71 0|76 2|10 0|20 0|30 0|10 5|20 5|30 1|211 1|221 0|231 0"},
-    {"text", "TEXT", "100 AcDbText|10 3|20 4|30 1|40 2|1 Hg|50 30|51 10"},
-    {"centred tilted text", "TEXT", "100 AcDbText|10 0|20 0|30 0|40 2|1 Hg|72 1|11 10|21 20|31 2" TILTED},
-    {"fitted text", "TEXT", "100 AcDbText|10 3|20 4|30 1|40 2|1 Hg|72 5|11 10|21 20|31 1"},
-    {"multi-line text", "MTEXT", "100 AcDbMText|10 10|20 20|30 3|40 2|41 30|71 5|72 1|1 one\\Ptwo g|11 1|21 1|31 0"},
-    {"multi-line text by rotation", "MTEXT", "100 AcDbMText|10 10|20 20|30 3|40 2|41 30|71 5|72 1|1 one|50 30"},
-    {"solid", "SOLID", "100 AcDbTrace|10 0|20 0|30 1|11 2|21 0|31 1|12 0|22 1|32 1|13 2|23 1|33 1|39 3"},
-    {"tilted trace", "TRACE", "100 AcDbTrace|10 0|20 0|30 1|11 2|21 0|31 1|12 0|22 1|32 1|13 2|23 1|33 1" TILTED},
-    {"face", "3DFACE", "100 AcDbFace|10 0|20 0|30 0|11 2|21 0|31 1|12 2|22 3|32 2|13 0|23 3|33 -1", true},
-    {"image", "IMAGE",
-     "100 AcDbRasterImage|90 0|10 1|20 2|30 0|11 0.5|21 0|31 0|12 0|22 0.25|32 0|13 100|23 80|70 1|280 0", true},
+    {"construction line", "XLINE", "10 1|20 1|30 0|11 1|21 0|31 0"},
+    {"ray", "RAY", "10 1|20 1|30 0|11 0|21 1|31 0"},
+    {"polyline", "LWPOLYLINE", "90 3|70 1|38 2|10 0|20 0|42 0.5|10 3|20 1|10 1|20 5|42 -2"},
+    {"tilted polyline", "LWPOLYLINE", "90 3|70 1|38 2|10 0|20 0|42 0.5|10 3|20 1|10 1|20 5" TILTED},
+    {"wide polyline", "LWPOLYLINE", "90 2|70 0|43 0.5|10 0|20 0|10 3|20 1"},
+    {"leader without arrow", "LEADER", "3 Standard|71 0|76 2|10 0|20 0|30 0|10 5|20 5|30 1|211 1|221 0|231 0"},
+    {"text", "TEXT", "10 3|20 4|30 1|40 2|1 Hg|50 30|51 10"},
+    {"centred tilted text", "TEXT", "10 0|20 0|30 0|40 2|1 Hg|72 1|11 10|21 20|31 2" TILTED},
+    {"fitted text", "TEXT", "10 3|20 4|30 1|40 2|1 Hg|72 5|11 10|21 20|31 1"},
+    {"multi-line text", "MTEXT", "10 10|20 20|30 3|40 2|41 30|71 5|72 1|1 one\\Ptwo g|11 1|21 1|31 0"},
+    {"multi-line text by rotation", "MTEXT", "10 10|20 20|30 3|40 2|41 30|71 5|72 1|1 one|50 30"},
+    {"solid", "SOLID", "10 0|20 0|30 1|11 2|21 0|31 1|12 0|22 1|32 1|13 2|23 1|33 1|39 3"},
+    {"tilted trace", "TRACE", "10 0|20 0|30 1|11 2|21 0|31 1|12 0|22 1|32 1|13 2|23 1|33 1" TILTED},
+    {"face", "3DFACE", "10 0|20 0|30 0|11 2|21 0|31 1|12 2|22 3|32 2|13 0|23 3|33 -1", true},
+    {"image", "IMAGE", "90 0|10 1|20 2|30 0|11 0.5|21 0|31 0|12 0|22 0.25|32 0|13 100|23 80|70 1|280 0", true},
     {"hatch of a polyline", "HATCH",
-     "100 AcDbHatch|10 0|20 0|30 2|210 0|220 0|230 1|2 SOLID|70 1|71 0|91 1|92 3|72 1|73 1|93 2|10 0|20 0|42 1|10 2|20 "
-     "1|42 0.5|97 0|75 0|76 1|98 1|10 1|20 1"},
+     "10 0|20 0|30 2|210 0|220 0|230 1|2 SOLID|70 1|71 0|91 1|92 3|72 1|73 1|93 2|10 0|20 0|42 1|10 2|20 1|42 0.5|97 "
+     "0|75 0|76 1|98 1|10 1|20 1"},
     {"tilted hatch of edges", "HATCH",
-     "100 AcDbHatch|10 0|20 0|30 3" TILTED "|2 ANSI31|70 0|71 0|91 1|92 1|93 4|72 1|10 0|20 0|11 4|21 0|72 2|10 2|20 "
-     "0|40 2|50 10|51 170|73 1|72 2|10 2|20 0|40 1|50 10|51 80|73 0|72 3|10 1|20 1|11 3|21 1|40 0.5|50 10|51 200|73 "
-     "0|97 "
-     "0|75 0|76 1|52 0|41 1|77 0|78 1|53 45|43 7|44 7|45 -2|46 2|79 0|98 0"},
+     "10 0|20 0|30 3" TILTED "|2 ANSI31|70 0|71 0|91 1|92 1|93 4|72 1|10 0|20 0|11 4|21 0|72 2|10 2|20 0|40 2|50 10|51 "
+                             "170|73 1|72 2|10 2|20 0|40 1|50 10|51 80|73 0|72 3|10 1|20 1|11 3|21 1|40 0.5|50 10|51 "
+                             "200|73 0|97 0|75 0|76 1|52 0|41 1|77 0|78 1|53 45|43 7|44 7|45 -2|46 2|79 0|98 0"},
     {"hatch of a spline", "HATCH",
-     "100 AcDbHatch|10 0|20 0|30 0|2 SOLID|70 1|71 0|91 1|92 1|93 1|72 4|94 2|73 0|74 0|95 6|96 3|40 0|40 0|40 0|40 "
-     "1|40 1|40 1|10 0|20 0|10 1|20 2|10 2|20 0|97 2|11 0|21 0|11 2|21 0|12 1|22 1|13 1|23 -1|97 0|75 0|76 1|98 0"},
+     "10 0|20 0|30 0|2 SOLID|70 1|71 0|91 1|92 1|93 1|72 4|94 2|73 0|74 0|95 6|96 3|40 0|40 0|40 0|40 1|40 1|40 1|10 "
+     "0|20 0|10 1|20 2|10 2|20 0|97 2|11 0|21 0|11 2|21 0|12 1|22 1|13 1|23 -1|97 0|75 0|76 1|98 0"},
 };
 
 struct Map
@@ -265,8 +262,8 @@ TEST_F(EntityTest, UnknownKindsMoveByTheirListedGroups)
 TEST_F(EntityTest, DimensionsMoveWithTheirBlockButDoNotTurn)
 {
     OdDbEntityPtr entity =
-        entityFrom("DIMENSION", "100 AcDbDimension|2 *D1|10 1|20 2|30 0|11 5|21 5|31 0|70 33|42 "
-                                "7.5|3 Standard|100 AcDbAlignedDimension|13 0|23 0|33 0|14 9|24 0|34 0");
+        entityFrom("DIMENSION", "100 AcDbDimension|2 *D1|10 1|20 2|30 0|11 5|21 5|31 0|70 33|42 7.5|3 Standard|100 "
+                                "AcDbAlignedDimension|13 0|23 0|33 0|14 9|24 0|34 0");
     OdDbAlignedDimensionPtr dimension = OdDbAlignedDimension::cast(entity);
     ASSERT_FALSE(dimension.isNull());
     EXPECT_TRUE(dimension->isSingleDimBlockReference());
