@@ -170,4 +170,21 @@ private:
     int m_code = 0;
 };
 
+/// How a program ended and what it said.
+struct Transcript
+{
+    int code;
+    std::string output;
+    std::string errors;
+};
+
+inline Transcript transcriptOf(const std::vector<std::string>& command, const std::string& input = {},
+                               const std::string& folder = {})
+{
+    ChildProcess program(command, folder);
+    program.write(input);
+    const int code = program.finish();
+    return {code, program.output(), program.errors()};
+}
+
 } // namespace support

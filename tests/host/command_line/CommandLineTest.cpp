@@ -13,19 +13,10 @@
 namespace
 {
 
-struct Outcome
-{
-    int code;
-    std::string output;
-    std::string errors;
-};
-
-Outcome run(std::vector<std::string> arguments, const std::string& folder = {})
+support::Transcript run(std::vector<std::string> arguments, const std::string& folder = {})
 {
     arguments.insert(arguments.begin(), ZOLCAD_PROGRAM);
-    support::ChildProcess program(arguments, folder);
-    const int code = program.finish();
-    return {code, program.output(), program.errors()};
+    return support::transcriptOf(arguments, {}, folder);
 }
 
 bool contains(const std::string& text, const std::string& part)
@@ -84,7 +75,7 @@ TEST_F(CommandLine, EndsWithTheCodeOfWhatHappened)
     };
     for (const auto& each : cases)
     {
-        const Outcome outcome = run(each.arguments);
+        const support::Transcript outcome = run(each.arguments);
         std::string what;
         for (const std::string& argument : each.arguments)
             what += argument + ' ';
@@ -108,7 +99,7 @@ TEST_F(CommandLine, EndsASessionThatNobodyHears)
 
 TEST_F(CommandLine, ListsEveryCommandWithHelp)
 {
-    const Outcome outcome = run({"commands"});
+    const support::Transcript outcome = run({"commands"});
     for (const char* part : {"Quend.Zol.Cad.BSystemLabel", "BSYSTEMLABELCREATE ", "0x30000000", "Quend.Zol.Cad.Host",
                              "SAVE", "TEXTPARSERSORT", "SELECTIONSELECTALLVISIBLEENTITIES", "TRANSACTIONABORT"})
         EXPECT_TRUE(contains(outcome.output, part)) << part;
@@ -121,11 +112,11 @@ TEST_F(CommandLine, ListsEveryCommandWithHelp)
 
 TEST_F(CommandLine, DescribesADrawing)
 {
-    const Outcome fresh = run({"info", path("new.dxf")});
+    const support::Transcript fresh = run({"info", path("new.dxf")});
     for (const char* part : {"R2013 (AC1027)", "Entities", "LINE", "Layers", "Labels: 0"})
         EXPECT_TRUE(contains(fresh.output, part)) << part << '\n' << fresh.output;
     EXPECT_FALSE(contains(fresh.output, "will be saved as"));
-    const Outcome old = run({"info", path("old.dxf")});
+    const support::Transcript old = run({"info", path("old.dxf")});
     EXPECT_TRUE(contains(old.output, "R12 (AC1009)")) << old.output;
     EXPECT_TRUE(contains(old.output, "will be saved as R2018")) << old.output;
 }
@@ -143,12 +134,12 @@ TEST_F(CommandLine, KeepsLabelsWithoutThePlugin)
     const std::size_t handle = texts.find('"', texts.find("objectIds") + 10);
     ASSERT_NE(handle, std::string::npos) << texts;
     const std::string first = texts.substr(handle + 1, texts.find('"', handle + 1) - handle - 1);
-    const Outcome made = run({"run", path("new.dxf"), "BSYSTEMLABELCREATE", "OBJECTID={\"objectId\":\"" + first + "\"}",
-                              "--save", path("labelled.dxf")});
+    const support::Transcript made = run({"run", path("new.dxf"), "BSYSTEMLABELCREATE",
+                                          "OBJECTID={\"objectId\":\"" + first + "\"}", "--save", path("labelled.dxf")});
     ASSERT_EQ(made.code, 0) << made.output << made.errors;
     EXPECT_TRUE(contains(run({"info", path("labelled.dxf")}).output, "Labels: 1"));
 
-    const Outcome without = run({"info", "--without-plugin", path("labelled.dxf")});
+    const support::Transcript without = run({"info", "--without-plugin", path("labelled.dxf")});
     EXPECT_TRUE(contains(without.output, "BSYSTEMLABEL in /ZOL_BSYSTEM_LABELS")) << without.output;
     ASSERT_EQ(run({"save", "--without-plugin", path("labelled.dxf"), path("again.dxf")}).code, 0);
     const support::DxfDifference difference =
@@ -176,7 +167,7 @@ TEST_F(CommandLine, SavesInTheVersionAndFormAskedFor)
     {
         std::vector<std::string> arguments = each.arguments;
         arguments.insert(arguments.begin(), "save");
-        const Outcome saved = run(arguments);
+        const support::Transcript saved = run(arguments);
         ASSERT_EQ(saved.code, 0) << saved.errors;
         const std::string file = support::readWholeFile(path("out.dxf"));
         EXPECT_EQ(file.starts_with("AutoCAD Binary DXF"), each.isBinary);

@@ -37,36 +37,37 @@ private:
     support::TemporaryFolder m_folder;
 };
 
+/// What is typed, and what appears then.
+using Dialogue = std::vector<std::pair<std::string, std::string>>;
+
+void talk(support::PseudoTerminal& terminal, const Dialogue& dialogue)
+{
+    for (const auto& [typed, shown] : dialogue)
+    {
+        terminal.type(typed);
+        terminal.waitFor(shown);
+    }
+}
+
 TEST_F(Console, CompletesCommandsAndKeywords)
 {
     support::PseudoTerminal terminal(command());
-    terminal.waitFor(kPrompt);
-    terminal.type("bsystemlabelto\t");
-    terminal.waitFor("BSYSTEMLABELTOJSON ");
-    terminal.type("\r");
-    terminal.waitFor("/Selected/");
-    terminal.type("s\t");
-    terminal.waitFor("Selected");
-    terminal.type("\r");
-    terminal.waitFor("is done.");
-    terminal.waitFor(kPrompt);
-    terminal.type("BSYSTEMLABELGETIDFROM\t");
-    terminal.waitFor("BSYSTEMLABELGETIDFROMGUID\n");
-    terminal.waitFor("BSYSTEMLABELGETIDFROMHANDLE\n");
-    terminal.waitFor("BSYSTEMLABELGETIDFROMNAME\n");
-    terminal.type("n\t NAME=x\r");
-    terminal.waitFor("OBJECTID: none");
-    terminal.waitFor(kPrompt);
-    terminal.type("SELECTIONSELECTVISUAL SELECTFUNCTION=4\r");
-    terminal.waitFor("First point of the fence: ");
-    terminal.type("5,5\r");
-    terminal.waitFor("Next point [Undo/]: ");
-    terminal.type("u\t");
-    terminal.waitFor("Undo");
-    terminal.type("\r");
-    terminal.waitFor("Next point [Undo/]: ");
-    terminal.type("5,-5\r\r");
-    terminal.waitFor("SELECTIONSET: A1\n");
+    talk(terminal, {{"", kPrompt},
+                    {"bsystemlabelto\t", "BSYSTEMLABELTOJSON "},
+                    {"\r", "/Selected/"},
+                    {"s\t", "Selected"},
+                    {"\r", "is done."},
+                    {"", kPrompt},
+                    {"BSYSTEMLABELGETIDFROM\t", "BSYSTEMLABELGETIDFROMGUID\n"},
+                    {"", "BSYSTEMLABELGETIDFROMHANDLE\n"},
+                    {"", "BSYSTEMLABELGETIDFROMNAME\n"},
+                    {"n\t NAME=x\r", "OBJECTID: none"},
+                    {"", kPrompt},
+                    {"SELECTIONSELECTVISUAL SELECTFUNCTION=4\r", "First point of the fence: "},
+                    {"5,5\r", "Next point [Undo/]: "},
+                    {"u\t", "Undo"},
+                    {"\r", "Next point [Undo/]: "},
+                    {"5,-5\r\r", "SELECTIONSET: A1\n"}});
 }
 
 TEST_F(Console, CancelsTheCommandAndNotTheProgram)
@@ -74,18 +75,11 @@ TEST_F(Console, CancelsTheCommandAndNotTheProgram)
     support::PseudoTerminal terminal(command());
     for (const std::string& cancel : {kEscape, kControlC})
     {
-        terminal.waitFor(kPrompt);
-        terminal.type("BSYSTEMLABELTOJSON\r");
-        terminal.waitFor("/Selected/");
-        terminal.type("al" + cancel);
-        terminal.waitFor("was cancelled.");
-        terminal.waitFor(kPrompt);
+        talk(terminal,
+             {{"", kPrompt}, {"BSYSTEMLABELTOJSON\r", "/Selected/"}, {"al" + cancel, "was cancelled."}, {"", kPrompt}});
         terminal.type("NOSUCH" + cancel);
     }
-    terminal.waitFor(kPrompt);
-    terminal.type("UNDO\r");
-    terminal.waitFor("DONE: no");
-    terminal.waitFor(kPrompt);
+    talk(terminal, {{"", kPrompt}, {"UNDO\r", "DONE: no"}, {"", kPrompt}});
     terminal.type(kControlD);
     EXPECT_EQ(terminal.finish(), 0);
     EXPECT_EQ(terminal.shown().find("There is no command"), std::string::npos) << terminal.shown();
@@ -94,76 +88,49 @@ TEST_F(Console, CancelsTheCommandAndNotTheProgram)
 TEST_F(Console, KeepsAHistoryOfCommands)
 {
     support::PseudoTerminal terminal(command());
-    terminal.waitFor(kPrompt);
-    terminal.type("BSYSTEMLABELTOJSON\r");
-    terminal.waitFor("/Selected/");
-    terminal.type("all\r");
-    terminal.waitFor("JSON: []");
-    terminal.waitFor(kPrompt);
-    terminal.type("UNDO\r");
-    terminal.waitFor("DONE: no");
-    terminal.waitFor(kPrompt);
-    terminal.type(kUp + kUp);
-    terminal.waitFor("BSYSTEMLABELTOJSON");
-    terminal.type("\r");
-    terminal.waitFor("/Selected/");
+    talk(terminal, {{"", kPrompt},
+                    {"BSYSTEMLABELTOJSON\r", "/Selected/"},
+                    {"all\r", "JSON: []"},
+                    {"", kPrompt},
+                    {"UNDO\r", "DONE: no"},
+                    {"", kPrompt},
+                    {kUp + kUp, "BSYSTEMLABELTOJSON"},
+                    {"\r", "/Selected/"}});
 }
 
 TEST_F(Console, AsksBeforeChangesAreLost)
 {
     support::PseudoTerminal terminal(command());
-    terminal.waitFor(kPrompt);
-    terminal.type("REGISTERCUSTOMAPPLICATION NAME=\"\xD0\x96 x\"\r");
-    terminal.waitFor("is done.");
+    talk(terminal, {{"", kPrompt}, {"REGISTERCUSTOMAPPLICATION NAME=\"\xD0\x96 x\"\r", "is done."}});
     for (const char* answer : {"no\r", "\r", "\x1b"})
     {
-        terminal.waitFor(kPrompt);
-        terminal.type("quit\r");
-        terminal.waitFor("Leave? [Yes/No/]<No>: ");
+        talk(terminal, {{"", kPrompt}, {"quit\r", "Leave? [Yes/No/]<No>: "}});
         terminal.type(answer);
     }
-    terminal.waitFor(kPrompt);
-    terminal.type("SAVE\r");
-    terminal.waitFor("FILE: " + path());
-    terminal.waitFor(kPrompt);
+    talk(terminal, {{"", kPrompt}, {"SAVE\r", "FILE: " + path()}, {"", kPrompt}});
     terminal.type("QUIT\r");
     EXPECT_EQ(terminal.finish(), 0);
     EXPECT_NE(support::readWholeFile(path()).find("\\U+0416 x"), std::string::npos);
 }
 
-struct Transcript
-{
-    int code;
-    std::string output;
-    std::string errors;
-};
-
-Transcript runOn(const std::vector<std::string>& command, const std::string& input)
-{
-    support::ChildProcess program(command);
-    program.write(input);
-    const int code = program.finish();
-    return {code, program.output(), program.errors()};
-}
-
 TEST_F(Console, RunsTheLinesOfAFile)
 {
-    const Transcript good =
-        runOn(command(), "ENTITIES TYPE=TEXT TEXT=\"^E\"\r\nBSYSTEMLABELTOJSON\nall\n  \nquit\nNOSUCH\n");
+    const support::Transcript good = support::transcriptOf(
+        command(), "ENTITIES TYPE=TEXT TEXT=\"^E\"\r\nBSYSTEMLABELTOJSON\nall\n  \nquit\nNOSUCH\n");
     EXPECT_EQ(good.code, 0);
     EXPECT_EQ(good.output, "Command: ENTITIES TYPE=TEXT TEXT=\"^E\"\nOBJECTIDARRAY: A2\nCommand \"ENTITIES\" is done.\n"
                            "Command: BSYSTEMLABELTOJSON\nHandle of a label, or which labels "
                            "[aLl/Selected/Handle/Guid/Name] : all\nJSON: []\nCommand \"BSYSTEMLABELTOJSON\" is done.\n"
                            "Command:   \nCommand: quit\n");
-    const Transcript bad =
-        runOn(command(), "NOSUCH\nERASE OBJECTIDARRAY=A1,FFF\nERASE OBJECTIDARRAY=A1\nBSYSTEMLABELTOJSON\n");
+    const support::Transcript bad = support::transcriptOf(
+        command(), "NOSUCH\nERASE OBJECTIDARRAY=A1,FFF\nERASE OBJECTIDARRAY=A1\nBSYSTEMLABELTOJSON\n");
     EXPECT_EQ(bad.code, 1);
     EXPECT_NE(bad.output.find("There is no command \"NOSUCH\""), std::string::npos) << bad.output;
     EXPECT_NE(bad.output.find("no object with the handle \"FFF\""), std::string::npos) << bad.output;
     EXPECT_NE(bad.output.find("was cancelled."), std::string::npos) << "the input ends in a question: " << bad.output;
     EXPECT_NE(bad.errors.find("not saved"), std::string::npos) << bad.errors;
-    EXPECT_EQ(runOn({ZOLCAD_PROGRAM, "console", path() + "x"}, "").code, 3);
-    EXPECT_EQ(runOn({ZOLCAD_PROGRAM, "console"}, "").code, 0);
+    EXPECT_EQ(support::transcriptOf({ZOLCAD_PROGRAM, "console", path() + "x"}, "").code, 3);
+    EXPECT_EQ(support::transcriptOf({ZOLCAD_PROGRAM, "console"}, "").code, 0);
 }
 
 TEST(ConsoleWords, AreDividedByBlanks)

@@ -29,34 +29,40 @@ protected:
 
 // ---- Registration ---------------------------------------------------------------------------------------------------
 
+constexpr const OdChar* kBorders = L"Quend.Zol.Cad.DrawingBorder";
+constexpr const OdChar* kLabels = L"Quend.Zol.Cad.BSystemLabel";
+constexpr const OdChar* kData = L"Quend.Zol.Cad.ExtendedData";
+constexpr const OdChar* kTransactions = L"Quend.Zol.Cad.Transaction";
+
 const struct
 {
     const OdChar* group;
     const OdChar* name;
     OdUInt32 flags;
+    const char* function; ///< the class, of those whose frames are told here
 } kCommands[] = {
-    {L"Quend.Zol.Cad.DrawingBorder", L"DEFINEDRAWINGBORDERCOLUMNLINES", 0x20000000},
-    {L"Quend.Zol.Cad.DrawingBorder", L"DEFINEDRAWINGBORDER", 0x20000000},
-    {L"Quend.Zol.Cad.DrawingBorder", L"DRAWINGBORDERGETDICTIONARYID", 0x11000000},
-    {L"Quend.Zol.Cad.DrawingBorder", L"DRAWINGBORDERGETALLIDS", 0x11000000},
-    {L"Quend.Zol.Cad.DrawingBorder", L"GETDRAWINGBORDER", 0x11000000},
-    {L"Quend.Zol.Cad.BSystemLabel", L"BSYSTEMLABELCREATE", 0x30000000},
-    {L"Quend.Zol.Cad.BSystemLabel", L"BSYSTEMLABELCREATEFROMSELECTION", 0x34000000},
-    {L"Quend.Zol.Cad.BSystemLabel", L"BSYSTEMLABELDELETE", 0x20000000},
-    {L"Quend.Zol.Cad.BSystemLabel", L"BSYSTEMLABELDOLLY", 0x01000000},
-    {L"Quend.Zol.Cad.BSystemLabel", L"BSYSTEMLABELGETALLIDS", 0x11000000},
-    {L"Quend.Zol.Cad.BSystemLabel", L"BSYSTEMLABELGETALLNAMES", 0x11000000},
-    {L"Quend.Zol.Cad.BSystemLabel", L"BSYSTEMLABELGETDICTIONARYID", 0x11000000},
-    {L"Quend.Zol.Cad.BSystemLabel", L"BSYSTEMLABELGETIDFROMGUID", 0x11000000},
-    {L"Quend.Zol.Cad.BSystemLabel", L"BSYSTEMLABELGETIDFROMHANDLE", 0x11000000},
-    {L"Quend.Zol.Cad.BSystemLabel", L"BSYSTEMLABELGETIDFROMNAME", 0x11000000},
-    {L"Quend.Zol.Cad.BSystemLabel", L"BSYSTEMLABELGETSELECTEDIDS", 0x10000000},
-    {L"Quend.Zol.Cad.BSystemLabel", L"BSYSTEMLABELTOJSON", 0x11000000},
-    {L"Quend.Zol.Cad.BSystemLabel", L"BSYSTEMLABELZOOM", 0x01000000},
-    {L"Quend.Zol.Cad.ExtendedData", L"REGISTERCUSTOMAPPLICATION", 0x21000000},
-    {L"Quend.Zol.Cad.Transaction", L"TRANSACTIONSTART", 0x01000000},
-    {L"Quend.Zol.Cad.Transaction", L"TRANSACTIONEND", 0x05000000},
-    {L"Quend.Zol.Cad.Transaction", L"TRANSACTIONABORT", 0x01000000},
+    {kBorders, L"DEFINEDRAWINGBORDERCOLUMNLINES", 0x20000000, ""},
+    {kBorders, L"DEFINEDRAWINGBORDER", 0x20000000, ""},
+    {kBorders, L"DRAWINGBORDERGETDICTIONARYID", 0x11000000, ""},
+    {kBorders, L"DRAWINGBORDERGETALLIDS", 0x11000000, ""},
+    {kBorders, L"GETDRAWINGBORDER", 0x11000000, ""},
+    {kLabels, L"BSYSTEMLABELCREATE", 0x30000000, "CCommandBSystemLabelCreate"},
+    {kLabels, L"BSYSTEMLABELCREATEFROMSELECTION", 0x34000000, "CCommandBSystemLabelCreateFromSelection"},
+    {kLabels, L"BSYSTEMLABELDELETE", 0x20000000, "CCommandBSystemLabelDelete"},
+    {kLabels, L"BSYSTEMLABELDOLLY", 0x01000000, "CCommandBSystemLabelDolly"},
+    {kLabels, L"BSYSTEMLABELGETALLIDS", 0x11000000, "CCommandBSystemLabelGetAllIds"},
+    {kLabels, L"BSYSTEMLABELGETALLNAMES", 0x11000000, "CCommandBSystemLabelGetAllNames"},
+    {kLabels, L"BSYSTEMLABELGETDICTIONARYID", 0x11000000, "CCommandBSystemLabelGetDictionaryId"},
+    {kLabels, L"BSYSTEMLABELGETIDFROMGUID", 0x11000000, "CCommandBSystemLabelGetIdFromGuid"},
+    {kLabels, L"BSYSTEMLABELGETIDFROMHANDLE", 0x11000000, "CCommandBSystemLabelGetIdFromHandle"},
+    {kLabels, L"BSYSTEMLABELGETIDFROMNAME", 0x11000000, "CCommandBSystemLabelGetIdFromName"},
+    {kLabels, L"BSYSTEMLABELGETSELECTEDIDS", 0x10000000, "CCommandBSystemLabelGetSelectedIds"},
+    {kLabels, L"BSYSTEMLABELTOJSON", 0x11000000, "CCommandBSystemLabelToJson"},
+    {kLabels, L"BSYSTEMLABELZOOM", 0x01000000, "CCommandBSystemLabelZoom"},
+    {kData, L"REGISTERCUSTOMAPPLICATION", 0x21000000, "CCommandRegisterCustomApplication"},
+    {kTransactions, L"TRANSACTIONSTART", 0x01000000, "CCommandStartTransaction"},
+    {kTransactions, L"TRANSACTIONEND", 0x05000000, "CCommandEndTransaction"},
+    {kTransactions, L"TRANSACTIONABORT", 0x01000000, "CCommandAbortTransaction"},
 };
 
 TEST_F(ModuleTest, CommandsHaveTheirGroupsAndFlags)
@@ -189,38 +195,16 @@ TEST_F(ModuleTest, UnknownCommandsWithoutHandlerAreErrors)
 
 TEST_F(ModuleTest, FramesNameWhatIsMissing)
 {
-    const struct
-    {
-        const OdChar* command;
-        const char* function;
-        bool isLabel;
-        bool needsFunctionIO;
-    } rows[] = {
-        {L"BSYSTEMLABELCREATE", "CCommandBSystemLabelCreate", true, true},
-        {L"BSYSTEMLABELCREATEFROMSELECTION", "CCommandBSystemLabelCreateFromSelection", true, true},
-        {L"BSYSTEMLABELDELETE", "CCommandBSystemLabelDelete", true, true},
-        {L"BSYSTEMLABELDOLLY", "CCommandBSystemLabelDolly", true, true},
-        {L"BSYSTEMLABELZOOM", "CCommandBSystemLabelZoom", true, true},
-        {L"BSYSTEMLABELGETALLIDS", "CCommandBSystemLabelGetAllIds", true, true},
-        {L"BSYSTEMLABELGETALLNAMES", "CCommandBSystemLabelGetAllNames", true, true},
-        {L"BSYSTEMLABELGETDICTIONARYID", "CCommandBSystemLabelGetDictionaryId", true, true},
-        {L"BSYSTEMLABELGETIDFROMGUID", "CCommandBSystemLabelGetIdFromGuid", true, true},
-        {L"BSYSTEMLABELGETIDFROMHANDLE", "CCommandBSystemLabelGetIdFromHandle", true, true},
-        {L"BSYSTEMLABELGETIDFROMNAME", "CCommandBSystemLabelGetIdFromName", true, true},
-        {L"BSYSTEMLABELGETSELECTEDIDS", "CCommandBSystemLabelGetSelectedIds", true, true},
-        {L"BSYSTEMLABELTOJSON", "CCommandBSystemLabelToJson", true, true},
-        {L"REGISTERCUSTOMAPPLICATION", "CCommandRegisterCustomApplication", false, true},
-        {L"TRANSACTIONSTART", "CCommandStartTransaction", false, false},
-        {L"TRANSACTIONEND", "CCommandEndTransaction", false, false},
-        {L"TRANSACTIONABORT", "CCommandAbortTransaction", false, false},
-    };
     OdStaticRxObject<PartialContext> context;
     OdStaticRxObject<ForeignFunctionIO> foreign;
     const CCommandHandlerPtr handler = CCommandHandler::createObject(L"X", db, host);
-    for (const auto& row : rows)
+    for (const auto& row : kCommands)
     {
+        if (*row.function == 0)
+            continue;
+        const bool isLabel = row.group == kLabels;
         const std::string function = std::string(row.function) + "::execute";
-        const OdEdCommandPtr command = odedRegCmds()->lookupCmd(row.command, 3);
+        const OdEdCommandPtr command = odedRegCmds()->lookupCmd(row.name, 3);
         const auto execute = [&](OdEdFunctionIO* functionIO, OdRxObject* database)
         {
             context.functionIO = functionIO;
@@ -229,10 +213,10 @@ TEST_F(ModuleTest, FramesNameWhatIsMissing)
         };
         EXPECT_EQ(thrownBy([&] { command->execute(nullptr); }), argumentFault(417, "pEdCommandContext", function));
         const Fault noDatabase = valueFault(122, "pDb", function);
-        EXPECT_EQ(execute(nullptr, nullptr), row.isLabel ? valueFault(417, "pIO", function) : noDatabase);
-        EXPECT_EQ(execute(&foreign, nullptr), row.isLabel ? valueFault(417, "pFunctionIO", function) : noDatabase);
+        EXPECT_EQ(execute(nullptr, nullptr), isLabel ? valueFault(417, "pIO", function) : noDatabase);
+        EXPECT_EQ(execute(&foreign, nullptr), isLabel ? valueFault(417, "pFunctionIO", function) : noDatabase);
         EXPECT_EQ(execute(handler->funcIO(), nullptr), noDatabase);
-        if (row.needsFunctionIO && !row.isLabel)
+        if (row.group == kData)
         {
             EXPECT_EQ(execute(nullptr, db), valueFault(417, "pFunctionIO", function));
         }
