@@ -122,8 +122,8 @@ TEST(Recovery, RefusesWhatIsNoDrawing)
         {"0\nEOF\n", "test.dxf: is no drawing"},
         {"AutoCAD Binary DXF\r\n\x1A" + std::string(3, '\0'), "test.dxf: is no drawing: byte 22"},
     };
-    for (const auto& [file, message] : cases)
-        EXPECT_EQ(errorOf([&] { openText(file); }).substr(0, std::string_view(message).size()), message);
+    for (const auto& row : cases)
+        EXPECT_EQ(errorOf([&] { openText(row.first); }).substr(0, std::string_view(row.second).size()), row.second);
 }
 
 // Owners in a circle, and owners without end.
