@@ -1,6 +1,6 @@
 // The spatial indexes of one drawing. Each is made when it is first asked for and follows what happens to the drawing
-// from then on: changes, new and erased entities, undo and redo, and changes of the blocks and styles that entities are
-// drawn with. Changes are only noted; they are looked at when the next question comes.
+// from then on: changes, new and erased entities, undo and redo, and changes of the blocks, styles, clips and settings
+// of points that entities are drawn with. Changes are only noted; they are looked at when the next question comes.
 #pragma once
 
 #include <memory>

@@ -60,6 +60,7 @@ void HitGeometry::begin()
 {
     m_answer = Answer();
     m_pieces = 0;
+    m_clips = Clips(); // drawing that failed may have left some
 }
 
 bool HitGeometry::isAnswered() const
@@ -92,12 +93,12 @@ EllipticArc HitGeometry::seenOf(const SpaceArc& arc) const
     return {seen(arc.center), m_plane.along(arc.major), m_plane.along(arc.minor), arc.start, arc.sweep};
 }
 
-std::vector<OdGePoint2d> HitGeometry::seenOf(const SpaceOutline& outline) const
+const std::vector<OdGePoint2d>& HitGeometry::seenOf(const SpaceOutline& outline)
 {
-    std::vector<OdGePoint2d> corners;
+    m_seen.clear();
     for (const OdGePoint3d& corner : outline)
-        corners.push_back(seen(corner));
-    return corners;
+        m_seen.push_back(seen(corner));
+    return m_seen;
 }
 
 bool HitGeometry::isFilled() const
@@ -205,10 +206,12 @@ void HitGeometry::polygon(OdInt32 numPoints, const OdGePoint3d* points)
 {
     if (numPoints < 3 || !isFilled())
         return gi::Geometry::polygon(numPoints, points);
-    SpaceOutline corners;
+    SpaceOutline corners = std::move(m_corners);
+    corners.clear();
     for (OdInt32 i = 0; i < numPoints; ++i)
         corners.push_back(toWorld() * points[i]);
-    m_clips.isEmpty() ? addPolygon(seenOf(corners)) : addArea({std::move(corners)});
+    m_clips.isEmpty() ? addPolygon(corners) : addArea({corners});
+    m_corners = std::move(corners);
 }
 
 void HitGeometry::shell(OdInt32 numVertices, const OdGePoint3d* vertices, OdInt32 faceListSize, const OdInt32* faceList)
@@ -313,8 +316,9 @@ void HitGeometry::addArc(const SpaceArc& arc)
     }
 }
 
-void HitGeometry::addPolygon(const std::vector<OdGePoint2d>& corners)
+void HitGeometry::addPolygon(const SpaceOutline& outline)
 {
+    const std::vector<OdGePoint2d>& corners = seenOf(outline);
     if (!std::all_of(corners.begin(), corners.end(), [](const OdGePoint2d& corner) { return isFinite(corner); }) ||
         !isShownNow())
         return;
@@ -336,8 +340,9 @@ void HitGeometry::addPolygon(const std::vector<OdGePoint2d>& corners)
     for (std::size_t i = 0; i < corners.size(); ++i)
         m_answer.areaDistance = std::min(m_answer.areaDistance, distanceBetween(m_center, side(i)));
 }
+
 // Where the shape touches no outline and nothing that a clip cuts off, it lies in or out of the area as a whole.
-bool HitGeometry::isShapeWithin(const std::vector<SpaceOutline>& outlines, const std::optional<FlatArea>& area) const
+bool HitGeometry::isShapeWithin(const std::vector<SpaceOutline>& outlines, const std::optional<FlatArea>& area)
 {
     const OdGePoint2d place = m_shape->edges().front().start;
     bool isInside = false;

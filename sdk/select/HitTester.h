@@ -64,14 +64,14 @@ private:
     bool isFilled() const;
     OdGePoint2d seen(const OdGePoint3d& world) const { return m_plane.at(world); }
     EllipticArc seenOf(const SpaceArc& arc) const;
-    std::vector<OdGePoint2d> seenOf(const SpaceOutline& outline) const;
+    const std::vector<OdGePoint2d>& seenOf(const SpaceOutline& outline); ///< valid until the next call
     OdGeVector3d extrusion(const OdGeVector3d& normal) const;
     void addSegment(const SpaceSegment& segment);
     void addArc(const SpaceArc& arc);
     void addExtruded(const SpaceArc& arc, const OdGeVector3d& height);
-    void addPolygon(const std::vector<OdGePoint2d>& corners);
+    void addPolygon(const SpaceOutline& outline);
     void addArea(const std::vector<SpaceOutline>& outlines);
-    bool isShapeWithin(const std::vector<SpaceOutline>& outlines, const std::optional<FlatArea>& area) const;
+    bool isShapeWithin(const std::vector<SpaceOutline>& outlines, const std::optional<FlatArea>& area);
     template<class Curve>
     void look(const Curve& curve);
     void addLine(const OdGePoint3d& first, const OdGePoint3d& second, bool isOpenAtStart);
@@ -87,6 +87,8 @@ private:
     bool m_isText = false;
     bool m_isSolid = false;
     Clips m_clips;
+    SpaceOutline m_corners;          // reused
+    std::vector<OdGePoint2d> m_seen; // reused
 };
 
 /// One tester serves many entities, one after the other.
