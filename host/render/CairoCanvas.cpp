@@ -13,12 +13,22 @@ namespace render
 namespace
 {
 
-constexpr std::size_t kMostKept = 20000; ///< steps of paths that are painted at once
+constexpr std::size_t kMostKept = 20000;    ///< steps of paths that are painted at once
+constexpr std::size_t kMostMasked = 200000; ///< the same where there is a mask
+constexpr double kThin = 1.5;               ///< pixels up to which ends and corners of lines are not seen
+constexpr double kPixelsForStep = 1000.0;   ///< pixels of a mask that are painted in the time of a stroke's step
 
 bool isUsable(const cairo_matrix_t& matrix)
 {
     const double area = matrix.xx * matrix.yy - matrix.xy * matrix.yx;
     return std::isfinite(area) && std::fabs(area) > 1e-12 && std::isfinite(matrix.x0) && std::isfinite(matrix.y0);
+}
+
+/// True when the lines fill their box so well that a mask pays.
+bool isCrowded(const Path& path)
+{
+    const OdGeVector2d size = path.bounds().diagonal();
+    return (size.x + 2.0) * (size.y + 2.0) < kPixelsForStep * static_cast<double>(path.steps().size());
 }
 
 } // namespace
@@ -86,7 +96,7 @@ void CairoCanvas::setColor(const Color& color)
 /// Goes on in a colour: what is kept back of another one is painted first.
 void CairoCanvas::use(const Color& color)
 {
-    if (m_kept > 0 && (color != m_color || !color.isOpaque() || m_kept > kMostKept))
+    if (m_kept > 0 && (color != m_color || !color.isOpaque() || m_kept > (m_mask ? kMostMasked : kMostKept)))
         flush();
     m_color = color;
 }
@@ -112,13 +122,23 @@ void CairoCanvas::paintAreas()
     m_bars.clear();
 }
 
+void CairoCanvas::useMask(int width, int height)
+{
+    m_mask = std::make_unique<LineMask>(width, height);
+}
+
 /// The ends and corners of thin lines are not seen, so that they are made simple.
 void CairoCanvas::paintStrokes(Strokes& strokes)
 {
-    constexpr double kThin = 1.5;
     if (strokes.path.empty())
         return;
     const bool isThin = strokes.width <= kThin;
+    if (isThin && m_mask && isCrowded(strokes.path))
+    {
+        m_mask->add(strokes.path, strokes.width);
+        m_mask->paint(m_context);
+        return strokes.path.clear();
+    }
     cairo_set_line_cap(m_context, isThin ? CAIRO_LINE_CAP_SQUARE : CAIRO_LINE_CAP_ROUND);
     cairo_set_line_join(m_context, isThin ? CAIRO_LINE_JOIN_BEVEL : CAIRO_LINE_JOIN_ROUND);
     cairo_set_line_width(m_context, strokes.width);

@@ -1,12 +1,14 @@
 // What PNG and PDF have in common: painting with Cairo.
 #pragma once
 
+#include <memory>
 #include <vector>
 
 #include <cairo.h>
 
 #include "render/CairoFonts.h"
 #include "render/Canvas.h"
+#include "render/LineMask.h"
 
 namespace render
 {
@@ -34,6 +36,8 @@ public:
 protected:
     cairo_surface_t* surface() const { return m_surface; }
     const std::string& file() const { return m_file; }
+    /// Crowds of thin lines go through a mask from now on. The surface has pixels, so many of them.
+    void useMask(int width, int height);
     /// Paints what is still kept back.
     void flush();
     /// Throws OdError_FileWriteError when the status says that something has failed.
@@ -68,6 +72,7 @@ private:
     std::vector<Strokes> m_strokes;
     Path m_bars;
     std::size_t m_kept = 0;
+    std::unique_ptr<LineMask> m_mask;
 };
 
 } // namespace render

@@ -7,29 +7,24 @@
 namespace render
 {
 
-namespace
+OdGePoint2d pointOnCurve(const OdGePoint2d& start, const OdGePoint2d* controls, double t)
 {
-
-void flattenCurve(std::vector<OdGePoint2d>& row, const OdGePoint2d* controls, double deviation)
-{
-    const OdGePoint2d start = row.back();
-    const double reach =
-        start.distanceTo(controls[0]) + controls[0].distanceTo(controls[1]) + controls[1].distanceTo(controls[2]);
-    const int steps = std::clamp(static_cast<int>(std::ceil(std::sqrt(reach / std::max(deviation, 1e-6)) / 2)), 1, 512);
-    for (int i = 1; i <= steps; ++i)
-    {
-        const double t = static_cast<double>(i) / steps;
-        const double u = 1.0 - t;
-        const double a = u * u * u;
-        const double b = 3 * u * u * t;
-        const double c = 3 * u * t * t;
-        const double d = t * t * t;
-        row.emplace_back(a * start.x + b * controls[0].x + c * controls[1].x + d * controls[2].x,
-                         a * start.y + b * controls[0].y + c * controls[1].y + d * controls[2].y);
-    }
+    const double u = 1.0 - t;
+    const double a = u * u * u;
+    const double b = 3 * u * u * t;
+    const double c = 3 * u * t * t;
+    const double d = t * t * t;
+    return {a * start.x + b * controls[0].x + c * controls[1].x + d * controls[2].x,
+            a * start.y + b * controls[0].y + c * controls[1].y + d * controls[2].y};
 }
 
-} // namespace
+int stepsOfCurve(const OdGePoint2d& start, const OdGePoint2d* controls, double deviation)
+{
+    const double reach =
+        start.distanceTo(controls[0]) + controls[0].distanceTo(controls[1]) + controls[1].distanceTo(controls[2]);
+    const double steps = std::ceil(std::sqrt(reach / std::max(deviation, 1e-6)) / 2);
+    return static_cast<int>(std::min(std::max(steps, 1.0), 512.0));
+}
 
 void Path::clear()
 {
@@ -86,7 +81,9 @@ std::vector<std::vector<OdGePoint2d>> Path::flattened(double deviation) const
             rows.emplace_back();
         if (step == Step::kCurve)
         {
-            flattenCurve(rows.back(), point, deviation);
+            const OdGePoint2d start = rows.back().back();
+            for (int i = 1, steps = stepsOfCurve(start, point, deviation); i <= steps; ++i)
+                rows.back().push_back(pointOnCurve(start, point, static_cast<double>(i) / steps));
             point += 3;
         }
         else if (step == Step::kClose)

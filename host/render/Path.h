@@ -42,6 +42,10 @@ public:
     /// deviation.
     std::vector<std::vector<OdGePoint2d>> flattened(double deviation) const;
 
+    /// Calls visit(from, to) for each line; curves are lines that are nowhere farther from them than deviation.
+    template<class Visit>
+    void visitLines(double deviation, Visit visit) const;
+
 private:
     void add(Step step, const OdGePoint2d& point)
     {
@@ -52,5 +56,45 @@ private:
     std::vector<Step> m_steps;
     std::vector<OdGePoint2d> m_points;
 };
+
+/// Part of a curve, t from 0 to 1, that begins at start and has these three further points.
+OdGePoint2d pointOnCurve(const OdGePoint2d& start, const OdGePoint2d* controls, double t);
+/// How many lines of even steps stand for it.
+int stepsOfCurve(const OdGePoint2d& start, const OdGePoint2d* controls, double deviation);
+
+template<class Visit>
+void Path::visitLines(double deviation, Visit visit) const
+{
+    const OdGePoint2d* point = m_points.data();
+    OdGePoint2d first;
+    OdGePoint2d last;
+    for (const Step step : m_steps)
+    {
+        const OdGePoint2d start = last;
+        switch (step)
+        {
+        case Step::kMove:
+            first = last = *point++;
+            break;
+        case Step::kLine:
+            last = *point++;
+            visit(start, last);
+            break;
+        case Step::kCurve:
+            for (int i = 1, steps = stepsOfCurve(start, point, deviation); i <= steps; ++i)
+            {
+                const OdGePoint2d next = pointOnCurve(start, point, static_cast<double>(i) / steps);
+                visit(last, next);
+                last = next;
+            }
+            point += 3;
+            break;
+        case Step::kClose:
+            visit(last, first);
+            last = first;
+            break;
+        }
+    }
+}
 
 } // namespace render

@@ -80,8 +80,21 @@ PictureGeometry::PictureGeometry(OdGiBaseVectorizer& vectorizer, Canvas& canvas,
 void PictureGeometry::look(const PageMap& map, const OdGeExtents2d& area, double unitScale)
 {
     m_map = map;
+    m_nestedMap = m_map.within(toWorld());
     m_area = area;
     m_looks.setUnitScale(unitScale);
+}
+
+void PictureGeometry::pushModelTransform(const OdGeMatrix3d& xform)
+{
+    OdGiGeometrySimplifier::pushModelTransform(xform);
+    m_nestedMap = m_map.within(toWorld());
+}
+
+void PictureGeometry::popModelTransform()
+{
+    OdGiGeometrySimplifier::popModelTransform();
+    m_nestedMap = m_map.within(toWorld());
 }
 
 bool PictureGeometry::isSeen(const OdGeExtents2d& bounds) const
@@ -217,7 +230,7 @@ void PictureGeometry::polyline(OdInt32 numPoints, const OdGePoint3d* points, con
 {
     if (numPoints <= 0)
         return;
-    const PageMap map = this->map();
+    const PageMap& map = this->map();
     const double thickness = normal ? worldDraw().traits().thickness() : 0.0;
     const OdGeVector2d height = thickness == 0.0 ? OdGeVector2d(0.0, 0.0) : map.along(normal->normal() * thickness);
     const bool isHigh = height.length() > 0.1;
@@ -249,7 +262,7 @@ void PictureGeometry::circularArc(const OdGePoint3d& center, double radius, cons
 void PictureGeometry::ellipArc(const OdGePoint3d& center, const OdGeVector3d& majorAxis, const OdGeVector3d& minorAxis,
                                double startAngle, double endAngle)
 {
-    const PageMap map = this->map();
+    const PageMap& map = this->map();
     const double sweep = std::clamp(endAngle - startAngle, -kTwoPi, kTwoPi);
     m_path.clear();
     addEllipse({map.at(center), map.along(majorAxis), map.along(minorAxis), startAngle, sweep}, m_path);
@@ -263,7 +276,7 @@ void PictureGeometry::ellipArc(const OdGePoint3d& center, const OdGeVector3d& ma
 
 void PictureGeometry::drawEndless(const OdGePoint3d& first, const OdGePoint3d& second, bool isOpenAtStart)
 {
-    const PageMap map = this->map();
+    const PageMap& map = this->map();
     OdGePoint2d from = map.at(first);
     const OdGeVector2d along = map.along(second - first);
     const double length = along.length();
@@ -302,7 +315,7 @@ void PictureGeometry::polygon(OdInt32 numPoints, const OdGePoint3d* points)
 {
     if (numPoints < 1)
         return;
-    const PageMap map = this->map();
+    const PageMap& map = this->map();
     m_path.clear();
     if (worldDraw().traits().fillType() != kOdGiFillAlways)
     {
@@ -329,7 +342,7 @@ void PictureGeometry::shell(OdInt32 numVertices, const OdGePoint3d* vertices, Od
 {
     if (worldDraw().traits().fillType() != kOdGiFillAlways)
         return OdGiGeometrySimplifier::shell(numVertices, vertices, faceListSize, faceList);
-    const PageMap map = this->map();
+    const PageMap& map = this->map();
     m_path.clear();
     for (OdInt32 at = 0; at < faceListSize;)
     {
@@ -358,7 +371,7 @@ void PictureGeometry::shell(OdInt32 numVertices, const OdGePoint3d* vertices, Od
 
 void PictureGeometry::pline(const OdGiPolyline& polyline)
 {
-    const PageMap map = this->map();
+    const PageMap& map = this->map();
     const double scale = std::max(map.along(polyline.xAxis).length(), map.along(polyline.yAxis).length());
     double widest = 0.0;
     for (const OdGiPolyline::Vertex& vertex : polyline.vertices)
@@ -391,7 +404,7 @@ void PictureGeometry::text(const OdGePoint3d& position, const OdGeVector3d& norm
                            const OdChar* message, OdInt32 length, bool raw, const OdGiTextStyle* textStyle)
 {
     const OdGiTextStyle style = textStyle ? *textStyle : OdGiTextStyle();
-    const PageMap map = this->map();
+    const PageMap& map = this->map();
     const TextPlace place{map.at(position), map.along(direction), map.along(normal.crossProduct(direction))};
     const double height = place.up.length() * style.textSize();
     const double room =
@@ -418,6 +431,16 @@ void PictureGeometry::drawText(const OdGiShapedText& shaped, const TextPlace& pl
     const double middle = bar.center().y;
     const double half = (bar.maxPoint().y - bar.minPoint().y) * kBarPart / 2.0;
     bar.set({bar.minPoint().x, middle - half}, {bar.maxPoint().x, middle + half});
+    const double pixels = half * 2.0 * place.up.length();
+    if (pixels <= kSmallest)
+    {
+        m_path.clear();
+        addSegment(place.origin + place.along * bar.minPoint().x + place.up * middle,
+                   place.origin + place.along * bar.maxPoint().x + place.up * middle, m_path);
+        if (isSeen(m_path.bounds()))
+            m_canvas.stroke(m_path, color, pixels);
+        return;
+    }
     const Path path = barPath(bar, place, shaped.fonts.front().slant);
     if (isSeen(path.bounds()))
         m_canvas.fillBar(path, color);
@@ -427,7 +450,7 @@ void PictureGeometry::rasterImageDc(const OdGePoint3d& origin, const OdGeVector3
                                     const OdGiRasterImage* image, const OdGePoint2d* uvBoundary, OdUInt32 numBoundPts,
                                     bool transparency, double brightness, double contrast, double fade)
 {
-    const PageMap map = this->map();
+    const PageMap& map = this->map();
     const ImagePlace place{map.at(origin + v), map.along(u), map.along(v) * -1.0};
     OdGeExtents2d bounds;
     for (const OdGeVector2d& corner : {OdGeVector2d(0.0, 0.0), place.across, place.down, place.across + place.down})

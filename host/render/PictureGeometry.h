@@ -22,6 +22,8 @@ public:
     /// drawing unit.
     void look(const PageMap& map, const OdGeExtents2d& area, double unitScale);
 
+    void pushModelTransform(const OdGeMatrix3d& xform) override;
+    void popModelTransform() override;
     void circularArc(const OdGePoint3d& center, double radius, const OdGeVector3d& normal,
                      const OdGeVector3d& startVector, double sweepAngle, OdGiArcType arcType) override;
     void ellipArc(const OdGePoint3d& center, const OdGeVector3d& majorAxis, const OdGeVector3d& minorAxis,
@@ -45,7 +47,8 @@ public:
 private:
     struct Ellipse;
 
-    PageMap map() const { return m_map.within(toWorld()); }
+    /// From what is being drawn to the page.
+    const PageMap& map() const { return m_nestedMap; }
     bool isSeen(const OdGeExtents2d& bounds) const;
     void addPolyline(const PageMap& map, OdInt32 numPoints, const OdGePoint3d* points, bool closed, Path& path) const;
     void addEllipse(const Ellipse& ellipse, Path& path) const;
@@ -60,6 +63,7 @@ private:
     Canvas& m_canvas;
     Looks& m_looks;
     PageMap m_map;
+    PageMap m_nestedMap;
     OdGeExtents2d m_area;
     // While a flat polyline is drawn: its lines and arcs in one path, its filled parts in another.
     bool m_gathers = false;

@@ -4,7 +4,6 @@
 #include <algorithm>
 
 #include "DbBlockTableRecord.h"
-#include "DbLayerTable.h"
 #include "render/OutlineCollector.h"
 
 namespace render
@@ -19,13 +18,6 @@ bool hasPaperLinetypes(const OdDbDatabase& database)
 {
     const OdResBufPtr value = database.getSysVar(L"PSLTSCALE");
     return value.isNull() || value->getInt16() != 0;
-}
-
-/// The layer that holds what dimensions hang on, which is there to be picked but not to be printed.
-OdDbObjectId findDefpoints(const OdDbDatabase& database)
-{
-    const OdDbLayerTablePtr layers = OdDbLayerTable::cast(database.getLayerTableId().openObject());
-    return layers.isNull() ? OdDbObjectId() : layers->getAt(L"Defpoints");
 }
 
 } // namespace
@@ -44,8 +36,8 @@ void SpaceGeometry::draw(const OdGiDrawable* drawable)
 }
 
 SpaceDraw::SpaceDraw(Canvas& canvas, Looks& looks, OdDbDatabase& database)
-    : OdGiBaseVectorizer(kOdGiStandardDisplay), m_geometry(*this, canvas, looks), m_canvas(canvas), m_looks(looks),
-      m_database(database), m_defpoints(findDefpoints(database))
+    : ShownDraw(kOdGiStandardDisplay, database), m_geometry(*this, canvas, looks), m_canvas(canvas), m_looks(looks),
+      m_database(database)
 {
 }
 
@@ -118,16 +110,10 @@ void SpaceDraw::drawViewport(const OdDbViewport& viewport)
     look(m_sheet, m_page, m_sheetScale);
 }
 
-bool SpaceDraw::isShown(const OdGiDrawable&, OdUInt32 flags)
+bool SpaceDraw::isShown(const OdGiDrawable& drawable, OdUInt32 flags)
 {
-    if ((flags & OdGiDrawable::kDrawableIsInvisible) != 0 || isLayerFrozen())
-        return false;
-    if (m_defpoints && traits().layer() == m_defpoints)
-        return false;
-    if (std::find(m_frozenLayers.begin(), m_frozenLayers.end(), traits().layer()) != m_frozenLayers.end())
-        return false;
-    // What a block reference on a layer that is off holds on other layers is seen.
-    return (flags & OdGiDrawable::kDrawableIsCompoundObject) != 0 || isLayerShown();
+    return ShownDraw::isShown(drawable, flags) &&
+           std::find(m_frozenLayers.begin(), m_frozenLayers.end(), traits().layer()) == m_frozenLayers.end();
 }
 
 } // namespace render

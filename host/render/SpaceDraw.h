@@ -4,6 +4,7 @@
 #include "DbDatabase.h"
 #include "DbViewport.h"
 #include "render/PictureGeometry.h"
+#include "render/ShownDraw.h"
 #include "render/View.h"
 
 namespace render
@@ -22,7 +23,7 @@ private:
     SpaceDraw& m_spaceDraw;
 };
 
-class SpaceDraw : public OdGiBaseVectorizer
+class SpaceDraw : public ShownDraw
 {
 public:
     SpaceDraw(Canvas& canvas, Looks& looks, OdDbDatabase& database);
@@ -47,8 +48,7 @@ private:
     Canvas& m_canvas;
     Looks& m_looks;
     OdDbDatabase& m_database;
-    OdDbStub* m_defpoints; ///< the layer of points that are not printed, null when there is none
-    PageMap m_sheet;       ///< how the space is seen
+    PageMap m_sheet; ///< how the space is seen
     double m_sheetScale = 1.0;
     OdGeExtents2d m_page;
     std::vector<OdDbStub*> m_frozenLayers; ///< in the viewport that is being drawn

@@ -3,16 +3,14 @@
 
 #include <algorithm>
 #include <cmath>
-#include <unordered_map>
 
 #include "DbBlockTableRecord.h"
 #include "DbDictionary.h"
-#include "DbEntity.h"
-#include "DbLayerTableRecord.h"
 #include "DbViewport.h"
 #include "DbViewportTable.h"
 #include "DbViewportTableRecord.h"
 #include "OdError.h"
+#include "render/SpaceBounds.h"
 
 namespace render
 {
@@ -29,56 +27,6 @@ OdGeExtents2d rectangle(const OdGePoint2d& center, double width, double height)
 {
     const OdGeVector2d half(width / 2, height / 2);
     return {center - half, center + half};
-}
-
-/// Which layers are shown, each looked at once.
-class ShownLayers
-{
-public:
-    bool isShown(const OdDbObjectId& id)
-    {
-        const auto [place, isNew] = m_layers.try_emplace(static_cast<OdDbStub*>(id), true);
-        if (isNew)
-        {
-            const OdDbLayerTableRecordPtr layer = OdDbLayerTableRecord::cast(id.openObject());
-            place->second = layer.isNull() || (!layer->isOff() && !layer->isFrozen());
-        }
-        return place->second;
-    }
-
-private:
-    std::unordered_map<OdDbStub*, bool> m_layers;
-};
-
-/// The box around what is seen in a space, the sheet's own viewport left out.
-OdGeExtents3d extentsOf(const OdDbObjectId& blockId)
-{
-    constexpr double kFarthest = 1e15; // what lies beyond is a mistake
-    OdGeExtents3d extents;
-    ShownLayers layers;
-    const OdDbBlockTableRecordPtr block = OdDbBlockTableRecord::cast(blockId.safeOpenObject());
-    for (const OdDbObjectIteratorPtr at = block->newIterator(); !at->done(); at->step())
-    {
-        const OdDbEntityPtr entity = at->entity();
-        OdGeExtents3d box;
-        if (entity.isNull() || entity->visibility() == OdDb::kInvisible || !layers.isShown(entity->layerId()) ||
-            entity->getGeomExtents(box) != eOk)
-            continue;
-        const OdGePoint3d& low = box.minPoint();
-        const OdGePoint3d& high = box.maxPoint();
-        const double farthest = std::max({std::fabs(low.x), std::fabs(low.y), std::fabs(high.x), std::fabs(high.y)});
-        if (farthest < kFarthest)
-            extents.addExt(box);
-    }
-    return extents;
-}
-
-OdGeExtents2d fromAbove(const OdGeExtents3d& box)
-{
-    OdGeExtents2d plane;
-    if (box.isValidExtents())
-        plane.set({box.minPoint().x, box.minPoint().y}, {box.maxPoint().x, box.maxPoint().y});
-    return plane;
 }
 
 OdGeExtents2d withRoom(const OdGeExtents2d& plane)
@@ -116,7 +64,7 @@ View activeViewOf(OdDbDatabase& database, const OdDbLayout& layout)
 
 OdGeExtents2d wholeOf(const OdDbLayout& layout)
 {
-    const OdGeExtents2d drawn = fromAbove(extentsOf(layout.getBlockTableRecordId()));
+    const OdGeExtents2d drawn = boundsOf(layout.getBlockTableRecordId());
     if (isModel(layout))
         return withRoom(drawn);
     OdGeExtents2d sheet = sheetOf(layout);

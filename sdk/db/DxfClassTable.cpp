@@ -104,37 +104,32 @@ const DxfClass* dxfClassOf(const OdDbObject& object)
 
 // ---- Reading -------------------------------------------------------------------------------------------------------
 
-double readReal(const Groups& groups, Atom subclass, const DxfRow& row, int occurrence)
+double readReal(const std::optional<GroupView>& group, const DxfRow& row)
 {
-    const std::optional<GroupView> group = groups.find(subclass, row.code, occurrence);
     return group ? group->real() : row.number;
 }
 
-std::int64_t readInteger(const Groups& groups, Atom subclass, const DxfRow& row, int occurrence)
+std::int64_t readInteger(const std::optional<GroupView>& group, const DxfRow& row)
 {
-    const std::optional<GroupView> group = groups.find(subclass, row.code, occurrence);
     return group ? group->integer() : static_cast<std::int64_t>(row.number);
 }
 
-std::string_view readText(const Groups& groups, Atom subclass, const DxfRow& row, int occurrence)
+std::string_view readText(const std::optional<GroupView>& group, const DxfRow& row)
 {
-    const std::optional<GroupView> group = groups.find(subclass, row.code, occurrence);
     return group ? group->text() : std::string_view(row.text);
 }
 
-OdDbStub* readStub(const OdDbDatabase* database, const Groups& groups, Atom subclass, const DxfRow& row)
+OdDbStub* readStub(const OdDbDatabase* database, const std::optional<GroupView>& group, const DxfRow& row)
 {
-    const std::optional<GroupView> group = groups.find(subclass, row.code);
     if (group && group->type() != GroupType::Text)
         return group->stub();
     const std::string_view name = group ? group->text() : std::string_view(row.text);
     return database && !name.empty() ? findSymbol(*database, row.table, name) : nullptr;
 }
 
-Coordinates readPoint(const Groups& groups, Atom subclass, const DxfRow& row, int occurrence)
+Coordinates readPoint(const Groups& groups, const std::optional<GroupView>& first, const DxfRow& row)
 {
     double values[3] = {row.number, row.number, row.number};
-    const std::optional<GroupView> first = groups.find(subclass, row.code, occurrence);
     if (!first)
         return {values[0], values[1], row.kind == DxfKind::Point2d ? 0.0 : values[2]};
     values[2] = 0.0;
@@ -142,6 +137,31 @@ Coordinates readPoint(const Groups& groups, Atom subclass, const DxfRow& row, in
     for (int i = 0; i < 3 && at != groups.end() && at->code() == row.code + 10 * i; ++i, ++at)
         values[i] = at->real();
     return {values[0], values[1], values[2]};
+}
+
+double readReal(const Groups& groups, Atom subclass, const DxfRow& row, int occurrence)
+{
+    return readReal(groups.find(subclass, row.code, occurrence), row);
+}
+
+std::int64_t readInteger(const Groups& groups, Atom subclass, const DxfRow& row, int occurrence)
+{
+    return readInteger(groups.find(subclass, row.code, occurrence), row);
+}
+
+std::string_view readText(const Groups& groups, Atom subclass, const DxfRow& row, int occurrence)
+{
+    return readText(groups.find(subclass, row.code, occurrence), row);
+}
+
+OdDbStub* readStub(const OdDbDatabase* database, const Groups& groups, Atom subclass, const DxfRow& row)
+{
+    return readStub(database, groups.find(subclass, row.code), row);
+}
+
+Coordinates readPoint(const Groups& groups, Atom subclass, const DxfRow& row, int occurrence)
+{
+    return readPoint(groups, groups.find(subclass, row.code, occurrence), row);
 }
 
 // ---- Editing -------------------------------------------------------------------------------------------------------

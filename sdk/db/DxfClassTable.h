@@ -92,6 +92,12 @@ struct Coordinates
     double x, y, z;
 };
 Coordinates readPoint(const Groups& groups, Atom subclass, const DxfRow& row, int occurrence = 0);
+// The same of a group that has been looked for already.
+double readReal(const std::optional<GroupView>& group, const DxfRow& row);
+std::int64_t readInteger(const std::optional<GroupView>& group, const DxfRow& row);
+std::string_view readText(const std::optional<GroupView>& group, const DxfRow& row);
+OdDbStub* readStub(const OdDbDatabase* database, const std::optional<GroupView>& group, const DxfRow& row);
+Coordinates readPoint(const Groups& groups, const std::optional<GroupView>& first, const DxfRow& row);
 
 /// A copy of the groups in which the group of the row has the value. A missing group is put where the class has it; a
 /// missing subclass marker is put where the class has that. Of groups that occur several times the first is meant, and

@@ -3,6 +3,7 @@
 
 #include <new>
 
+#include "GroupIndex.h"
 #include "SymbolNames.h"
 
 namespace oddb
@@ -212,6 +213,40 @@ std::optional<GroupView> Groups::findAny(int code) const
                                       return found.has_value();
                                   });
     return found;
+}
+
+GroupIndex::GroupIndex(const Groups& groups, Atom subclass)
+{
+    constexpr int kMostGroups = 64; // beyond, a row is one of many points, which are not looked up one by one
+    const std::uint8_t* const end = groups.end()->item();
+    const std::uint8_t* item = groups.begin()->item();
+    bool inSection = subclass.empty();
+    bool inApplicationData = false;
+    for (int seen = 0; item != end && seen < kMostGroups && m_count < kMost; ++seen)
+    {
+        const GroupView group(item);
+        const int code = group.code();
+        item = group.next();
+        const bool isMark = code >= 100 && code <= 102;
+        if (isMark && (inApplicationData || opensApplicationData(group)))
+            inApplicationData = !closesApplicationData(group);
+        else if (isMark && group.beginsSection())
+            inSection = beginsSectionOf(group, subclass);
+        else if (inSection && !inApplicationData)
+        {
+            m_codes[m_count] = static_cast<std::int16_t>(code);
+            m_items[m_count++] = group.item();
+        }
+    }
+    m_isWhole = item == end;
+}
+
+std::optional<GroupView> GroupIndex::find(const Groups& groups, Atom subclass, int code) const
+{
+    for (std::size_t i = 0; i < m_count; ++i)
+        if (m_codes[i] == code)
+            return GroupView(m_items[i]);
+    return m_isWhole ? std::nullopt : groups.find(subclass, code);
 }
 
 bool Groups::hasSection(Atom subclass) const

@@ -24,6 +24,14 @@ Reader::Reader(const OdDbObject& object, const DxfSubclass& table, oddb::Atom at
     m_groups = groupsOf(object);
 }
 
+Reader Reader::in(const DxfSubclass& table) const
+{
+    Reader other(m_object, table, table.atom());
+    if (other.m_atom == m_atom)
+        other.m_index = m_index;
+    return other;
+}
+
 const DxfRow& Reader::row(int code) const
 {
     const DxfRow* row = m_table.row(code);
@@ -32,9 +40,17 @@ const DxfRow& Reader::row(int code) const
     return *row;
 }
 
+std::optional<oddb::GroupView> Reader::find(int code) const
+{
+    if (!m_index)
+        m_index.emplace(m_groups, m_atom);
+    return m_index->find(m_groups, m_atom, code);
+}
+
 double Reader::real(int code) const
 {
-    return oddb::readReal(m_groups, m_atom, row(code));
+    const DxfRow& found = row(code);
+    return oddb::readReal(find(found.code), found);
 }
 
 double Reader::angle(int code) const
@@ -44,18 +60,21 @@ double Reader::angle(int code) const
 
 int Reader::integer(int code) const
 {
-    return static_cast<int>(oddb::readInteger(m_groups, m_atom, row(code)));
+    const DxfRow& found = row(code);
+    return static_cast<int>(oddb::readInteger(find(found.code), found));
 }
 
 OdGePoint3d Reader::point(int code) const
 {
-    const oddb::Coordinates at = oddb::readPoint(m_groups, m_atom, row(code));
+    const DxfRow& found = row(code);
+    const oddb::Coordinates at = oddb::readPoint(m_groups, find(found.code), found);
     return OdGePoint3d(at.x, at.y, at.z);
 }
 
 OdGeVector3d Reader::vector(int code) const
 {
-    const oddb::Coordinates at = oddb::readPoint(m_groups, m_atom, row(code));
+    const DxfRow& found = row(code);
+    const oddb::Coordinates at = oddb::readPoint(m_groups, find(found.code), found);
     return OdGeVector3d(at.x, at.y, at.z);
 }
 
@@ -69,12 +88,14 @@ OdGeVector3d Reader::normal() const
 
 OdString Reader::text(int code) const
 {
-    return odUtf8ToString(oddb::readText(m_groups, m_atom, row(code)));
+    const DxfRow& found = row(code);
+    return odUtf8ToString(oddb::readText(find(found.code), found));
 }
 
 OdDbStub* Reader::stub(int code) const
 {
-    return oddb::readStub(m_object.database(), m_groups, m_atom, row(code));
+    const DxfRow& found = row(code);
+    return oddb::readStub(m_object.database(), find(found.code), found);
 }
 
 const DxfClass& classOf(const OdDbObject& object)

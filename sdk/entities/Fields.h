@@ -6,6 +6,7 @@
 #include "Ge/GeVector3d.h"
 #include "OdString.h"
 #include "db/DxfClassTable.h"
+#include "db/GroupIndex.h"
 #include "db/ObjectCore.h"
 #include "entities/EntityTables.h"
 
@@ -20,7 +21,10 @@ class Reader
 public:
     Reader(const OdDbObject& object, const oddb::DxfSubclass& table, oddb::Atom atom);
 
-    bool has(int code) const { return m_groups.find(m_atom, code).has_value(); }
+    /// Another table's groups of the same object.
+    Reader in(const oddb::DxfSubclass& table) const;
+
+    bool has(int code) const { return find(code).has_value(); }
     double real(int code) const;
     /// A value that files keep in degrees, in radians.
     double angle(int code) const;
@@ -39,11 +43,13 @@ public:
 
 private:
     const oddb::DxfRow& row(int code) const;
+    std::optional<oddb::GroupView> find(int code) const;
 
     const OdDbObject& m_object;
     Groups m_groups;
     const oddb::DxfSubclass& m_table;
     oddb::Atom m_atom;
+    mutable std::optional<oddb::GroupIndex> m_index; ///< made with the first look-up
 };
 
 /// The interned marker of a table.

@@ -71,8 +71,7 @@ Line lineOf(const OdDbText& text, const OdString& shown)
     line.style.setObliquingAngle(fields.angle(51));
     line.rotation = fields.angle(50);
     line.horizontal = static_cast<OdDb::TextHorzMode>(fields.integer(72));
-    line.vertical =
-        static_cast<OdDb::TextVertMode>(Reader(text, vertical.table, vertical.table.atom()).integer(vertical.code));
+    line.vertical = static_cast<OdDb::TextVertMode>(fields.in(vertical.table).integer(vertical.code));
     line.backward = fields.flag(71, kBackward);
     line.upsideDown = fields.flag(71, kUpsideDown);
     line.frame = ocs::frameOf(fields.normal());

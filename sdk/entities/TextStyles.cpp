@@ -6,6 +6,7 @@
 
 #include "DbTextStyleTableRecord.h"
 #include "db/ObjectCore.h"
+#include "gi/fonts/Font.h"
 
 namespace textstyles
 {
@@ -86,6 +87,7 @@ OdGiTextStyle styleOf(OdDbObjectId id)
     }
     Kept& place = keptStyles[next++ % keptStyles.size()];
     place = Kept{stub, oddb::ObjectCore::groups(*record), xdataOf(*record), read(*record)};
+    fonts::Font::of(place.style); // found once for all that have the style
     return place.style;
 }
 

@@ -26,8 +26,9 @@ OdGeExtents3d& OdGeExtents3d::addPoint(const OdGePoint3d& point)
 {
     for (unsigned axis = 0; axis < 3; ++axis)
     {
-        m_min[axis] = std::fmin(m_min[axis], point[axis]);
-        m_max[axis] = std::fmax(m_max[axis], point[axis]);
+        // What is no number is passed over.
+        m_min[axis] = point[axis] < m_min[axis] ? point[axis] : m_min[axis];
+        m_max[axis] = point[axis] > m_max[axis] ? point[axis] : m_max[axis];
     }
     return *this;
 }

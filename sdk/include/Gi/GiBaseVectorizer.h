@@ -40,7 +40,7 @@ public:
     bool isLayerFrozen() const;
 
     /** True unless only the shape is of interest; setAttributes is then not asked for. */
-    bool wantsTraits() const { return m_regenType != kOdGiForExtents; }
+    virtual bool wantsTraits() const { return m_regenType != kOdGiForExtents; }
 
 protected:
     /** Asked before anything is drawn, with what its setAttributes has returned and its looks in force. Returns false

@@ -1,0 +1,43 @@
+// Many thin lines at once: how much of each pixel they cover.
+#pragma once
+
+#include <cairo.h>
+
+#include "render/Path.h"
+
+namespace render
+{
+
+/// Lines of some pixels' width are laid into a mask, which is then painted in one go. What several of them cover, they
+/// cover once.
+class LineMask
+{
+public:
+    LineMask(int width, int height);
+    ~LineMask();
+    LineMask(const LineMask&) = delete;
+    LineMask& operator=(const LineMask&) = delete;
+
+    /// Adds the lines of a path, their ends half a width longer. width is at least 1.
+    void add(const Path& path, double width);
+    /// Paints with the source of the context, whose coordinates are pixels, and forgets the lines.
+    void paint(cairo_t* context);
+
+private:
+    /// Pixels, the last ones not included.
+    struct Box
+    {
+        int left, top, right, bottom;
+    };
+
+    void addLine(const OdGePoint2d& from, const OdGePoint2d& to, double width);
+
+    cairo_surface_t* m_surface;
+    int m_width;
+    int m_height;
+    int m_stride = 0;
+    unsigned char* m_pixels = nullptr;
+    Box m_used;
+};
+
+} // namespace render

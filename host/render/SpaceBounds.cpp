@@ -1,0 +1,227 @@
+// Implements the box around a space. Of most things a rough look says that they lie within the box found so far; only
+// the others are measured.
+#include "render/SpaceBounds.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "DbBlockTableRecord.h"
+#include "Gi/GiClipBoundary.h"
+#include "Gi/GiGeometrySimplifier.h"
+#include "Gi/GiPolyline.h"
+#include "Gi/GiTextStyle.h"
+#include "render/ShownDraw.h"
+
+namespace render
+{
+
+namespace
+{
+
+constexpr double kFarthest = 1e15; ///< what lies beyond is a mistake
+constexpr double kTwoPi = 6.28318530717958647692;
+
+/// Where a + b cos(t) + c sin(t) is greatest or least, besides the ends.
+double extremeOf(double cosinePart, double sinePart)
+{
+    return std::atan2(sinePart, cosinePart);
+}
+
+class BoundsGeometry : public OdGiGeometrySimplifier
+{
+public:
+    explicit BoundsGeometry(OdGiBaseVectorizer& vectorizer) : OdGiGeometrySimplifier(vectorizer) {}
+
+    const OdGeExtents2d& bounds() const { return m_bounds; }
+
+    void draw(const OdGiDrawable* drawable) override
+    {
+        constexpr int kEntity = 2; // within the space, which is drawn first
+        if (++m_depth == kEntity)
+        {
+            m_box = OdGeExtents2d();
+            m_isTooFar = false;
+        }
+        OdGiGeometrySimplifier::draw(drawable);
+        if (m_depth-- == kEntity && !m_isTooFar)
+            m_bounds.addExt(m_box);
+    }
+
+    void polyline(OdInt32 numPoints, const OdGePoint3d* points, const OdGeVector3d* normal) override
+    {
+        const OdGeVector3d height = heightOf(normal);
+        for (OdInt32 i = 0; i < numPoints; ++i)
+            add(toWorld() * points[i], height);
+    }
+
+    void polygon(OdInt32 numPoints, const OdGePoint3d* points) override { polyline(numPoints, points, m_plineNormal); }
+
+    void pline(const OdGiPolyline& polyline) override
+    {
+        m_plineNormal = &polyline.normal;
+        OdGiGeometrySimplifier::pline(polyline);
+        m_plineNormal = nullptr;
+    }
+
+    void circularArc(const OdGePoint3d& center, double radius, const OdGeVector3d& normal,
+                     const OdGeVector3d& startVector, double sweepAngle, OdGiArcType arcType) override
+    {
+        m_arcHeight = heightOf(&normal);
+        if (arcType == kOdGiArcSector)
+            add(toWorld() * center, m_arcHeight);
+        OdGiGeometrySimplifier::circularArc(center, radius, normal, startVector, sweepAngle, arcType);
+        m_arcHeight = OdGeVector3d();
+    }
+
+    void ellipArc(const OdGePoint3d& center, const OdGeVector3d& majorAxis, const OdGeVector3d& minorAxis,
+                  double startAngle, double endAngle) override
+    {
+        const OdGePoint3d middle = toWorld() * center;
+        const OdGeVector3d major = toWorld() * majorAxis;
+        const OdGeVector3d minor = toWorld() * minorAxis;
+        const double first = std::min(startAngle, endAngle);
+        const double sweep = std::fabs(endAngle - startAngle);
+        if (!std::isfinite(first) || !std::isfinite(sweep) || isWithin(middle, reachOf(major) + reachOf(minor)))
+            return;
+        const auto addAt = [&](double t) { add(middle + major * std::cos(t) + minor * std::sin(t), m_arcHeight); };
+        addAt(startAngle);
+        addAt(endAngle);
+        for (const double extreme : {extremeOf(major.x, minor.x), extremeOf(major.y, minor.y)})
+        {
+            for (const double t : {extreme, extreme + kTwoPi / 2})
+            {
+                const double turn = std::fmod(t - first, kTwoPi);
+                if ((turn < 0.0 ? turn + kTwoPi : turn) <= sweep)
+                    addAt(t);
+            }
+        }
+    }
+
+    using OdGiGeometrySimplifier::text;
+    void text(const OdGePoint3d& position, const OdGeVector3d& normal, const OdGeVector3d& direction,
+              const OdChar* message, OdInt32 length, bool raw, const OdGiTextStyle* textStyle) override
+    {
+        // No character, code or accent reaches as far as four heights.
+        const double size = textStyle ? textStyle->textSize() : 1.0;
+        const double widest = size * (1.0 + std::fabs(textStyle ? textStyle->xScale() : 1.0)) *
+                              (1.0 + (textStyle ? std::fabs(textStyle->trackingPercent()) : 1.0));
+        const double scale = reachOf(toWorld() * direction) + reachOf(toWorld() * normal.crossProduct(direction));
+        if (!isWithin(toWorld() * position, 4.0 * widest * (length + 2.0) * scale))
+            OdGiGeometrySimplifier::text(position, normal, direction, message, length, raw, textStyle);
+    }
+
+    void pushClipBoundary(const OdGiClipBoundary& boundary) override
+    {
+        m_clips.push_back({m_box, roomOf(boundary)});
+        m_box = OdGeExtents2d();
+    }
+
+    void popClipBoundary() override
+    {
+        if (m_clips.empty())
+            return;
+        const OdGeExtents2d inside = m_box;
+        const Clip clip = m_clips.back();
+        m_clips.pop_back();
+        m_box = clip.before;
+        if (!inside.isValidExtents())
+            return;
+        const OdGePoint2d low(std::max(inside.minPoint().x, clip.room.minPoint().x),
+                              std::max(inside.minPoint().y, clip.room.minPoint().y));
+        const OdGePoint2d high(std::min(inside.maxPoint().x, clip.room.maxPoint().x),
+                               std::min(inside.maxPoint().y, clip.room.maxPoint().y));
+        if (low.x <= high.x && low.y <= high.y)
+            m_box.addPoint(low).addPoint(high);
+    }
+
+private:
+    struct Clip
+    {
+        OdGeExtents2d before; ///< what was found in front of the clip
+        OdGeExtents2d room;   ///< of the clip
+    };
+
+    static double reachOf(const OdGeVector3d& vector) { return std::fabs(vector.x) + std::fabs(vector.y); }
+
+    OdGeVector3d heightOf(const OdGeVector3d* normal) const
+    {
+        const double thickness = normal ? worldDraw().traits().thickness() : 0.0;
+        return thickness == 0.0 ? OdGeVector3d() : toWorld() * (normal->normal() * thickness);
+    }
+
+    void add(const OdGePoint3d& point, const OdGeVector3d& height)
+    {
+        add(point.x, point.y);
+        if (height.x != 0.0 || height.y != 0.0)
+            add(point.x + height.x, point.y + height.y);
+    }
+
+    void add(double x, double y)
+    {
+        if (!std::isfinite(x) || !std::isfinite(y))
+            return;
+        m_isTooFar = m_isTooFar || (m_clips.empty() && (std::fabs(x) > kFarthest || std::fabs(y) > kFarthest));
+        m_box.addPoint({x, y});
+    }
+
+    /// True when all that is this near to a point lies in what was found so far.
+    bool isWithin(const OdGePoint3d& point, double reach) const
+    {
+        return m_clips.empty() && m_arcHeight == OdGeVector3d() && m_bounds.isValidExtents() &&
+               point.x - reach >= m_bounds.minPoint().x && point.x + reach <= m_bounds.maxPoint().x &&
+               point.y - reach >= m_bounds.minPoint().y && point.y + reach <= m_bounds.maxPoint().y;
+    }
+
+    /// The box around what a clip leaves, seen from above; endless when it is not looked through along z.
+    OdGeExtents2d roomOf(const OdGiClipBoundary& boundary) const
+    {
+        OdGeExtents2d room;
+        OdGeMatrix3d fromClipSpace = boundary.m_xToClipSpace;
+        if (boundary.m_Points.size() < 2 || fromClipSpace.isSingular())
+            return {{-kFarthest, -kFarthest}, {kFarthest, kFarthest}};
+        fromClipSpace = toWorld() * fromClipSpace.invert();
+        std::vector<OdGePoint2d> corners(boundary.m_Points.begin(), boundary.m_Points.end());
+        if (corners.size() == 2)
+            corners = {corners[0], {corners[1].x, corners[0].y}, corners[1], {corners[0].x, corners[1].y}};
+        const OdGeVector3d through = fromClipSpace * OdGeVector3d(0.0, 0.0, kFarthest);
+        for (const OdGePoint2d& corner : corners)
+        {
+            const OdGePoint3d world = fromClipSpace * OdGePoint3d(corner.x, corner.y, 0.0);
+            for (const OdGePoint3d& end : {world + through, world - through})
+                room.addPoint({end.x, end.y});
+        }
+        return room;
+    }
+
+    OdGeExtents2d m_bounds;
+    OdGeExtents2d m_box; ///< of the entity that is being drawn
+    bool m_isTooFar = false;
+    int m_depth = 0;
+    OdGeVector3d m_arcHeight;
+    const OdGeVector3d* m_plineNormal = nullptr; ///< while a flat polyline is drawn
+    std::vector<Clip> m_clips;
+};
+
+class BoundsDraw : public ShownDraw
+{
+public:
+    explicit BoundsDraw(const OdDbDatabase& database) : ShownDraw(kOdGiForExtents, database), m_geometry(*this) {}
+    OdGiGeometry& geometry() const override { return m_geometry; }
+    bool wantsTraits() const override { return true; }
+    const OdGeExtents2d& bounds() const { return m_geometry.bounds(); }
+
+private:
+    mutable OdStaticRxObject<BoundsGeometry> m_geometry;
+};
+
+} // namespace
+
+OdGeExtents2d boundsOf(const OdDbObjectId& blockId)
+{
+    const OdDbBlockTableRecordPtr block = OdDbBlockTableRecord::cast(blockId.safeOpenObject());
+    OdStaticRxObject<BoundsDraw> draw(*block->database());
+    draw.geometry().draw(block);
+    return draw.bounds();
+}
+
+} // namespace render
