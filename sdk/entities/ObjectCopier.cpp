@@ -8,6 +8,7 @@
 #include "DbDimension.h"
 #include "DbEntity.h"
 #include "DbLayout.h"
+#include "DbRasterImage.h"
 #include "DbSymbolTable.h"
 #include "OdError.h"
 #include "db/BlockCore.h"
@@ -172,7 +173,10 @@ void ObjectCopier::copyOwned(const OdDbObject& source, OdDbObject& copy)
         return;
     }
     if (!intoOtherDrawing())
+    {
         copyOwnBlock(source);
+        copyImageReactor(source, copy);
+    }
     const OdDbEntityPtr entity = OdDbEntity::cast(&source);
     const SubentityList* elements = entity.isNull() ? nullptr : entity->subentities();
     if (!elements || !elements->hasElements())
@@ -213,6 +217,18 @@ void ObjectCopier::copyOwnBlock(const OdDbObject& source)
         return;
     const OdDbObjectPtr table = m_mapping.destDb()->getBlockTableId().safeOpenObject(OdDb::kForWrite);
     copy(*block, table, false);
+}
+
+// Each image is known to its definition through a reactor of its own, which goes with the image when that is erased.
+void ObjectCopier::copyImageReactor(const OdDbObject& source, OdDbObject& copy)
+{
+    const OdDbRasterImagePtr image = OdDbRasterImage::cast(&source);
+    if (image.isNull())
+        return;
+    const OdDbObjectPtr reactor = image->reactorId().openObject();
+    const OdDbObjectPtr definition = image->imageDefId().openObject(OdDb::kForWrite);
+    if (!reactor.isNull() && !definition.isNull())
+        definition->addPersistentReactor(this->copy(*reactor, &copy, false)->objectId());
 }
 
 // ---- What a copy cannot be without ----------------------------------------------------------------------------------

@@ -52,6 +52,7 @@ private:
     void copyBlock(const OdDbBlockTableRecord& source, OdDbBlockTableRecord& copy);
     void copyFrame(const OdDbObjectId& source, const OdDbObjectId& copy);
     void copyOwnBlock(const OdDbObject& source);
+    void copyImageReactor(const OdDbObject& source, OdDbObject& copy);
     Groups groupsOf(const OdDbObject& source) const;
 
     std::vector<OdDbStub*> neededBy(const OdDbObject& source) const;

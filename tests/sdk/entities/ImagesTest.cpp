@@ -7,6 +7,7 @@
 #include "DbBlockTableRecord.h"
 #include "DbDatabase.h"
 #include "DbDictionary.h"
+#include "DbIdMapping.h"
 #include "DbLine.h"
 #include "DbRasterImage.h"
 #include "DbRasterImageDef.h"
@@ -83,6 +84,24 @@ TEST_F(ImagesTest, DefinitionsKnowTheirImages)
     EXPECT_TRUE(knows(a, other));
     EXPECT_THROW(opened->setImageDefId(image), OdError);
     EXPECT_EQ(opened->imageDefId(), b);
+}
+
+TEST_F(ImagesTest, CopiesHaveReactorsOfTheirOwn)
+{
+    const OdDbObjectId definition = addDefinition(L"A"), image = addImage(definition);
+    const OdDbObjectId reactor = OdDbRasterImagePtr(image.safeOpenObject())->reactorId();
+    const OdDbIdMappingPtr mapping = OdDbIdMapping::createObject();
+    database->deepCloneObjects({image}, OdDbObjectId(), *mapping);
+    OdDbIdPair pair(image);
+    ASSERT_TRUE(mapping->compute(pair));
+    const OdDbRasterImagePtr copy = pair.value().safeOpenObject(OdDb::kForWrite);
+    EXPECT_NE(copy->reactorId(), reactor);
+    EXPECT_TRUE(knows(definition, copy->objectId()));
+    EXPECT_EQ(OdDbRasterImageDefReactorPtr(copy->reactorId().safeOpenObject())->imageId(), copy->objectId());
+    copy->erase(true);
+    EXPECT_TRUE(copy->reactorId().isErased());
+    EXPECT_FALSE(reactor.isErased());
+    EXPECT_TRUE(knows(definition, image));
 }
 
 TEST_F(ImagesTest, ReactorsGoAndComeWithTheirImages)
