@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstring>
 
 namespace session
 {
@@ -63,6 +64,23 @@ std::size_t readSequence(std::string_view bytes, std::uint32_t& character)
     return 0;
 }
 
+// Copies the characters below 0x80 that bytes begins with, so far as they come in blocks; how many these are.
+std::size_t copyPlainBlocks(std::string_view bytes, wchar_t* to)
+{
+    constexpr std::size_t kBlock = 8;
+    std::size_t at = 0;
+    for (; at + kBlock <= bytes.size(); at += kBlock)
+    {
+        std::uint64_t block;
+        std::memcpy(&block, bytes.data() + at, kBlock);
+        if ((block & 0x8080808080808080) != 0)
+            break;
+        for (std::size_t i = 0; i < kBlock; ++i)
+            to[at + i] = static_cast<wchar_t>(bytes[at + i]);
+    }
+    return at;
+}
+
 wchar_t* putUnits(std::uint32_t character, wchar_t* to)
 {
     if (character < 0x10000)
@@ -103,6 +121,11 @@ std::size_t decodeUtf8(std::string_view bytes, std::vector<wchar_t>& units)
     std::size_t at = 0;
     while (at < bytes.size())
     {
+        const std::size_t plain = copyPlainBlocks(bytes.substr(at), to);
+        at += plain;
+        to += plain;
+        if (at == bytes.size())
+            break;
         const auto byte = static_cast<unsigned char>(bytes[at]);
         if (byte < 0x80)
         {

@@ -1,5 +1,7 @@
 // Editing rows of groups by the tables of classes: what is there is replaced in its place, and what is missing comes
 // where the class has it.
+#include <algorithm>
+
 #include "DxfClassTable.h"
 
 namespace oddb
@@ -149,6 +151,10 @@ private:
 
     Groups replaceFrom(Section found) const
     {
+        const bool isSame = static_cast<std::size_t>(found.last - found.first) == m_replacement.size() &&
+                            std::equal(found.first, found.last, m_replacement.begin());
+        if (isSame && (!m_row || !m_row->repeats))
+            return m_groups;
         if (!m_row || !m_row->repeats)
             return m_groups.spliced(found.first, found.last, m_replacement);
         GroupsBuilder edited;

@@ -156,10 +156,10 @@ OdResult OdDbEntity::setColor(const OdCmColor& color, bool doSubents)
         setInteger(*this, kEntity, kTrueColor, color.entityColor().rgb());
     else
         remove(*this, kEntity, kTrueColor);
-    if (color.colorName().isEmpty())
-        remove(*this, kEntity, kColorName);
-    else
+    if (!color.colorName().isEmpty())
         setText(*this, kEntity, kColorName, color.bookName() + L"$" + color.colorName());
+    else if (read<kEntity>(*this).has(kColorName))
+        remove(*this, kEntity, kColorName);
     setInteger(*this, kEntity, kColorIndex, color.colorIndex());
     if (doSubents)
         changeSubentities(*this, [&](OdDbEntity& element) { element.setColor(color); });

@@ -185,11 +185,19 @@ LastVertex lastVertexOf(const Reader& fields)
 /// As putVertices, for one more behind all that are there.
 void appendVertex(OdDbPolyline& polyline, const Reader& fields, const LastVertex& last, const Vertex& vertex)
 {
-    oddb::GroupsBuilder added;
-    appendVertex(added, vertex);
-    const Groups edited = fields.groups().spliced(last.end, last.end, added);
+    const Groups& groups = fields.groups();
     const std::int64_t count = last.count + 1;
-    oddb::ObjectCore::changeGroups(polyline, oddb::withInteger(edited, classOf(polyline), kPolyline, 90, count));
+    const std::optional<oddb::GroupView> number = groups.find(fields.atom(), 90);
+    const bool isCountedBefore = number && number->next() <= last.end;
+    oddb::GroupsBuilder edited;
+    edited.appendItems(groups.begin()->item(), isCountedBefore ? number->item() : last.end);
+    if (isCountedBefore)
+        edited.integer(90, count).appendItems(number->next(), last.end);
+    appendVertex(edited, vertex);
+    edited.appendItems(last.end, groups.end()->item());
+    const Groups built = edited.build();
+    oddb::ObjectCore::changeGroups(
+        polyline, isCountedBefore ? built : oddb::withInteger(built, classOf(polyline), kPolyline, 90, count));
 }
 
 void putWidths(Vertex& vertex, double start, double end)
