@@ -133,9 +133,8 @@ void CairoCanvas::paintStrokes(Strokes& strokes)
     if (strokes.path.empty())
         return;
     const bool isThin = strokes.width <= kThin;
-    if (isThin && m_mask && isCrowded(strokes.path))
+    if (isThin && m_mask && isCrowded(strokes.path) && m_mask->add(strokes.path, strokes.width))
     {
-        m_mask->add(strokes.path, strokes.width);
         m_mask->paint(m_context);
         return strokes.path.clear();
     }

@@ -27,14 +27,18 @@ int floorOf(double value)
 
 } // namespace
 
-LineMask::LineMask(int width, int height)
-    : m_surface(cairo_image_surface_create(CAIRO_FORMAT_A8, width, height)), m_width(width),
-      m_height(height), m_used{width, height, 0, 0}
+LineMask::LineMask(int width, int height) : m_width(width), m_height(height), m_used{width, height, 0, 0} {}
+
+/// Most pictures have no crowds, and need no room for a mask.
+bool LineMask::makeRoom()
 {
+    if (!m_surface)
+        m_surface = cairo_image_surface_create(CAIRO_FORMAT_A8, m_width, m_height);
     if (cairo_surface_status(m_surface) != CAIRO_STATUS_SUCCESS)
-        return;
+        return false;
     m_stride = cairo_image_surface_get_stride(m_surface);
     m_pixels = cairo_image_surface_get_data(m_surface);
+    return true;
 }
 
 LineMask::~LineMask()
@@ -42,14 +46,17 @@ LineMask::~LineMask()
     cairo_surface_destroy(m_surface);
 }
 
-void LineMask::add(const Path& path, double width)
+bool LineMask::add(const Path& path, double width)
 {
+    if (!makeRoom())
+        return false;
     path.visitLines(kDeviation,
                     [&](const OdGePoint2d& from, const OdGePoint2d& to)
                     {
-                        if (m_pixels && isNear(from) && isNear(to))
+                        if (isNear(from) && isNear(to))
                             addLine(from, to, width);
                     });
+    return true;
 }
 
 /// A line is a row of spans across it, one for each pixel along the axis that it runs along most.

@@ -18,8 +18,8 @@ public:
     LineMask(const LineMask&) = delete;
     LineMask& operator=(const LineMask&) = delete;
 
-    /// Adds the lines of a path, their ends half a width longer. width is at least 1.
-    void add(const Path& path, double width);
+    /// Adds the lines of a path, their ends half a width longer. False when there is no memory for the mask.
+    bool add(const Path& path, double width);
     /// Paints with the source of the context, whose coordinates are pixels, and forgets the lines.
     void paint(cairo_t* context);
 
@@ -30,9 +30,10 @@ private:
         int left, top, right, bottom;
     };
 
+    bool makeRoom();
     void addLine(const OdGePoint2d& from, const OdGePoint2d& to, double width);
 
-    cairo_surface_t* m_surface;
+    cairo_surface_t* m_surface = nullptr;
     int m_width;
     int m_height;
     int m_stride = 0;

@@ -1,6 +1,7 @@
 // Implements the cutting of lines into dashes.
 #include "render/LinePattern.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace render
@@ -65,15 +66,19 @@ private:
     double m_rest;
 };
 
-/// How much of the first dash is left out, so that both ends of the line have as much of it; negative for a line that
-/// is to be drawn whole.
-double startWithin(const LinePattern& pattern, double length)
+/// An open line begins and ends with a dash. Both are as long, at least half a dash, and take what the repeats leave.
+struct Ends
 {
-    const double first = pattern.lengths.front();
-    if (first <= 0.0)
-        return 0.0;
-    const double repeats = std::ceil((length - first) / pattern.total);
-    return repeats < 1.0 ? -1.0 : first - (length - repeats * pattern.total + first) / 2.0;
+    double repeats = 0.0; ///< of the pattern; none for a line that is too short for one
+    double dash = 0.0;    ///< length of the first dash and of the last
+};
+
+Ends endsOf(const LinePattern& pattern, double length)
+{
+    Ends ends;
+    ends.repeats = std::floor(length / pattern.total + 1e-9);
+    ends.dash = std::max((length - ends.repeats * pattern.total + pattern.lengths.front()) / 2.0, 0.0);
+    return ends;
 }
 
 } // namespace
@@ -82,20 +87,25 @@ void addDashes(const std::vector<OdGePoint2d>& line, bool isClosed, const LinePa
 {
     constexpr double kMostRepeats = 100000.0;
     const double length = lengthOf(line);
-    double skipped = isClosed ? 0.0 : startWithin(pattern, length);
-    if (skipped < 0.0 || !(length / pattern.total < kMostRepeats))
+    const bool hasEnds = !isClosed && pattern.lengths.front() > 0.0;
+    const Ends ends = hasEnds ? endsOf(pattern, length) : Ends{1.0, pattern.lengths.front()};
+    if (ends.repeats < 1.0 || !(length / pattern.total < kMostRepeats))
         return addWhole(line, dashes);
     Walker walker(line);
-    for (std::size_t i = 0; !walker.isAtEnd(); i = (i + 1) % pattern.lengths.size())
+    double repeats = ends.repeats;
+    double step = ends.dash;
+    for (std::size_t i = 0; !walker.isAtEnd();)
     {
-        const double step = std::fabs(pattern.lengths[i]) - skipped;
-        skipped = 0.0;
         const bool isGap = pattern.lengths[i] < 0.0;
         if (!isGap)
             dashes.moveTo(walker.place());
         if (!isGap && step <= 0.0)
             dashes.lineTo(walker.place());
-        walker.go(step, isGap ? nullptr : &dashes);
+        walker.go(std::fabs(step), isGap ? nullptr : &dashes);
+        i = (i + 1) % pattern.lengths.size();
+        repeats -= i == 0 ? 1.0 : 0.0;
+        const bool isLast = hasEnds && i == 0 && repeats < 0.5;
+        step = isLast ? 2.0 * length : pattern.lengths[i];
     }
 }
 

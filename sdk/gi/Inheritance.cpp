@@ -11,6 +11,14 @@ namespace gi
 namespace
 {
 
+/// Colour 7 is whatever is seen on the ground at hand. Some programs write it as white beside, which means the same.
+bool isForeground(const OdDbLayerTableRecord& layer)
+{
+    const OdCmEntityColor color = layer.color().entityColor();
+    return layer.colorIndex() == OdCmEntityColor::kACIforeground && color.isByColor() && color.red() == 255 &&
+           color.green() == 255 && color.blue() == 255;
+}
+
 LayerLooks read(OdDbStub* layer)
 {
     LayerLooks looks;
@@ -24,7 +32,7 @@ LayerLooks read(OdDbStub* layer)
     looks.transparency = record->transparency();
     looks.isOff = record->isOff();
     looks.isFrozen = record->isFrozen();
-    if (looks.color.isByLayer() || looks.color.isByBlock())
+    if (looks.color.isByLayer() || looks.color.isByBlock() || isForeground(*record))
         looks.color.setColorIndex(OdCmEntityColor::kACIforeground);
     if (looks.lineWeight < 0)
         looks.lineWeight = OdDb::kLnWtByLwDefault;

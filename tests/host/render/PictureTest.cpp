@@ -82,6 +82,44 @@ TEST_F(PictureTest, ColourSevenIsSeenOnEveryBackground)
     }
 }
 
+TEST_F(PictureTest, LayersThatAreColourSevenAndWhiteAreSeenOnWhite)
+{
+    std::string text =
+        support::drawingOf({{square("A1", "WHITE", 0, 0), square("A2", "0", 20, 0, "62 7|420 16777215")}});
+    const std::string layers = support::groups("0 TABLE|2 LAYER");
+    text.insert(text.find(layers) + layers.size(),
+                support::groups("0 LAYER|2 WHITE|70 0|62 7|420 16777215|6 CONTINUOUS"));
+    support::writeWholeFile(path("drawing.dxf"), text);
+    const session::OpenDrawing drawing(odUtf8ToString(path("drawing.dxf")));
+    render::paintPicture(drawing.database(), order);
+    EXPECT_EQ(colorAt(Pixels(order.file), 5, 5), kBlack);
+    EXPECT_EQ(colorAt(Pixels(order.file), 25, 5), kWhite) << "what is white by itself hides what is behind";
+}
+
+/// What is painted through a mask looks as what is painted one by one.
+TEST_F(PictureTest, CrowdsOfLinesAreAsDarkAsSingleLines)
+{
+    const auto darkness = [this](int copies)
+    {
+        support::Content content;
+        for (int i = 0; i < copies; ++i)
+        {
+            content.entities.push_back("LINE AA" + std::to_string(i) + " 0|100 AcDbLine|10 10|20 10|11 90|21 40");
+            content.entities.push_back("LINE AB" + std::to_string(i) + " 0|100 AcDbLine|10 10|20 20|11 10|21 90");
+            content.entities.push_back("CIRCLE AC" + std::to_string(i) + " 0|100 AcDbCircle|10 60|20 65|40 20");
+        }
+        paint(content);
+        const Pixels pixels(order.file);
+        double dark = 0.0;
+        for (int y = 0; y < pixels.height(); ++y)
+            for (int x = 0; x < pixels.width(); ++x)
+                dark += (255 - pixels.at(x, y).red) / 255.0;
+        return dark;
+    };
+    const double single = darkness(1);
+    EXPECT_NEAR(darkness(400), single, 0.01 * single);
+}
+
 TEST_F(PictureTest, LinesAreAsWideAsTheyWeigh)
 {
     paint({{"LINE A1 0|370 211|100 AcDbLine|10 20|20 0|11 20|21 100",
@@ -110,7 +148,7 @@ TEST_F(PictureTest, LinetypesKeepTheirScales)
     content.entities = {"LINE A1 0|6 DASHED|100 AcDbLine|10 0|20 20|11 100|21 20",
                         "LINE A2 0|6 DASHED|48 0.5|100 AcDbLine|10 0|20 40|11 100|21 40",
                         "LINE A3 0|6 DASHED|48 0.001|100 AcDbLine|10 0|20 60|11 100|21 60",
-                        "LWPOLYLINE A4 0|6 DASHED|100 AcDbPolyline|90 2|70 0|10 0|20 80|10 4|20 80"};
+                        "LWPOLYLINE A4 0|6 DASHED|100 AcDbPolyline|90 2|70 0|10 0|20 80|10 9|20 80"};
     std::string text = support::drawingOf(content);
     const std::string layers = support::group(0, "TABLE") + support::group(2, "LAYER");
     text.insert(text.find(layers), linetype);
@@ -134,6 +172,7 @@ TEST_F(PictureTest, LinetypesKeepTheirScales)
     EXPECT_EQ(dashesAt(40), 21);
     EXPECT_EQ(dashesAt(60), 1) << "too fine to be seen";
     EXPECT_EQ(dashesAt(80), 1) << "too short for the pattern";
+    EXPECT_TRUE(pixels.at(1, 80).red < 160 && pixels.at(390, 160).red < 160) << "the ends are dashes";
 }
 
 TEST_F(PictureTest, SheetsShowTheModelThroughTheirViewports)
@@ -215,8 +254,13 @@ TEST_F(PictureTest, TextsAreSeenWhereTheirExtentsSay)
         "TEXT A1 0|100 AcDbText|10 10|20 50|40 8|1 %%uunder%%u %%oover",
         "MTEXT A1 0|100 AcDbMText|10 20|20 80|40 8|41 60|71 1|72 1|1 {\\fArial;wide} and\\P\\S1/2; {\\H1.5x;high}",
         "MTEXT A1 0|100 AcDbMText|10 50|20 50|40 6|41 0|71 5|72 1|1 centred\\Pg|11 0.8|21 0.6|31 0",
+        "MTEXT A1 0|100 AcDbMText|10 90|20 50|40 6|41 0|71 9|72 1|1 {\\fTimes New Roman;fj\\C1;Q} \\W1.4;wide",
+        "MTEXT A1 0|100 AcDbMText|10 10|20 50|40 6|41 0|71 4|72 1|1 {\\fCourier New;Ayg} \\T1.5;far \\Q25;slant",
+        "MTEXT A1 0|100 AcDbMText|10 10|20 90|40 6|41 0|71 1|72 1|1 \\Lunder\\l "
+        "\\Kstruck\\k\\P{\\Ftxt.shx;\\S+0.1^-0.2;}g",
     };
-    order.size = render::PageSize{1000, 1000};
+    constexpr double kPixels = 25.0; // of a drawing unit
+    order.size = render::PageSize{2500, 2500};
     for (const char* text : texts)
     {
         support::writeWholeFile(path("drawing.dxf"), support::drawingOf({{text}}));
@@ -226,11 +270,12 @@ TEST_F(PictureTest, TextsAreSeenWhereTheirExtentsSay)
         const OdDbBlockTableRecordPtr model = drawing.database().getModelSpaceId().safeOpenObject();
         OdGeExtents3d extents;
         ASSERT_EQ(model->newIterator()->entity()->getGeomExtents(extents), eOk);
-        // Ten pixels are a drawing unit, a hundredth of the text height is less than one pixel.
-        EXPECT_NEAR(seen.minPoint().x, extents.minPoint().x * 10, 1.2) << text;
-        EXPECT_NEAR(seen.maxPoint().x, extents.maxPoint().x * 10, 1.2) << text;
-        EXPECT_NEAR(1000 - seen.maxPoint().y, extents.minPoint().y * 10, 1.2) << text;
-        EXPECT_NEAR(1000 - seen.minPoint().y, extents.maxPoint().y * 10, 1.2) << text;
+        // A hundredth of the lowest text height.
+        constexpr double kHundredth = 0.06 * kPixels;
+        EXPECT_NEAR(seen.minPoint().x, extents.minPoint().x * kPixels, kHundredth) << text;
+        EXPECT_NEAR(seen.maxPoint().x, extents.maxPoint().x * kPixels, kHundredth) << text;
+        EXPECT_NEAR(2500 - seen.maxPoint().y, extents.minPoint().y * kPixels, kHundredth) << text;
+        EXPECT_NEAR(2500 - seen.minPoint().y, extents.maxPoint().y * kPixels, kHundredth) << text;
     }
 }
 
