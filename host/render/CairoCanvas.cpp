@@ -14,7 +14,7 @@ namespace
 {
 
 constexpr std::size_t kMostKept = 20000;    ///< steps of paths that are painted at once
-constexpr std::size_t kMostMasked = 200000; ///< the same where there is a mask
+constexpr std::size_t kMostMasked = 400000; ///< the same where there is a mask
 constexpr double kThin = 1.5;               ///< pixels up to which ends and corners of lines are not seen
 constexpr double kPixelsForStep = 1000.0;   ///< pixels of a mask that are painted in the time of a stroke's step
 

@@ -11,7 +11,7 @@ namespace render
 namespace
 {
 
-constexpr double kDeviation = 0.1; ///< of curves, in pixels
+constexpr double kDeviation = 0.2; ///< of curves, in pixels
 constexpr double kFar = 1e6;
 
 bool isNear(const OdGePoint2d& point)

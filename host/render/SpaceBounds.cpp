@@ -4,8 +4,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <unordered_map>
 
+#include "DbBlockReference.h"
 #include "DbBlockTableRecord.h"
+#include "DbEntity.h"
 #include "Gi/GiClipBoundary.h"
 #include "Gi/GiGeometrySimplifier.h"
 #include "Gi/GiPolyline.h"
@@ -27,22 +30,33 @@ double extremeOf(double cosinePart, double sinePart)
     return std::atan2(sinePart, cosinePart);
 }
 
+/// The box around a space as it is seen, or around all that a block holds.
+OdGeExtents2d boundsOf(const OdDbObjectId& blockId, bool isOfBlock);
+
 class BoundsGeometry : public OdGiGeometrySimplifier
 {
 public:
-    explicit BoundsGeometry(OdGiBaseVectorizer& vectorizer) : OdGiGeometrySimplifier(vectorizer) {}
+    BoundsGeometry(OdGiBaseVectorizer& vectorizer, bool isOfBlock)
+        : OdGiGeometrySimplifier(vectorizer), m_isOfBlock(isOfBlock)
+    {
+    }
 
     const OdGeExtents2d& bounds() const { return m_bounds; }
 
     void draw(const OdGiDrawable* drawable) override
     {
         constexpr int kEntity = 2; // within the space, which is drawn first
+        if (m_depth + 1 == kEntity && isReferenceWithin(drawable))
+            return;
         if (++m_depth == kEntity)
         {
             m_box = OdGeExtents2d();
             m_isTooFar = false;
+            m_hasTurnedText = false;
         }
         OdGiGeometrySimplifier::draw(drawable);
+        if (m_depth == kEntity && m_hasTurnedText)
+            measure(drawable);
         if (m_depth-- == kEntity && !m_isTooFar)
             m_bounds.addExt(m_box);
     }
@@ -106,8 +120,11 @@ public:
         const double widest = size * (1.0 + std::fabs(textStyle ? textStyle->xScale() : 1.0)) *
                               (1.0 + (textStyle ? std::fabs(textStyle->trackingPercent()) : 1.0));
         const double scale = reachOf(toWorld() * direction) + reachOf(toWorld() * normal.crossProduct(direction));
-        if (!isWithin(toWorld() * position, 4.0 * widest * (length + 2.0) * scale))
-            OdGiGeometrySimplifier::text(position, normal, direction, message, length, raw, textStyle);
+        if (isWithin(toWorld() * position, 4.0 * widest * (length + 2.0) * scale))
+            return;
+        const OdGeVector3d along = toWorld() * direction;
+        m_hasTurnedText = m_hasTurnedText || (along.x != 0.0 && along.y != 0.0);
+        OdGiGeometrySimplifier::text(position, normal, direction, message, length, raw, textStyle);
     }
 
     void pushClipBoundary(const OdGiClipBoundary& boundary) override
@@ -141,6 +158,19 @@ private:
         OdGeExtents2d room;   ///< of the clip
     };
 
+    /// Of turned texts the frames reach farther than the letters, which the entity itself looks at.
+    void measure(const OdGiDrawable* drawable)
+    {
+        const OdDbEntityPtr entity = OdDbEntity::cast(drawable);
+        OdGeExtents3d box;
+        if (m_isOfBlock || entity.isNull() || entity->getGeomExtents(box) != eOk)
+            return;
+        m_box = OdGeExtents2d();
+        m_isTooFar = false;
+        for (const OdGePoint3d& corner : {box.minPoint(), box.maxPoint()})
+            add(corner.x, corner.y);
+    }
+
     static double reachOf(const OdGeVector3d& vector) { return std::fabs(vector.x) + std::fabs(vector.y); }
 
     OdGeVector3d heightOf(const OdGeVector3d* normal) const
@@ -172,6 +202,35 @@ private:
                point.y - reach >= m_bounds.minPoint().y && point.y + reach <= m_bounds.maxPoint().y;
     }
 
+    /// True when a block reference holds nothing outside of what was found so far. Of attributes this is not known.
+    bool isReferenceWithin(const OdGiDrawable* drawable)
+    {
+        if (m_isOfBlock || !drawable || drawable->isA() != OdDbBlockReference::desc())
+            return false;
+        const OdDbBlockReferencePtr reference = OdDbBlockReference::cast(drawable);
+        if (!m_bounds.isValidExtents() || !reference->attributeIterator()->done())
+            return false;
+        const OdDbObjectId block = reference->blockTableRecord();
+        const auto [known, isNew] = m_blocks.try_emplace(static_cast<OdDbStub*>(block));
+        if (isNew && !block.isErased())
+            known->second = boundsOf(block, true);
+        const OdGeMatrix3d map = reference->blockTransform();
+        const bool isFlat = map.entry[0][2] == 0.0 && map.entry[1][2] == 0.0;
+        if (!isFlat || !known->second.isValidExtents())
+            return false;
+        const OdGePoint2d& low = known->second.minPoint();
+        const OdGePoint2d& high = known->second.maxPoint();
+        for (const double x : {low.x, high.x})
+        {
+            for (const double y : {low.y, high.y})
+            {
+                if (!isWithin(map * OdGePoint3d(x, y, 0.0), 0.0))
+                    return false;
+            }
+        }
+        return true;
+    }
+
     /// The box around what a clip leaves, seen from above; endless when it is not looked through along z.
     OdGeExtents2d roomOf(const OdGiClipBoundary& boundary) const
     {
@@ -193,35 +252,54 @@ private:
         return room;
     }
 
+    bool m_isOfBlock;
     OdGeExtents2d m_bounds;
     OdGeExtents2d m_box; ///< of the entity that is being drawn
     bool m_isTooFar = false;
+    bool m_hasTurnedText = false;
     int m_depth = 0;
     OdGeVector3d m_arcHeight;
     const OdGeVector3d* m_plineNormal = nullptr; ///< while a flat polyline is drawn
     std::vector<Clip> m_clips;
+    std::unordered_map<OdDbStub*, OdGeExtents2d> m_blocks; ///< what each block definition reaches
 };
 
 class BoundsDraw : public ShownDraw
 {
 public:
-    explicit BoundsDraw(const OdDbDatabase& database) : ShownDraw(kOdGiForExtents, database), m_geometry(*this) {}
+    BoundsDraw(const OdDbDatabase& database, bool isOfBlock)
+        : ShownDraw(kOdGiForExtents, database), m_geometry(*this, isOfBlock), m_isOfBlock(isOfBlock)
+    {
+    }
     OdGiGeometry& geometry() const override { return m_geometry; }
     bool wantsTraits() const override { return true; }
     const OdGeExtents2d& bounds() const { return m_geometry.bounds(); }
 
+protected:
+    /// What is seen of a block depends on the reference.
+    bool isShown(const OdGiDrawable& drawable, OdUInt32 flags) override
+    {
+        return m_isOfBlock || ShownDraw::isShown(drawable, flags);
+    }
+
 private:
     mutable OdStaticRxObject<BoundsGeometry> m_geometry;
+    bool m_isOfBlock;
 };
+
+OdGeExtents2d boundsOf(const OdDbObjectId& blockId, bool isOfBlock)
+{
+    const OdDbBlockTableRecordPtr block = OdDbBlockTableRecord::cast(blockId.safeOpenObject());
+    OdStaticRxObject<BoundsDraw> draw(*block->database(), isOfBlock);
+    draw.geometry().draw(block);
+    return draw.bounds();
+}
 
 } // namespace
 
 OdGeExtents2d boundsOf(const OdDbObjectId& blockId)
 {
-    const OdDbBlockTableRecordPtr block = OdDbBlockTableRecord::cast(blockId.safeOpenObject());
-    OdStaticRxObject<BoundsDraw> draw(*block->database());
-    draw.geometry().draw(block);
-    return draw.bounds();
+    return boundsOf(blockId, false);
 }
 
 } // namespace render

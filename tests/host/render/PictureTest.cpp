@@ -1,11 +1,14 @@
 // What pictures show of drawings: layers, colours, widths, patterns, views, and whatever a drawing can do to break
 // them.
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 
 #include "DbBlockTableRecord.h"
 #include "DbEntity.h"
+#include "DbLayerTableRecord.h"
 #include "PaintedPicture.h"
+#include "render/SpaceBounds.h"
 
 namespace
 {
@@ -243,6 +246,53 @@ TEST_F(PictureTest, ShowsTheWindowTheViewOrEverything)
 }
 
 /// Extents and pictures agree about what is seen of texts, whatever their style and direction.
+TEST_F(PictureTest, BoundsAreThoseOfEachEntityTogether)
+{
+    std::vector<std::string> files{path("own.dxf")};
+    support::Content content;
+    content.entities = {square("A1", "0", 0, 0),
+                        square("A2", "OFF", 500, 0),
+                        square("A3", "FROZEN", 0, 500),
+                        square("A4", "0", -500, 0, "60 1"),
+                        "CIRCLE A5 0|100 AcDbCircle|10 50|20 50|40 60",
+                        "ARC A6 0|100 AcDbCircle|10 50|20 50|40 80|100 AcDbArc|50 200|51 10",
+                        "TEXT A7 0|100 AcDbText|10 90|20 90|40 30|1 reaching far|50 30",
+                        "INSERT A8 0|100 AcDbBlockReference|2 B|10 0|20 0|41 8|50 30",
+                        "INSERT A9 0|100 AcDbBlockReference|2 B|10 20|20 20",
+                        "INSERT AA 0|100 AcDbBlockReference|2 B|10 20|20 20|41 30|42 30|50 120"};
+    content.blocks = {{"B", {square("E1", "0", 0, 0), "INSERT E2 0|100 AcDbBlockReference|2 C|10 5|20 5|50 45"}},
+                      {"C", {"LINE E3 0|100 AcDbLine|10 0|20 0|11 9|21 0"}}};
+    support::writeWholeFile(files.front(), support::drawingOf(content));
+    if (const char* folder = std::getenv("ZOLCAD_DRAWINGS"))
+        for (const auto& entry : std::filesystem::directory_iterator(folder))
+            if (entry.path().extension() == ".dxf")
+                files.push_back(entry.path().string());
+    for (const std::string& file : files)
+    {
+        const session::OpenDrawing drawing(odUtf8ToString(file));
+        const OdDbBlockTableRecordPtr model = drawing.database().getModelSpaceId().safeOpenObject();
+        OdGeExtents2d all;
+        for (const OdDbObjectIteratorPtr at = model->newIterator(); !at->done(); at->step())
+        {
+            const OdDbEntityPtr entity = at->entity();
+            const OdDbLayerTableRecordPtr layer = entity->layerId().safeOpenObject();
+            const bool isHidden = layer->isOff() || layer->isFrozen() || entity->layer() == L"Defpoints" ||
+                                  entity->visibility() == OdDb::kInvisible;
+            if (OdGeExtents3d box; !isHidden && entity->getGeomExtents(box) == eOk)
+                all.addPoint({box.minPoint().x, box.minPoint().y}).addPoint({box.maxPoint().x, box.maxPoint().y});
+        }
+        const OdGeExtents2d bounds = render::boundsOf(model->objectId());
+        ASSERT_EQ(bounds.isValidExtents(), all.isValidExtents()) << file;
+        const double tolerance = 1e-9 * (1.0 + all.diagonal().length());
+        EXPECT_TRUE(all.contains(bounds, OdGeTol(tolerance))) << file;
+        // What other programs draw may hold parts that are not seen; the bounds are then nearer.
+        if (file == files.front())
+        {
+            EXPECT_TRUE(bounds.contains(all, OdGeTol(tolerance))) << file;
+        }
+    }
+}
+
 TEST_F(PictureTest, TextsAreSeenWhereTheirExtentsSay)
 {
     const char* texts[] = {
