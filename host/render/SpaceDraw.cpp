@@ -36,7 +36,7 @@ void SpaceGeometry::draw(const OdGiDrawable* drawable)
 }
 
 SpaceDraw::SpaceDraw(Canvas& canvas, Looks& looks, OdDbDatabase& database)
-    : ShownDraw(kOdGiStandardDisplay, database), m_geometry(*this, canvas, looks), m_canvas(canvas), m_looks(looks),
+    : ShownDraw(kOdGiStandardDisplay, database), m_geometry(*this, canvas, looks), m_canvas(canvas),
       m_database(database)
 {
 }

@@ -46,7 +46,6 @@ private:
 
     mutable OdStaticRxObject<SpaceGeometry> m_geometry;
     Canvas& m_canvas;
-    Looks& m_looks;
     OdDbDatabase& m_database;
     PageMap m_sheet; ///< how the space is seen
     double m_sheetScale = 1.0;
