@@ -109,7 +109,7 @@ struct Names
     OdDbDictionaryPtr add()
     {
         const OdDbDictionaryPtr root = drawing.database().getNamedObjectsDictionaryId().safeOpenObject(OdDb::kForWrite);
-        const OdDbDictionaryPtr dictionary = OdDbDictionary::createObject();
+        OdDbDictionaryPtr dictionary = OdDbDictionary::createObject();
         root->setAt(L"BENCH", dictionary);
         return dictionary;
     }

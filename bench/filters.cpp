@@ -32,8 +32,10 @@ public:
         m_db = OdDbDatabase::createObject();
         m_db->initialize();
         const OdDbBlockTableRecordPtr space = m_db->getModelSpaceId().safeOpenObject(OdDb::kForWrite);
+        constexpr int kBlocks = 200;
         std::vector<OdDbObjectId> blocks;
-        for (int i = 0; i < 200; ++i)
+        blocks.reserve(kBlocks);
+        for (int i = 0; i < kBlocks; ++i)
             blocks.push_back(addBlock(i));
         for (int i = 0; i < kEntities; ++i)
         {

@@ -35,7 +35,7 @@ OdDbDatabasePtr open(const std::string& file)
 {
     static const bool isStarted = (odInitialize(), true);
     static_cast<void>(isStarted);
-    const OdDbDatabasePtr database = OdDbDatabase::createObject();
+    OdDbDatabasePtr database = OdDbDatabase::createObject();
     database->readFile(odUtf8ToString(file));
     return database;
 }

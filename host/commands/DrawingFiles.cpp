@@ -41,7 +41,7 @@ void requireFileName(const OdString& file)
 
 OdString writeDrawing(OdDbDatabase& database, const WriteOrder& order)
 {
-    const OdString file = order.file.isEmpty() ? database.getFilename() : order.file;
+    OdString file = order.file.isEmpty() ? database.getFilename() : order.file;
     if (file.isEmpty())
         throw OdError(eInvalidInput, OdString(L"the drawing has no file yet: FILE is missing"));
     requireFileName(file);

@@ -43,7 +43,7 @@ void requireOrdinary(const OdDbObject& object)
 
 OdDbObjectPtr openOrdinary(const OdDbObjectId& id, OdDb::OpenMode mode)
 {
-    const OdDbObjectPtr object = id.safeOpenObject(mode);
+    OdDbObjectPtr object = id.safeOpenObject(mode);
     requireOrdinary(*object);
     return object;
 }

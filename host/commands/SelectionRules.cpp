@@ -15,7 +15,7 @@ namespace
 OdEdSSetTrackerPtr filterOf(const Parameters& parameters)
 {
     OdRxObject* const object = parameters.object(L"FILTEROBJECT");
-    const OdEdSSetTrackerPtr filter = OdEdSSetTracker::cast(object);
+    OdEdSSetTrackerPtr filter = OdEdSSetTracker::cast(object);
     if (object != nullptr && filter.isNull())
         throw OdError(eNotThatKindOfClass, OdString(L"FILTEROBJECT is no filter of selections"));
     return filter;

@@ -19,7 +19,7 @@ OdString nameOf(const CommandRun& run)
 
 OdDbSelectionSetPtr requireSet(const CommandRun& run, const OdChar* parameter)
 {
-    const OdDbSelectionSetPtr set = run.parameters.selectionSet(parameter);
+    OdDbSelectionSetPtr set = run.parameters.selectionSet(parameter);
     if (set.isNull())
         throw OdError(eNullObjectPointer, OdString(L"the parameter ") + parameter + L" is missing");
     return set;

@@ -54,7 +54,7 @@ NamedSet* findNamed(const OdDbDatabase& database, const OdString& name)
 
 OdDbSelectionSetPtr copyOf(const OdDbDatabase& database, const OdDbSelectionSet& set)
 {
-    const OdDbSelectionSetPtr copy = OdDbSelectionSet::createObject(&database);
+    OdDbSelectionSetPtr copy = OdDbSelectionSet::createObject(&database);
     copy->append(set.objectIdArray());
     return copy;
 }

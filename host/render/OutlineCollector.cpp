@@ -26,6 +26,7 @@ public:
     void polyline(OdInt32 numPoints, const OdGePoint3d* points, const OdGeVector3d*) override
     {
         std::vector<OdGePoint2d> piece;
+        piece.reserve(static_cast<std::size_t>(numPoints));
         for (OdInt32 i = 0; i < numPoints; ++i)
             piece.push_back(map.at(toWorld() * points[i]));
         add(piece);

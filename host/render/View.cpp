@@ -93,7 +93,7 @@ OdDbLayoutPtr findLayout(OdDbDatabase& database, const OdString& name)
     OdString names;
     for (OdDbDictionaryIteratorPtr at = layouts->newIterator(); !at->done(); at->next())
     {
-        const OdDbLayoutPtr layout = OdDbLayout::cast(at->objectId().openObject());
+        OdDbLayoutPtr layout = OdDbLayout::cast(at->objectId().openObject());
         if (layout.isNull())
             continue;
         if (odEqualsNoCase(at->name(), name))

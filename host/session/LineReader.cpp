@@ -13,7 +13,7 @@ namespace session
 namespace
 {
 
-constexpr std::size_t kSmallestRead = 64 * 1024;
+constexpr std::size_t kSmallestRead = std::size_t{64} * 1024;
 
 } // namespace
 

@@ -18,7 +18,7 @@ namespace session
 namespace
 {
 
-constexpr std::size_t kReusedMemory = 64 * 1024;
+constexpr std::size_t kReusedMemory = std::size_t{64} * 1024;
 constexpr int kDeepestNesting = 512;
 constexpr std::size_t kShownDigits = 40;
 

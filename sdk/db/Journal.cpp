@@ -124,7 +124,7 @@ void Journal::record(std::unique_ptr<JournalChange> change)
     if (!takesSteps())
         return;
     push(Kind::Change, nullptr, change.get());
-    change.release();
+    static_cast<void>(change.release());
 }
 
 void Journal::push(Kind kind, OdDbStub* stub, void* payload, std::uint32_t number, bool flag)

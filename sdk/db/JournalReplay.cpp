@@ -201,6 +201,7 @@ void Journal::guard(OdDbObject& object)
 void Journal::restoreGuarded()
 {
     // Reading one back may guard more; each object is guarded once, so this comes to an end.
+    // NOLINTNEXTLINE(modernize-loop-convert)
     for (std::size_t i = 0; i < m_guarded.size(); ++i)
     {
         OdDbObject* object = m_guarded[i].first;

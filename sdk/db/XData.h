@@ -17,7 +17,7 @@ namespace oddb
 {
 
 /// The most that the XData of one object may take, in bytes as a drawing file counts them.
-constexpr std::size_t kXDataLimit = 16 * 1024;
+constexpr std::size_t kXDataLimit = std::size_t{16} * 1024;
 
 /// The room that the values of one application take, its name included.
 std::size_t xdataBytes(const Groups& values);

@@ -123,6 +123,7 @@ char* printPlainReal(double value, char* buffer)
     if (decimals < 0 || (magnitude < kSmall && std::bit_cast<std::uint64_t>(value) != 0))
         return nullptr;
     const double power = kPowersOfTen[decimals];
+    // Wrong rounding is found out below. NOLINTNEXTLINE(bugprone-incorrect-roundings)
     const auto digits = static_cast<std::uint64_t>(magnitude * power + 0.5);
     if (static_cast<double>(digits) / power != magnitude)
         return nullptr;

@@ -52,6 +52,8 @@ class OdDbObject : public OdGiDrawable
 public:
     ODRX_DECLARE_MEMBERS(OdDbObject);
 
+    OdDbObject(const OdDbObject&) = delete;
+    OdDbObject& operator=(const OdDbObject&) = delete;
     ~OdDbObject() override;
 
     void addRef() override;
@@ -246,9 +248,6 @@ protected:
 private:
     friend class oddb::ObjectCore;
     bool isUndoing() const;
-
-    OdDbObject(const OdDbObject&) = delete;
-    OdDbObject& operator=(const OdDbObject&) = delete;
 
     OdUInt32 m_refs = 1;
     OdUInt32 m_state = 0;

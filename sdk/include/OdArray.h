@@ -60,9 +60,8 @@ public:
     ~OdArray() { unshare(); }
     OdArray& operator=(const OdArray& source) noexcept
     {
-        source.share();
-        unshare();
-        m_data = source.m_data;
+        OdArray copy(source);
+        std::swap(m_data, copy.m_data);
         return *this;
     }
     OdArray& operator=(OdArray&& source) noexcept
@@ -195,7 +194,7 @@ public:
     }
     OdArray& append(const OdArray& other)
     {
-        const OdArray kept(other);
+        const OdArray kept(other); // other may be this array. NOLINT(performance-unnecessary-copy-initialization)
         append(kept.begin(), kept.end());
         return *this;
     }

@@ -43,7 +43,7 @@ public:
     /** True when UTF-8 text may hold \U+XXXX or \M+nXXXX: a cheap test, so that ordinary text need not be decoded. */
     static bool hasEscapes(std::string_view utf8)
     {
-        return utf8.find("+") != utf8.npos && findEscape(utf8) != utf8.npos;
+        return utf8.find('+') != std::string_view::npos && findEscape(utf8) != std::string_view::npos;
     }
 
     /** Replaces each \U+XXXX (from 0080 on) in UTF-8 text by its character, two surrogates that follow each other by

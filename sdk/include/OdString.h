@@ -209,9 +209,8 @@ inline OdString& OdString::operator=(OdString&& source) noexcept
 
 inline OdString& OdString::operator=(const OdString& source) noexcept
 {
-    source.share();
-    unshare();
-    m_text = source.m_text;
+    OdString copy(source);
+    std::swap(m_text, copy.m_text);
     return *this;
 }
 

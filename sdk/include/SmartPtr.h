@@ -25,6 +25,7 @@ public:
     OdBaseObjectPtr(const OdBaseObjectPtr& source) noexcept : OdBaseObjectPtr(source.m_object) {}
     OdBaseObjectPtr(OdBaseObjectPtr&& source) noexcept : m_object(std::exchange(source.m_object, nullptr)) {}
     ~OdBaseObjectPtr() { release(); }
+    OdBaseObjectPtr& operator=(const OdBaseObjectPtr&) = delete;
 
     bool isNull() const noexcept { return m_object == nullptr; }
     OdRxObject* get() const noexcept { return m_object; }
@@ -49,9 +50,6 @@ protected:
     }
 
     OdRxObject* m_object = nullptr;
-
-private:
-    OdBaseObjectPtr& operator=(const OdBaseObjectPtr&) = delete;
 };
 
 /** An OdSmartPtr<T> holds one reference to an object of class T, or none. Copies hold references of their own, and the
@@ -102,7 +100,7 @@ public:
         }
         return *this;
     }
-    OdSmartPtr& operator=(OdSmartPtr&& source)
+    OdSmartPtr& operator=(OdSmartPtr&& source) noexcept
     {
         if (this != &source)
             replace(std::exchange(source.m_object, nullptr));

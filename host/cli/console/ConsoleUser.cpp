@@ -53,7 +53,7 @@ OdString ConsoleUser::ask(const OdString& prompt, const std::vector<std::string>
 
 OdString ConsoleUser::getString(const OdString& prompt, int, OdEdStringTracker* tracker)
 {
-    const OdString answer = ask(prompt, keywordsOf(odStringToUtf8(prompt)));
+    OdString answer = ask(prompt, keywordsOf(odStringToUtf8(prompt)));
     if (tracker != nullptr)
         tracker->setValue(answer);
     return answer;
