@@ -130,7 +130,7 @@ const ObjectLoader::Maker& ObjectLoader::chooseMaker(const Record& record, const
 // A file of more names than the table of names can hold gets one name for the rest.
 OdDbObjectPtr ObjectLoader::makeProxy(const std::string& name, bool isEntity) const
 {
-    const OdDbObjectPtr proxy = oddb::makeProxy(m_database, name, isEntity);
+    OdDbObjectPtr proxy = oddb::makeProxy(m_database, name, isEntity);
     if (oddb::proxyDxfName(*proxy).empty())
         oddb::nameProxy(*proxy, isEntity ? "ACAD_PROXY_ENTITY" : "ACAD_PROXY_OBJECT");
     return proxy;

@@ -125,7 +125,7 @@ OdEdCommandPtr CommandStack::addCommand(const OdString& groupName, const OdStrin
 {
     if (!function)
         throw OdError(eNullPtr);
-    const OdEdCommandPtr command =
+    OdEdCommandPtr command =
         OdRxObjectImpl<FunctionCommand, OdEdCommand>::createObject(groupName, globalName, localName, flags, function);
     m_commands.add(command);
     return command;

@@ -23,6 +23,7 @@ constexpr double kArrowWidth = 1.0 / 3.0; ///< of its length
 std::vector<OdGePoint3d> verticesOf(const OdDbLeader& leader)
 {
     std::vector<OdGePoint3d> vertices;
+    vertices.reserve(static_cast<std::size_t>(leader.numVertices()));
     for (int i = 0; i < leader.numVertices(); ++i)
         vertices.push_back(leader.vertexAt(i));
     return vertices;

@@ -136,7 +136,7 @@ void ObjectCopier::placeInDictionary(OdDbObject& copy, OdDbDictionary& dictionar
 
 void ObjectCopier::readFields(OdDbObject& copy, const OdDbObject& source)
 {
-    if (OdDbDictionary::cast(&source).get())
+    if (!OdDbDictionary::cast(&source).isNull())
         return;
     OdSmartPtr<MemoryDwgFiler> filer = MemoryDwgFiler::create(filerType(m_mapping), m_mapping.origDb());
     source.dwgOutFields(filer);

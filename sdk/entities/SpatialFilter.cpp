@@ -22,7 +22,7 @@ using entitytables::kSpatialFilter;
 namespace
 {
 
-constexpr int kMatrixSize = 12;
+constexpr std::size_t kMatrixSize = 12;
 using MatrixValues = std::array<double, kMatrixSize>;
 
 struct Definition
@@ -42,9 +42,10 @@ struct Definition
 MatrixValues valuesOf(const OdGeMatrix3d& matrix)
 {
     MatrixValues values;
+    auto value = values.begin();
     for (int row = 0; row < 3; ++row)
         for (int column = 0; column < 4; ++column)
-            values[static_cast<std::size_t>(row * 4 + column)] = matrix[row][column];
+            *value++ = matrix[row][column];
     return values;
 }
 

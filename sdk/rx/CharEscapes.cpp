@@ -86,16 +86,16 @@ Escape readEscape(std::string_view text, std::size_t at)
 
 std::size_t OdCharMapper::findEscape(std::string_view utf8)
 {
-    for (std::size_t at = utf8.find('\\'); at != utf8.npos; at = utf8.find('\\', at + 1))
+    for (std::size_t at = utf8.find('\\'); at != std::string_view::npos; at = utf8.find('\\', at + 1))
         if (startsEscape(utf8, at, 'u') || startsEscape(utf8, at, 'm'))
             return at;
-    return utf8.npos;
+    return std::string_view::npos;
 }
 
 void OdCharMapper::decodeEscapes(std::string_view utf8, std::string& decoded)
 {
     std::size_t copied = 0;
-    for (std::size_t at = utf8.find('\\'); at != utf8.npos;)
+    for (std::size_t at = utf8.find('\\'); at != std::string_view::npos;)
     {
         const Escape escape = readEscape(utf8, at);
         if (escape.length)

@@ -192,7 +192,7 @@ OdResBufPtr OdResBuf::insert(OdResBuf* element)
     if (!element)
         odThrow(eNullPtr);
     const OdResBufPtr behind = m_next;
-    const OdResBufPtr kept(element);
+    OdResBufPtr kept(element);
     relink(element);
     if (!behind.isNull())
         element->findLast()->m_next = behind;

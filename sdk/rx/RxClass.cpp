@@ -96,7 +96,7 @@ OdRxObjectPtr OdRxClass::addX(OdRxClass* protocolClass, OdRxObject* extension)
 {
     if (!protocolClass || !extension)
         odThrow(eNullPtr);
-    const OdRxObjectPtr previous = delX(protocolClass);
+    OdRxObjectPtr previous = delX(protocolClass);
     m_extensions.push_back({protocolClass, OdRxObjectPtr(extension)});
     ++g_numExtensions;
     return previous;
@@ -112,7 +112,7 @@ OdRxObjectPtr OdRxClass::delX(OdRxClass* protocolClass)
     for (auto it = m_extensions.begin(); it != m_extensions.end(); ++it)
         if (it->protocolClass == protocolClass)
         {
-            const OdRxObjectPtr removed = it->object;
+            OdRxObjectPtr removed = it->object;
             m_extensions.erase(it);
             --g_numExtensions;
             return removed;

@@ -296,7 +296,7 @@ private:
         if (!isEntry(id))
             return {};
         leave(m_entries[id].key);
-        const OdRxObjectPtr removed = exchange(id, nullptr);
+        OdRxObjectPtr removed = exchange(id, nullptr);
         m_entries[id] = Entry();
         m_freeIds.push_back(id);
         return removed;

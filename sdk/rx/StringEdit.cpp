@@ -307,7 +307,7 @@ OdString formatLong(const OdChar* format, va_list arguments)
         odThrow(eOutOfMemory);
     const int written = std::vfwprintf(stream, format, arguments);
     std::fclose(stream);
-    const OdString text(buffer, static_cast<int>(length));
+    OdString text(buffer, static_cast<int>(length));
     std::free(buffer);
     if (written < 0)
         odThrow(eInvalidInput);

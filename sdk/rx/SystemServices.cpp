@@ -19,7 +19,7 @@ OdString OdRxSystemServices::formatMessage(unsigned int formatId, ...)
     va_start(arguments, formatId);
     try
     {
-        const OdString message = formatMessageV(formatId, arguments);
+        OdString message = formatMessageV(formatId, arguments);
         va_end(arguments);
         return message;
     }

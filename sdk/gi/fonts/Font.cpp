@@ -71,7 +71,7 @@ FoundGlyph Font::found(const Typeface& typeface, OdUInt32 glyph) const
 
 FoundGlyph Font::find(wchar_t character) const
 {
-    const auto index = static_cast<std::size_t>(character);
+    const auto index = static_cast<std::size_t>(static_cast<std::uint32_t>(character));
     if (index < m_common.size())
     {
         FoundGlyph& common = m_common[index];

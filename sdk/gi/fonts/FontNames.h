@@ -16,7 +16,7 @@ struct FontRequest
     bool bold = false;
     bool italic = false;
 
-    auto operator<=>(const FontRequest&) const = default;
+    auto operator<=>(const FontRequest&) const = default; // NOLINT(modernize-use-nullptr): there is none
 };
 
 /// The family of the technical drawing font that stands for fonts of strokes.
