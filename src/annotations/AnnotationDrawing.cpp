@@ -19,7 +19,7 @@ constexpr const OdChar* kTextStyleName = L"ZOL_STAMP_TEXTSTYLE_ARIAL";
 
 OdDbTextStyleTableRecordPtr MakeTextStyle()
 {
-    const OdDbTextStyleTableRecordPtr pStyle = OdDbTextStyleTableRecord::createObject();
+    OdDbTextStyleTableRecordPtr pStyle = OdDbTextStyleTableRecord::createObject();
     pStyle->setFileName(L"arial.ttf");
     pStyle->setFont(L"Arial", false, false, 0, 0);
     return pStyle;

@@ -79,7 +79,7 @@ OdDbBlockReferencePtr CreateRasterImage(const AnnotationProperties& properties, 
 {
     const OdDbObjectId idBlock = drawing.AddDefinition(kBlockName);
     AddImage(idBlock, drawing.Pictures().Definition(drawing.Pictures().Find(properties)));
-    const OdDbBlockReferencePtr pReference = OdDbBlockReference::createObject();
+    OdDbBlockReferencePtr pReference = OdDbBlockReference::createObject();
     pReference->setBlockTableRecord(idBlock);
     definition.appendOdDbEntity(pReference);
     pReference->setLayer(definition.database()->getLayerZeroId());

@@ -91,7 +91,7 @@ void ForEachInTransaction(CAnnotationDrawing& drawing, AnnotationRecords& record
 
 OdDbBlockReferencePtr AddReference(CAnnotationDrawing& drawing, OdDbBlockTableRecord& space)
 {
-    const OdDbBlockReferencePtr pReference = OdDbBlockReference::createObject();
+    OdDbBlockReferencePtr pReference = OdDbBlockReference::createObject();
     pReference->setBlockTableRecord(drawing.AddDefinition(kDefinitionName));
     space.appendOdDbEntity(pReference);
     return pReference;

@@ -177,7 +177,7 @@ OdString CCommandHandler::ComposeMessage(const OdString& strShownName)
     case eCommandStarted:
     case eCommandFailed:
     {
-        const OdString strFailed = Format(eMessageRunFailed);
+        OdString strFailed = Format(eMessageRunFailed);
         KeepFirstError(OdError(static_cast<OdResult>(eMessageRunFailed), strFailed));
         return strFailed;
     }

@@ -54,7 +54,7 @@ int CStringIO::FindEndOfJson() const
 
 OdString CStringIO::TakePart(int iEnd)
 {
-    const OdString strPart = m_strText.mid(m_iPosition, iEnd - m_iPosition);
+    OdString strPart = m_strText.mid(m_iPosition, iEnd - m_iPosition);
     m_iPosition = iEnd;
     return strPart;
 }
@@ -65,7 +65,7 @@ OdString CStringIO::TakeQuoted()
     const int iQuote = m_strText.find(L'"', m_iPosition);
     if (iQuote < 0)
         return TakePart(m_strText.getLength());
-    const OdString strPart = TakePart(iQuote);
+    OdString strPart = TakePart(iQuote);
     ++m_iPosition;
     return strPart;
 }
@@ -82,7 +82,7 @@ OdString CStringIO::getString(const OdString&, int, OdEdStringTracker*)
 {
     if (!HasText())
         throw OdEdCancel();
-    const OdString strAnswer = TakeAnswer();
+    OdString strAnswer = TakeAnswer();
     SkipBlanks();
     return strAnswer;
 }

@@ -17,7 +17,7 @@ static CBSystemLabelPtr OpenForDeletion(const OdDbObjectId& id)
     const OdDbObjectPtr pObject = id.openObject(OdDb::kForRead, true);
     Require(!pObject.isNull(), eNullObjectPointer, L"pObject");
     Require(pObject->isA()->isDerivedFrom(CBSystemLabel::desc()), eNotThatKindOfClass, L"pObject");
-    const CBSystemLabelPtr pLabel = CBSystemLabel::cast(pObject.get());
+    CBSystemLabelPtr pLabel = CBSystemLabel::cast(pObject.get());
     Require(!pLabel.isNull(), eNullObjectPointer, L"pLabel");
     return pLabel;
 }

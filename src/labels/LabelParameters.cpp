@@ -18,7 +18,7 @@ struct ParameterRow
 template<OdString LabelParameters::*Field>
 OdResBufPtr ReadTrimmed(const OdResBufPtr& pElement, OdDbDatabase*, LabelParameters& parameters)
 {
-    const OdResBufPtr pNext = CadCommands::ResBufGetOdString(pElement, parameters.*Field);
+    OdResBufPtr pNext = CadCommands::ResBufGetOdString(pElement, parameters.*Field);
     parameters.*Field = Trimmed(parameters.*Field);
     return pNext;
 }

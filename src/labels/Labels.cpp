@@ -28,7 +28,7 @@ OdDbDictionaryPtr CallForDictionary(CCommandCall& call)
     const OdDbObjectId id = CallForId(call, L"BSYSTEMLABELGETDICTIONARYID", OdResBufPtr());
     if (!id.isValid())
         return OdDbDictionaryPtr();
-    const OdDbDictionaryPtr pDictionary = OdDbDictionary::cast(id.openObject().get());
+    OdDbDictionaryPtr pDictionary = OdDbDictionary::cast(id.openObject().get());
     if (!pDictionary)
         throw OdError_InvalidValue(eNullObjectPointer, L"pDictionary", call.FunctionName());
     return pDictionary;

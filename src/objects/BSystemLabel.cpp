@@ -40,7 +40,7 @@ OdDbDictionaryPtr CBSystemLabel::GetDictionary(const OdDbDatabase* pDb)
 
 static OdDbDictionaryPtr RequireDictionary(const OdDbDatabase* pDb, const OdChar* pszFunction)
 {
-    const OdDbDictionaryPtr pDictionary = CBSystemLabel::GetDictionary(pDb);
+    OdDbDictionaryPtr pDictionary = CBSystemLabel::GetDictionary(pDb);
     if (!pDictionary)
         throw OdError_InvalidValue(eNullObjectPointer, L"pDictionary", pszFunction);
     return pDictionary;
@@ -107,7 +107,7 @@ OdString CBSystemLabel::GetLabel() const
 // Erased objects are opened too where marks are taken off or put back, so that labels on them can still be changed.
 static OdDbObjectPtr RequireObject(const OdDbObjectId& id, bool bOpenErased, const OdChar* pszFunction)
 {
-    const OdDbObjectPtr pObject = id.openObject(OdDb::kForRead, bOpenErased);
+    OdDbObjectPtr pObject = id.openObject(OdDb::kForRead, bOpenErased);
     if (!pObject)
         throw OdError_InvalidValue(eNullObjectPointer, L"pObject", pszFunction);
     return pObject;

@@ -118,7 +118,7 @@ OdString Message(EMessage eMessage)
 
 CDrawingBorderDataPtr MakeBorder(CCommandCall& call)
 {
-    const CDrawingBorderDataPtr pBorder = CDrawingBorderData::createObject();
+    CDrawingBorderDataPtr pBorder = CDrawingBorderData::createObject();
     if (pBorder->Initialize(call.Database(), OdString()).isNull())
         throw OdError_InvalidArgument(eNullObjectId, L"idResult", call.FunctionName());
     return pBorder;

@@ -73,7 +73,7 @@ bool CReferenceList::RemoveFirst(const OdDbObjectId& id)
         return false;
     m_entries[static_cast<std::size_t>(iFound)] = Removed();
     --m_uiCount;
-    if (m_entries.size() >= 2 * m_uiCount + kShort)
+    if (m_entries.size() >= std::size_t{2} * m_uiCount + kShort)
         Rebuild();
     return true;
 }

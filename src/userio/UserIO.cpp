@@ -101,7 +101,7 @@ unsigned long CUserIO::getKeyState()
 
 OdString CUserIO::GetNextStringToken(OdString& text, const OdChar* delimiters)
 {
-    const OdString strToken = text.spanExcluding(delimiters);
+    OdString strToken = text.spanExcluding(delimiters);
     text = text.mid(strToken.getLength() + 1);
     return strToken;
 }

@@ -51,11 +51,11 @@ static OdRxDictionaryPtr FindOrCreateDictionary(OdRxDictionary& parent, const Od
     const OdRxObjectPtr pFound = parent.getAt(strKey);
     if (!pFound)
     {
-        const OdRxDictionaryPtr pCreated = odrxCreateSyncRxDictionary();
+        OdRxDictionaryPtr pCreated = odrxCreateSyncRxDictionary();
         parent.putAt(strKey, pCreated.get());
         return pCreated;
     }
-    const OdRxDictionaryPtr pDictionary = OdRxDictionary::cast(pFound.get());
+    OdRxDictionaryPtr pDictionary = OdRxDictionary::cast(pFound.get());
     if (!pDictionary)
         throw OdError_NotThatKindOfClass(pFound->isA(), OdRxDictionary::desc());
     return pDictionary;
