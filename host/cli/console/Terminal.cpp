@@ -57,11 +57,27 @@ enum class Byte
     kEnd
 };
 
+// Waits for a key or for Ctrl-C, which comes either before the look at it or while it is waited for: never between.
+bool waitForKey()
+{
+    sigset_t interrupt;
+    sigemptyset(&interrupt);
+    sigaddset(&interrupt, SIGINT);
+    sigset_t before;
+    ::pthread_sigmask(SIG_BLOCK, &interrupt, &before);
+    pollfd waits = {STDIN_FILENO, POLLIN, 0};
+    while (!isInterrupted && ::ppoll(&waits, 1, nullptr, &before) < 0 && errno == EINTR)
+    {
+    }
+    ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
+    return !isInterrupted;
+}
+
 Byte readByte(char& byte)
 {
     for (;;)
     {
-        if (isInterrupted)
+        if (!waitForKey())
             return Byte::kInterrupted;
         const ssize_t count = ::read(STDIN_FILENO, &byte, 1);
         if (count == 1)
@@ -131,6 +147,8 @@ Input Terminal::read(const Question& question, std::string& text)
     m_question = question;
     m_hasGivenUp = false;
     int count = 0;
+    // Before the prompt appears: what is typed on seeing it, Ctrl-D above all, is for the editor.
+    el_set(m_editor, EL_PREP_TERM, 1);
     const char* const line = el_gets(m_editor, &count);
     if (m_hasGivenUp)
     {
