@@ -176,6 +176,10 @@ void addMeetings(const Segment& curve, const Segment& edge, double tolerance, st
 
 void addMeetings(const EllipticArc& curve, const Segment& edge, double tolerance, std::vector<double>& parameters)
 {
+    // What angles give of a curve is rounded in the measure of its coordinates, large ones of a small edge included.
+    constexpr double kRounding = 4e-15;
+    const double reach = tolerance + kRounding * (std::fabs(curve.center.x) + std::fabs(curve.center.y) +
+                                                  curve.major.length() + curve.minor.length());
     const double area = cross(curve.major, curve.minor);
     // In the coordinates of the two axes the ellipse is the circle of radius 1 about the origin.
     const auto inAxes = [&](const OdGePoint2d& point)
@@ -185,17 +189,17 @@ void addMeetings(const EllipticArc& curve, const Segment& edge, double tolerance
     };
     const OdGeVector2d first = inAxes(edge.start);
     const OdGeVector2d second = inAxes(edge.end);
-    const double slack = tolerance / std::min(curve.major.length(), curve.minor.length());
+    const double slack = reach / std::min(curve.major.length(), curve.minor.length());
     for (const double place : crossUnitCircle(first, second, slack))
     {
         const OdGeVector2d near = first + (second - first) * clamped(place);
         const double angle = std::atan2(near.y, near.x);
         const std::optional<double> on = onArc(curve, angle);
-        if (on && distanceBetween(curve.at(*on), edge) <= tolerance)
+        if (on && distanceBetween(curve.at(*on), edge) <= reach)
             parameters.push_back(*on);
     }
     for (const double t : {curve.start, curve.start + curve.sweep})
-        if (distanceBetween(curve.at(t), edge) <= tolerance)
+        if (distanceBetween(curve.at(t), edge) <= reach)
             parameters.push_back(t);
 }
 

@@ -38,6 +38,37 @@ const std::vector<std::string> kShapes = {
     "LWPOLYLINE A9 0|100 AcDbPolyline|90 2|70 0|10 800|20 0|42 1|10 820|20 0",
 };
 
+// Each goes through the origin, many thousand times as large as what is drawn there.
+TEST(Shapes, TakeWhatLargeCurvesDrawNearThem)
+{
+    for (const double radius : {1e3, 1e5, 1e7})
+        for (const OdGeVector2d& towards : {OdGeVector2d(1, 0), OdGeVector2d(0.6, 0.8), OdGeVector2d(-0.28, 0.96)})
+        {
+            const OdGeVector2d center = towards * radius;
+            const std::string place = "|10 " + std::to_string(center.x) + "|20 " + std::to_string(center.y);
+            const Drawing drawing({{"CIRCLE A1 0|100 AcDbCircle" + place + "|40 " + std::to_string(radius),
+                                    "ELLIPSE A2 0|100 AcDbEllipse" + place + "|11 " + std::to_string(center.x) +
+                                        "|21 " + std::to_string(center.y) + "|40 0.5|41 0|42 6.283185307179586"}});
+            for (const double size : {0.01, 1.0})
+                expectSelections(
+                    drawing,
+                    {{"a crossing around the origin", Visual::kCrossing, {at(-size, -size), at(size, size)}, "A1 A2"},
+                     {"a crossing beside it",
+                      Visual::kCrossing,
+                      {at(4 * size * towards.x - size, 4 * size * towards.y - size),
+                       at(4 * size * towards.x + size, 4 * size * towards.y + size)},
+                      ""},
+                     {"a fence through the origin",
+                      Visual::kFence,
+                      {at(-size * towards.x, -size * towards.y), at(size * towards.x, size * towards.y)},
+                      "A1 A2"},
+                     {"a polygon around the origin",
+                      Visual::kCPoly,
+                      {at(-size, -size), at(size, -size), at(0, 2 * size)},
+                      "A1 A2"}});
+        }
+}
+
 TEST(Shapes, TakeWhatEntitiesDraw)
 {
     const Drawing drawing({kShapes});
