@@ -23,6 +23,7 @@ OdDbDictionaryPtr OpenObjectDictionary(const OdDbDatabase* pDb, const OdString& 
         pNamedObjects->upgradeOpen();
         pNamedObjects->setAt(strName, pDictionary.get());
         pNamedObjects->downgradeOpen();
+        pDictionary->downgradeOpen();
     }
     if (!pDictionary)
         throw Error(eNullObjectPointer, L"pDictionary", pszFunction);

@@ -2,8 +2,10 @@
 #include "SelectionSetReactor.h"
 
 #include "DbDatabase.h"
+#include "DynamicLinker.h"
 #include "ModuleErrors.h"
 #include "ModuleServices.h"
+#include "RxModule.h"
 #include "RxVariant.h"
 #include "framework/CloseWatcher.h"
 #include "module/ground/ModuleName.h"
@@ -26,10 +28,11 @@ static void RequireReactor(const CSelectionSetReactor* pReactor, const OdChar* p
 
 static CModuleServices& RequireModule(const OdChar* pszFunction)
 {
-    CModuleServices* pServices = CModuleServices::Find();
-    if (!pServices)
-        throw OdError_ModuleInitialization(eNullPtr, kModuleName, pszFunction);
-    return *pServices;
+    if (CModuleServices* pServices = CModuleServices::Find())
+        return *pServices;
+    if (const OdRxModulePtr pOther = odrxDynamicLinker()->lookupModule(kModuleName))
+        throw OdError_NotThatKindOfClass(pOther->isA(), OdRxModule::desc());
+    throw OdError_ModuleInitialization(eNullPtr, kModuleName, pszFunction);
 }
 
 void CSelectionSetReactor::OnSelectionSetChanged(const OdString&, const OdDbObjectIdArray&, const OdDbObjectIdArray&) {}

@@ -30,6 +30,8 @@ void CUserIO::Init(CCommandHandler* pHandler)
 
 OdEdBaseIO& CUserIO::CurrentIO()
 {
+    if (!m_pHandler)
+        throw OdError_InvalidArgument(eNullPtr, L"pEdCommandContext", L"CUserIO::CurrentIO");
     return *m_pHandler->currentIO();
 }
 

@@ -70,11 +70,12 @@ private:
     OdDbSelectionSetPtr Pick(int& iOptions)
     {
         m_points.append(FirstPoint(iOptions));
-        OdDbSelectionSetPtr pPicked = SelectBy(OdDbVisualSelection::kPoint, iOptions);
+        const OdDbVisualSelection::SubentSelectionMode eParts = PartsAskedFor(iOptions);
+        OdDbSelectionSetPtr pPicked = SelectBy(OdDbVisualSelection::kPoint, eParts);
         if (HasMembers(pPicked) || HasOption(iOptions, OdEd::kSelSingleEntity))
             return pPicked;
         m_points.append(SecondPoint());
-        return SelectBy(OdDbVisualSelection::kBox, iOptions);
+        return SelectBy(OdDbVisualSelection::kBox, eParts);
     }
 
     OdGePoint3d FirstPoint(int& iOptions)
@@ -97,13 +98,18 @@ private:
         return question.Ask();
     }
 
-    OdDbSelectionSetPtr SelectBy(OdDbVisualSelection::Mode eMode, int iOptions)
+    /** Whether parts of entities are asked for, by the key that is held now: at the first point. */
+    OdDbVisualSelection::SubentSelectionMode PartsAskedFor(int iOptions)
     {
         const bool bParts =
             HasOption(iOptions, OdEd::kSelAllowSubents) && (m_io.getKeyState() & OdEdBaseIO::kControlIsDown) != 0;
-        return OdDbSelectionSet::select(
-            m_db.activeViewportId(), static_cast<int>(m_points.size()), m_points.asArrayPtr(), eMode,
-            bParts ? OdDbVisualSelection::kEnableSubents : OdDbVisualSelection::kDisableSubents);
+        return bParts ? OdDbVisualSelection::kEnableSubents : OdDbVisualSelection::kDisableSubents;
+    }
+
+    OdDbSelectionSetPtr SelectBy(OdDbVisualSelection::Mode eMode, OdDbVisualSelection::SubentSelectionMode eParts)
+    {
+        return OdDbSelectionSet::select(m_db.activeViewportId(), static_cast<int>(m_points.size()),
+                                        m_points.asArrayPtr(), eMode, eParts);
     }
 
     CUserIO& m_io;

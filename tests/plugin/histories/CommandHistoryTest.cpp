@@ -45,8 +45,8 @@ protected:
             m_entities.push_back(line);
         // What runs without undo by design comes first.
         run(L"REGISTERCUSTOMAPPLICATION", OdResBuf::newRb(5005, L"NAME"));
-        run(L"BSYSTEMLABELGETDICTIONARYID");
-        run(L"DRAWINGBORDERGETDICTIONARYID");
+        m_labelDictionary = run(L"BSYSTEMLABELGETDICTIONARYID").id();
+        m_borderDictionary = run(L"DRAWINGBORDERGETDICTIONARYID").id();
         db->clearUndo();
         m_start.entities.resize(kEntities);
         m_history = ModelHistory(m_start);
@@ -562,6 +562,24 @@ protected:
         const std::vector<OdDbObjectId> listed = labelsByGuid(allowDeleted);
         EXPECT_EQ(run(L"BSYSTEMLABELGETALLIDS", CadCommands::SetParameterBool(L"ALLOWDELETED", allowDeleted)).ids(),
                   listed);
+        std::string names;
+        for (const OdDbObjectId& id : listed)
+            names += (names.empty() ? "\"" : ",\"") + model().labels.at(numberOf(id, m_labels)).text + "\"";
+        EXPECT_EQ(run(L"BSYSTEMLABELGETALLNAMES", CadCommands::SetParameterBool(L"ALLOWDELETED", allowDeleted)).json(),
+                  "[" + names + "]");
+        EXPECT_EQ(run(L"BSYSTEMLABELGETDICTIONARYID").id(), m_labelDictionary);
+        EXPECT_EQ(run(L"DRAWINGBORDERGETDICTIONARYID").id(), m_borderDictionary);
+        const OdDbSelectionSetPtr selection = OdDbSelectionSet::createObject(db);
+        selection->append(m_entities.front());
+        std::vector<OdDbObjectId> selected;
+        for (const auto& [number, label] : model().labels)
+        {
+            selection->append(idOfLabel(number));
+            if (allowDeleted || !label.isErased)
+                selected.push_back(idOfLabel(number));
+        }
+        HostCommands::get().selections[L"SOME"] = selection;
+        EXPECT_EQ(run(L"BSYSTEMLABELGETSELECTEDIDS", parameters(L"SELECTIONSETNAME", L"SOME")).ids(), selected);
         queryBorders(allowDeleted);
         const int number = someLabel();
         if (number < 0)
@@ -608,6 +626,7 @@ protected:
 
     std::mt19937 m_random;
     std::vector<OdDbObjectId> m_entities, m_labels, m_borders;
+    OdDbObjectId m_labelDictionary, m_borderDictionary;
     ModelHistory m_history;
     Model m_start;
     int m_names = 0;

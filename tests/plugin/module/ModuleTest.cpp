@@ -24,6 +24,17 @@ class ModuleTest : public PluginTest
 {
 protected:
     CModuleServices& services() { return *CModuleServices::Find(); }
+    // A module of somebody else's that goes by the name of ours.
+    class Stranger : public OdRxModule
+    {
+    public:
+        void initApp() override {}
+        void uninitApp() override {}
+    };
+    static OdRxModule* createStranger(const OdString& name)
+    {
+        return OdRxWin32Module<Stranger>::createModule(nullptr, name);
+    }
     static OdRxObjectPtr someObject() { return OdRxVariant::createObject(OdVariant(1.0)); }
 };
 
@@ -92,6 +103,13 @@ TEST_F(ModuleTest, UnloadingTakesEverythingAwayAndLoadingBringsItBack)
     EXPECT_EQ(odrxGetClass(L"CBSystemLabel"), nullptr);
     EXPECT_EQ(CModuleServices::Find(), nullptr);
     EXPECT_EQ(thrownBy([&] { CCommandHandler::createObject(L"X", db, host); }).code, eClassNotRegistered);
+    const auto tellReactors = [&] { CSelectionSetReactor::SelectionSetChanged(db, L"SET", {}, {}); };
+    EXPECT_EQ(thrownBy(tellReactors).type, "OdError_ModuleInitialization");
+    odrxRegisterStaticModule(kModuleName, &createStranger);
+    ASSERT_TRUE(odrxDynamicLinker()->loadApp(kModuleName, false));
+    EXPECT_EQ(thrownBy(tellReactors).type, "OdError_NotThatKindOfClass");
+    ASSERT_TRUE(odrxDynamicLinker()->unloadModule(kModuleName));
+    odrxRegisterStaticModule(kModuleName, &CreateModuleCad);
     ASSERT_TRUE(odrxDynamicLinker()->loadApp(kModuleName, false));
     EXPECT_TRUE(odedRegCmds()->lookupCmd(L"BSYSTEMLABELCREATE", 3));
 }

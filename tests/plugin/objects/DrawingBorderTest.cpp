@@ -54,6 +54,7 @@ TEST_F(DrawingBorderTest, TheDictionaryIsMadeOnce)
     const OdDbDatabasePtr bare = OdDbDatabase::createObject();
     EXPECT_EQ(thrownBy([&] { CDrawingBorderData::GetDictionary(bare); }),
               argumentFault(20, "pNamedObjectsDictionary", "CDrawingBorderData::GetDictionary"));
+    EXPECT_FALSE(dictionary()->isWriteEnabled()) << "just made";
     const OdDbObjectId id = dictionary()->objectId();
     EXPECT_EQ(dictionary()->objectId(), id);
     const OdDbDictionaryPtr named = db->getNamedObjectsDictionaryId().safeOpenObject(OdDb::kForWrite);

@@ -40,6 +40,7 @@ TEST_F(LabelTest, TheDictionaryIsMadeOnce)
 {
     EXPECT_EQ(thrownBy([] { CBSystemLabel::GetDictionary(nullptr); }),
               argumentFault(122, "pDb", "CBSystemLabel::GetDictionary"));
+    EXPECT_FALSE(dictionary()->isWriteEnabled()) << "just made";
     const OdDbObjectId id = dictionary()->objectId();
     EXPECT_EQ(dictionary()->objectId(), id);
     const OdDbDictionaryPtr named = db->getNamedObjectsDictionaryId().safeOpenObject();

@@ -260,7 +260,7 @@ TEST_F(SelectTest, PointsPickWhatLiesThere)
         std::size_t points;
     } rows[] = {
         {{onLine}, 0x4, merge("0x4", 1), 1},
-        {{nowhere, corner}, 0x4, merge("0x4", 2), 2},
+        {{nowhere, corner}, 0x404, merge("0x404", 2), 2},
         {{nowhere}, 0x6, "", 1},
         {{nowhere, OdGePoint3d(901, 901, 0)}, 0x4, "", 2},
         {{nowhere, typed(L"")}, 0x4, "", 1},
@@ -275,8 +275,10 @@ TEST_F(SelectTest, PointsPickWhatLiesThere)
         io->setLASTPOINT(onLine);
         ask(row.answers);
         OdGePoint3dArray points;
+        answering->keyQuestions = 0;
         EXPECT_EQ(select(row.options, nullptr, nullptr, &points), "set7");
         EXPECT_EQ(points.size(), row.points);
+        EXPECT_EQ(answering->keyQuestions, (row.options & OdEd::kSelAllowSubents) != 0 ? 1 : 0) << "at the first point";
         EXPECT_EQ(answering->prompts, std::vector<std::string>(row.answers.size(), "Select objects:"));
         ASSERT_EQ(heard().calls.size(), row.call.empty() ? 1u : 2u);
         if (!row.call.empty())
@@ -361,6 +363,8 @@ TEST_F(SelectTest, WithoutAHandlerThereIsNobodyToAsk)
     EXPECT_EQ(thrownBy([&] { loose->pickfirst(); }), argumentFault(417, "pEdCommandContext", "CUserIO::pickfirst"));
     EXPECT_EQ(thrownBy([&] { loose->setPickfirst(setOf(1)); }),
               argumentFault(417, "pEdCommandContext", "CUserIO::setPickfirst"));
+    EXPECT_EQ(thrownBy([&] { loose->getString(L"", 0, nullptr); }),
+              argumentFault(417, "pEdCommandContext", "CUserIO::CurrentIO"));
     const CCommandHandlerPtr bare =
         CCommandHandler::createObject(L"X", static_cast<OdRxObject*>(answering.get()), answering);
     EXPECT_EQ(thrownBy([&] { bare->dbUserIO()->select(); }), valueFault(122, "pDb", "CUserIO::select"));

@@ -43,13 +43,18 @@ public:
     }
     void putString(const OdString& text) override { shown.push_back("text " + odStringToUtf8(text)); }
     void putError(const OdString& text) override { shown.push_back(odStringToUtf8(text)); }
-    OdUInt32 getKeyState() override { return keys; }
+    OdUInt32 getKeyState() override
+    {
+        ++keyQuestions;
+        return keys;
+    }
 
     std::deque<Answer> answers;
     std::vector<std::string> prompts, shown;
     std::vector<int> options;
     OdEdPointTrackerPtr lastTracker;
     OdUInt32 keys = 0;
+    int keyQuestions = 0;
 
 private:
     Answer next(const OdString& prompt, int givenOptions)
