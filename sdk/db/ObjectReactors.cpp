@@ -10,6 +10,7 @@ using oddb::ObjectCore;
 
 // ---- Persistent reactors -------------------------------------------------------------------------------------------
 
+// Who listens to an object is no news for its listeners, all of which would have to be opened to hear of each new one.
 void OdDbObject::addPersistentReactor(const OdDbObjectId& objectId)
 {
     assertWriteEnabled(false, false);
@@ -18,7 +19,6 @@ void OdDbObject::addPersistentReactor(const OdDbObjectId& objectId)
         throw OdError(eNullObjectId);
     if (isUndoing() || hasPersistentReactor(objectId))
         return;
-    assertWriteEnabled(false);
     if (m_stub)
         m_stub->database->impl().journal.recordReactorAdded(*m_stub, reactor);
     ObjectCore::putReactor(*this, reactor);
@@ -30,7 +30,6 @@ void OdDbObject::removePersistentReactor(const OdDbObjectId& objectId)
     OdDbStub* reactor = objectId;
     if (isUndoing() || !hasPersistentReactor(objectId))
         return;
-    assertWriteEnabled(false);
     if (m_stub)
         m_stub->database->impl().journal.recordReactorRemoved(*m_stub, reactor, m_extras->reactors.before(reactor));
     ObjectCore::takeReactor(*this, reactor);

@@ -130,7 +130,7 @@ public:
     // ---- Persistent reactors -----------------------------------------------------------------------------------
 
     /** Makes an object of the same database a listener that is saved with this object; one that is a listener already
-        stays where it is. Throws OdError eNotOpenForWrite, eNullObjectId. */
+        stays where it is. Listeners are not told, nor when one goes. Throws OdError eNotOpenForWrite, eNullObjectId. */
     void addPersistentReactor(const OdDbObjectId& objectId);
 
     /** Withdraws the listener; one that is none is passed over. Throws OdError eNotOpenForWrite. */

@@ -191,6 +191,29 @@ TEST_F(ListenersTest, HearOfEachObjectOnceWhenTheWholeDrawingIsRestored)
     database->removeReactor(&counter);
 }
 
+/// Else each new one would have to wake all that came before it.
+TEST_F(ListenersTest, HearNothingOfFurtherListeners)
+{
+    class Counter : public OdStaticRxObject<OdDbDatabaseReactor>
+    {
+    public:
+        void objectModified(const OdDbDatabase*, const OdDbObject*) override { ++count; }
+        int count = 0;
+    };
+    const OdDbObjectId line = addLine(database->getModelSpaceId(), OdGePoint3d(1, 0, 0));
+    const OdDbObjectId layer = database->getLayerZeroId();
+    Counter counter;
+    database->addReactor(&counter);
+    open(line, OdDb::kForWrite)->addPersistentReactor(layer);
+    open(line, OdDb::kForWrite)->removePersistentReactor(layer);
+    EXPECT_EQ(counter.count, 0);
+    open(line, OdDb::kForWrite)->addPersistentReactor(layer);
+    EXPECT_EQ(counter.count, 0);
+    open<OdDbLine>(line, OdDb::kForWrite)->setEndPoint(OdGePoint3d(9, 9, 9));
+    EXPECT_EQ(counter.count, 1);
+    database->removeReactor(&counter);
+}
+
 // What a listener does while changes are taken back must not reach the drawing, the history or the other listeners.
 TEST_F(ListenersTest, CannotSpoilWhatIsTakenBack)
 {
