@@ -74,16 +74,15 @@ OdDbObjectId makeReactor(OdDbRasterImage& image)
     return image.database()->addOdDbObject(reactor, image.objectId());
 }
 
-/// The definition is told only of what it does not know yet.
-void moveReactor(const OdDbObjectId& reactorId, const OdDbObjectId& from, const OdDbObjectId& to)
+/// Lets a definition, also an erased one, know an image or forget it; it is told only of what is new to it.
+void setKnown(const OdDbObjectId& definitionId, const OdDbObjectId& reactorId, bool known)
 {
-    if (from != to && !from.isErased())
-        from.safeOpenObject(OdDb::kForWrite)->removePersistentReactor(reactorId);
-    const OdDbObjectPtr definition = to.safeOpenObject();
-    if (definition->hasPersistentReactor(reactorId))
+    const OdDbObjectPtr definition = definitionId.openObject(OdDb::kForRead, true);
+    if (definition.isNull() || definition->hasPersistentReactor(reactorId) == known)
         return;
     definition->upgradeOpen();
-    definition->addPersistentReactor(reactorId);
+    known ? definition->addPersistentReactor(reactorId) : definition->removePersistentReactor(reactorId);
+    definition->downgradeOpen();
 }
 
 /// Pixels are counted from the top, world coordinates of the picture from the bottom.
@@ -110,7 +109,9 @@ void OdDbRasterImage::setImageDefId(OdDbObjectId imageDefId)
         return;
     if (reactorId().isErased())
         setId(*this, tableOf(*this), 360, makeReactor(*this));
-    moveReactor(reactorId(), before, imageDefId);
+    if (before != imageDefId)
+        setKnown(before, reactorId(), false);
+    setKnown(imageDefId, reactorId(), true);
 }
 
 OdDbObjectId OdDbRasterImage::reactorId() const
@@ -289,5 +290,8 @@ OdResult OdDbRasterImage::subErase(bool erasing)
     OdDbStub* const reactor = reactorId();
     if (!reactor || !OdDbObjectId(reactor).isValid())
         return eOk;
-    return oddb::eraseWithOwner({&reactor, 1}, erasing);
+    if (const OdResult result = oddb::eraseWithOwner({&reactor, 1}, erasing); result != eOk)
+        return result;
+    setKnown(imageDefId(), reactor, !OdDbObjectId(reactor).isErased());
+    return eOk;
 }

@@ -3,6 +3,7 @@
 
 #include "DbDatabase.h"
 #include "DbDictionary.h"
+#include "DbRasterImageDefReactor.h"
 #include "OdError.h"
 #include "entities/Fields.h"
 
@@ -73,6 +74,20 @@ OdGeVector2d OdDbRasterImageDef::resolutionMMPerPixel() const
 void OdDbRasterImageDef::setResolutionMMPerPixel(const OdGeVector2d& size)
 {
     setPoint(*this, kRasterImageDef, 11, OdGePoint3d(size.x, size.y, 0.0));
+}
+
+// Images that are erased take their reactors off, so that those which are passed over here are few.
+bool OdDbRasterImageDef::isShown() const
+{
+    assertReadEnabled();
+    const oddb::ObjectExtras* extras = oddb::ObjectCore::extras(*this);
+    if (!extras)
+        return false;
+    const oddb::ReactorSet& reactors = extras->reactors;
+    for (OdDbStub* reactor = reactors.last(); reactor; reactor = reactors.before(reactor))
+        if (!reactor->isErased() && reactor->object && reactor->object->isKindOf(OdDbRasterImageDefReactor::desc()))
+            return true;
+    return false;
 }
 
 OdDbRasterImageDef::Units OdDbRasterImageDef::resolutionUnits() const

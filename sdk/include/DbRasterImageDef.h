@@ -43,6 +43,9 @@ public:
         is unchanged. */
     OdGiRasterImagePtr image() const;
 
+    /** True when an image shows it; takes the same time for any number of images. */
+    bool isShown() const;
+
     bool isLoaded() const;
     void setLoaded(bool loaded);
 

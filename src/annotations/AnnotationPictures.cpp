@@ -2,7 +2,6 @@
 #include "annotations/AnnotationPictures.h"
 
 #include "DbDictionary.h"
-#include "DbRasterImageDefReactor.h"
 #include "DbRasterVariables.h"
 #include "DynamicLinker.h"
 #include "annotations/FreeName.h"
@@ -115,20 +114,12 @@ OdDbObjectId CPictures::AddDefinition(const Picture& picture)
     return id;
 }
 
-static bool IsShown(const OdDbRasterImageDef& definition)
-{
-    for (const OdDbObjectId& id : definition.getPersistentReactors())
-        if (!id.isErased() && id.objectClass()->isDerivedFrom(OdDbRasterImageDefReactor::desc()))
-            return true;
-    return false;
-}
-
 void CPictures::EraseUnused()
 {
     for (const OdDbObjectId& id : m_released)
     {
         const OdDbRasterImageDefPtr pDefinition = OdDbRasterImageDef::cast(id.openObject());
-        if (!pDefinition || IsShown(*pDefinition))
+        if (!pDefinition || pDefinition->isShown())
             continue;
         pDefinition->upgradeOpen();
         pDefinition->erase(true);

@@ -5,6 +5,9 @@
 #include <fstream>
 #include <random>
 
+#include <sys/stat.h>
+
+#include "AllocatedBytes.h"
 #include "AnnotationTest.h"
 #include "DbDictionary.h"
 #include "DbRasterImageDef.h"
@@ -365,6 +368,31 @@ TEST_F(StampFileTest, DefinitionsOfFilesGoWithTheLastStampThatShowsThem)
     db->undo();
     EXPECT_EQ(definitionCount(), 2u);
     EXPECT_EQ(imageOf(handles[2])->imageSize(), OdGeVector2d(12, 8));
+}
+
+TEST_F(StampFileTest, StampsThatShareAnImageTakeLinearWork)
+{
+    struct Work
+    {
+        double creating, deleting; // bytes for each stamp
+    };
+    const auto workFor = [&](std::size_t count)
+    {
+        const std::vector<std::string> stamps(count, stamp(withImage("shades.png")));
+        const std::uint64_t start = allocatedBytes();
+        const std::vector<std::string> handles = handlesOf(create(stamps));
+        const std::uint64_t created = allocatedBytes();
+        EXPECT_EQ(handles.size(), count);
+        EXPECT_EQ(definitionCount(), 1u);
+        for (const std::string& handle : handles)
+            EXPECT_EQ(remove({stamp(with(handle))}).state, eCommandEnded);
+        EXPECT_EQ(definitionCount(), 0u);
+        return Work{double(created - start) / count, double(allocatedBytes() - created) / count};
+    };
+    workFor(1);
+    const Work few = workFor(250), many = workFor(2000);
+    EXPECT_LT(many.creating, 1.1 * few.creating);
+    EXPECT_LT(many.deleting, 1.1 * few.deleting);
 }
 
 } // namespace

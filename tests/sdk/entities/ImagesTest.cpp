@@ -121,6 +121,43 @@ TEST_F(ImagesTest, ReactorsGoAndComeWithTheirImages)
     EXPECT_FALSE(reactor.isErased());
 }
 
+TEST_F(ImagesTest, DefinitionsForgetErasedImagesUntilTheyComeBack)
+{
+    const OdDbObjectId definition = addDefinition(L"A");
+    const OdDbObjectId images[] = {addImage(definition), addImage(definition), addImage(definition)};
+    const auto reactors = [&] { return definition.safeOpenObject(OdDb::kForRead, true)->getPersistentReactors(); };
+    const auto isShown = [&] { return OdDbRasterImageDefPtr(definition.safeOpenObject())->isShown(); };
+    const auto erase = [](const OdDbObjectId& id, bool erased)
+    { return id.safeOpenObject(OdDb::kForWrite, true)->erase(erased); };
+    const OdDbObjectIdArray all = reactors();
+    ASSERT_EQ(all.size(), 4u); // with the dictionary
+    database->startUndoRecord();
+    EXPECT_EQ(erase(images[1], true), eOk);
+    EXPECT_FALSE(knows(definition, images[1]));
+    EXPECT_EQ(reactors().size(), 3u);
+    EXPECT_EQ(erase(images[0], true), eOk);
+    EXPECT_TRUE(isShown());
+    EXPECT_EQ(erase(images[2], true), eOk);
+    EXPECT_FALSE(isShown());
+    database->undo();
+    EXPECT_TRUE(reactors() == all);
+    database->redo();
+    EXPECT_EQ(reactors().size(), 1u);
+    EXPECT_EQ(erase(images[1], false), eOk);
+    EXPECT_TRUE(knows(definition, images[1]));
+    EXPECT_TRUE(isShown());
+    // Also when the definition itself comes and goes meanwhile, or is open.
+    EXPECT_EQ(erase(definition, true), eOk);
+    EXPECT_EQ(erase(images[1], true), eOk);
+    EXPECT_EQ(erase(images[1], false), eOk);
+    EXPECT_EQ(erase(definition, false), eOk);
+    EXPECT_TRUE(isShown());
+    const OdDbObjectPtr opened = definition.safeOpenObject(OdDb::kForWrite);
+    EXPECT_EQ(erase(images[0], false), eOk);
+    EXPECT_TRUE(knows(definition, images[0]));
+    EXPECT_TRUE(opened->isWriteEnabled());
+}
+
 TEST_F(ImagesTest, MakingAnImageUndoes)
 {
     const OdDbObjectId definition = addDefinition(L"A");
