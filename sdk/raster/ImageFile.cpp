@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -48,8 +49,18 @@ const char* formatOf(std::string_view bytes)
     return nullptr;
 }
 
+/// What else may stand at a path has no end, or no beginning until somebody writes to it.
+void requireRegularFile(const OdString& fileName)
+{
+    std::error_code error;
+    const std::filesystem::file_status status = std::filesystem::status(odStringToUtf8(fileName), error);
+    if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status))
+        throw OdError_CantOpenFile(fileName, L"it is no regular file");
+}
+
 std::string readFile(const OdString& fileName)
 {
+    requireRegularFile(fileName);
     const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(odStringToUtf8(fileName).c_str(), "rb"),
                                                                &std::fclose);
     std::string bytes;

@@ -301,7 +301,9 @@ TEST_F(StampFileTest, FilesThatCannotBeReadAreNamedAndNothingIsDone)
 {
     const std::string text = folder.path("text.png");
     std::ofstream(text) << "no picture";
-    for (const std::string& path : {folder.path("none.png"), text, folder.path()})
+    const std::string pipe = folder.path("pipe.png");
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    for (const std::string& path : {folder.path("none.png"), text, folder.path(), pipe, std::string("/dev/null")})
     {
         const std::string json = array({stamp(), stamp({{"OriginalImagePath", quoted(path)}})});
         const std::string said = textThrownBy(
