@@ -34,7 +34,6 @@ void AddImage(const OdDbObjectId& idBlock, const OdDbObjectId& idDefinition)
     const OdDbBlockTableRecordPtr pBlock = idBlock.safeOpenObject(OdDb::kForWrite);
     const OdDbRasterImagePtr pImage = OdDbRasterImage::createObject();
     pBlock->appendOdDbEntity(pImage);
-    pImage->setLayer(pBlock->database()->getLayerZeroId());
     pImage->setImageDefId(idDefinition);
 }
 
@@ -82,7 +81,6 @@ OdDbBlockReferencePtr CreateRasterImage(const AnnotationProperties& properties, 
     OdDbBlockReferencePtr pReference = OdDbBlockReference::createObject();
     pReference->setBlockTableRecord(idBlock);
     definition.appendOdDbEntity(pReference);
-    pReference->setLayer(definition.database()->getLayerZeroId());
     return pReference;
 }
 
@@ -98,6 +96,8 @@ void FillImage(const AnnotationProperties& properties, const Outline& outline, O
         pImage->setImageDefId(idDefinition);
         drawing.Pictures().Release(idBefore);
     }
+    for (OdDbEntity* pEntity : {static_cast<OdDbEntity*>(&reference), static_cast<OdDbEntity*>(pImage.get())})
+        pEntity->setLayer(drawing.Database().getLayerZeroId());
     PlaceImage(*pImage, picture, SizeOf(properties, picture));
     ClipToOutline(reference, properties, outline);
 }

@@ -331,9 +331,14 @@ TEST_F(StampFileTest, ImagesComeGoAndChange)
     EXPECT_EQ(clipPoints(handle), 6u);
     const OdDbObjectId block = imageReference(handle)->blockTableRecord();
 
+    const OdDbObjectId layer = reference(handle)->layerId();
+    OdDbEntityPtr(imageReference(handle)->objectId().safeOpenObject(OdDb::kForWrite))->setLayer(layer);
+    OdDbEntityPtr(imageOf(handle)->objectId().safeOpenObject(OdDb::kForWrite))->setLayer(layer);
     modify({stamp(with(handle, withImage("shades.jpg")))});
     EXPECT_EQ(contentOf(handle), content);
     EXPECT_EQ(imageReference(handle)->blockTableRecord(), block);
+    EXPECT_EQ(imageReference(handle)->layer(), L"0");
+    EXPECT_EQ(imageOf(handle)->layer(), L"0");
     EXPECT_EQ(clipPoints(handle), 0u);
     EXPECT_EQ(definitionCount(), 1u); // nobody shows the other file any more
 
