@@ -24,6 +24,11 @@ constexpr double kLeastFigure = 1e-100;
 
 bool IsMoreThanZero(double fValue)
 {
+    return fValue > 0.0;
+}
+
+bool IsNotTooSmall(double fValue)
+{
     return fValue >= kLeastFigure;
 }
 
@@ -93,6 +98,9 @@ constexpr CheckRow kChecks[] = {
     {L"Width", &Value<&Properties::width>, &IsMoreThanZero, &IsBoxGiven, eMessageKeyNotPositive},
     {L"Height", &Value<&Properties::height>, &IsMoreThanZero, &IsBoxGiven, eMessageKeyNotPositive},
     {L"FontSize", &Value<&Properties::fontSize>, &IsMoreThanZero, &HasText, eMessageKeyNotPositive},
+    {L"Width", &Value<&Properties::width>, &IsNotTooSmall, &IsBoxGiven, eMessageKeyTooSmall},
+    {L"Height", &Value<&Properties::height>, &IsNotTooSmall, &IsBoxGiven, eMessageKeyTooSmall},
+    {L"FontSize", &Value<&Properties::fontSize>, &IsNotTooSmall, &HasText, eMessageKeyTooSmall},
     {L"BorderThickness", &Value<&Properties::borderThickness>, &IsNotNegative, &Always, eMessageKeyNegative},
     {L"BorderShape", &Corners, &IsCornerCount, &Always, eMessageKeyTooGreat},
     {L"X", &Position<&OdGePoint3d::x>, &IsNotTooGreat, &Always, eMessageKeyTooGreat},
@@ -121,7 +129,7 @@ OdString FindFault(const Properties& properties)
         if (row.matters(properties) && !row.isGood(row.value(properties)))
             return Message(row.eMessage, row.pszKey);
     if (properties.normal.isZeroLength())
-        return odSystemServices()->formatMessage(eMessageNormalIsZero);
+        return odSystemServices()->formatMessage(eMessageNormalTooShort);
     return OdString();
 }
 

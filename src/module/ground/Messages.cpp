@@ -40,8 +40,9 @@ constexpr OdMessageEntry kMessages[] = {
     {eMessageKeyNotPositive, L"\"%ls\" is not above 0"},
     {eMessageKeyNegative, L"\"%ls\" is below 0"},
     {eMessageKeyTooGreat, L"\"%ls\" is too great"},
+    {eMessageKeyTooSmall, L"\"%ls\" is too small"},
     {eMessageNoObject, L"it is no object"},
-    {eMessageNormalIsZero, L"\"Nx\", \"Ny\" and \"Nz\" are all 0"},
+    {eMessageNormalTooShort, L"\"Nx\", \"Ny\" and \"Nz\" are too small"},
     {eMessageAnnotationInvalid, L"Annotation [%ls] cannot be used: %ls."},
 };
 

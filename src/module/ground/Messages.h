@@ -37,8 +37,9 @@ enum EMessage : unsigned int
     eMessageKeyNotPositive = 20027,   ///< key
     eMessageKeyNegative = 20028,      ///< key
     eMessageKeyTooGreat = 20029,      ///< key
+    eMessageKeyTooSmall = 20033,      ///< key
     eMessageNoObject = 20030,         ///< none
-    eMessageNormalIsZero = 20031,     ///< none
+    eMessageNormalTooShort = 20031,   ///< none
     eMessageAnnotationInvalid = 20032 ///< index, reason
 };
 

@@ -308,7 +308,11 @@ TEST_F(StampTest, FiguresThatCannotBeDrawnAreNamed)
     expectRefused({{"BorderThickness", "-0.1"}}, "\"BorderThickness\" is below 0");
     expectRefused({{"BorderShape", "2147483647"}}, "\"BorderShape\" is too great");
     expectRefused({{"BorderShape", "-2147483648"}}, "\"BorderShape\" is too great");
-    expectRefused({{"Nz", "0"}}, "\"Nx\", \"Ny\" and \"Nz\" are all 0");
+    for (const char* figure : {"1e-101", "5e-324"})
+        for (const std::string key : {"Width", "Height", "FontSize"})
+            expectRefused({{key, figure}}, '"' + key + "\" is too small");
+    for (const char* figure : {"0", "1e-10", "-1e-300"})
+        expectRefused({{"Nz", figure}}, "\"Nx\", \"Ny\" and \"Nz\" are too small");
     expectRefused({{"X", "1e300"}}, "\"X\" is too great");
     expectRefused({{"Width", "1e101"}}, "\"Width\" is too great");
     expectRefused({{"Angle", "-1e200"}}, "\"Angle\" is too great");
