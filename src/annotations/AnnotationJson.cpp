@@ -44,11 +44,21 @@ void ReadValue(const JsonValue& value, bool& flag)
     flag = value.IsTrue();
 }
 
+bool IsText(const JsonValue& value)
+{
+    return value.IsNull() || value.IsString();
+}
+
+OdString TextOf(const JsonValue& value)
+{
+    return value.IsNull() ? OdString() : TextOfJson(value);
+}
+
 void ReadValue(const JsonValue& value, OdString& text)
 {
-    if (!value.IsNull() && !value.IsString())
+    if (!IsText(value))
         throw WrongKind{eMessageKeyNoString};
-    text = value.IsNull() ? OdString() : TextOfJson(value);
+    text = TextOf(value);
 }
 
 // ---- Colours
@@ -110,7 +120,7 @@ void ReadNormal(const JsonValue& value, AnnotationProperties& properties)
 template<auto Set, auto Color, auto Transparency>
 void ReadColor(const JsonValue& value, AnnotationProperties& properties)
 {
-    if (!value.IsNull() && !value.IsString())
+    if (!IsText(value))
         throw WrongKind{eMessageKeyNoString};
     properties.*Set = ParseArgbColor(value, properties.*Color, properties.*Transparency);
 }
@@ -190,8 +200,9 @@ AnnotationProperties ReadNumbered(const JsonValue& object, std::size_t uiIndex)
 
 bool ParseArgbColor(const JsonValue& value, OdCmColor& color, OdCmTransparency& transparency)
 {
-    OdString strText;
-    ReadValue(value, strText);
+    if (!IsText(value))
+        throw OdError(eInvalidInput);
+    const OdString strText = TextOf(value);
     if (strText.isEmpty())
         return false;
     const std::wstring_view text = strText.view();

@@ -156,6 +156,21 @@ TEST_F(AnnotationJson, ColoursAreReadAsFarAsTheyGo)
     EXPECT_EQ(unset.textTransparency.serializeOut(), 0u);
 }
 
+TEST_F(AnnotationJson, ColoursOfOtherKindsAreRefused)
+{
+    OdCmColor color(OdCmEntityColor(1, 2, 3));
+    OdCmTransparency transparency(OdUInt8(9));
+    for (const OdChar* value : {L"1", L"true", L"[\"#FF000000\"]", L"{}"})
+    {
+        const CJsonText json{OdString(value)};
+        EXPECT_EQ(thrownBy([&] { Annotation::ParseArgbColor(json.Root(), color, transparency); }),
+                  (Fault{eInvalidInput, "OdError", "", ""}));
+    }
+    EXPECT_FALSE(Annotation::ParseArgbColor(CJsonText(L"null").Root(), color, transparency));
+    EXPECT_EQ(color, OdCmColor(OdCmEntityColor(1, 2, 3)));
+    EXPECT_EQ(transparency.alpha(), 9);
+}
+
 TEST_F(AnnotationJson, TextsOfAllScriptsComeWhole)
 {
     const struct
