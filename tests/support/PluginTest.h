@@ -92,9 +92,10 @@ class Host : public CCommandHandlerCallback
 {
 public:
     void CommandMessage(const OdString& message) override { messages.push_back(odStringToUtf8(message)); }
-    OdString getString(const OdString& prompt, int, OdEdStringTracker*) override
+    OdString getString(const OdString& prompt, int options, OdEdStringTracker*) override
     {
         prompts.push_back(odStringToUtf8(prompt));
+        promptOptions.push_back(options);
         if (answers.empty())
             throw OdEdCancel();
         const OdString answer = answers.front();
@@ -106,6 +107,7 @@ public:
 
     std::deque<OdString> answers;
     std::vector<std::string> prompts, texts, errors, messages;
+    std::vector<int> promptOptions; ///< of each of the prompts
 };
 
 /// What a run left.

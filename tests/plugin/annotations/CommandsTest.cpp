@@ -83,9 +83,11 @@ TEST_F(AnnotationCommandsTest, TheJsonIsAParameterOrAsked)
         EXPECT_EQ(handlesOf(outcome).size(), 1u) << outcome.fault;
     }
     EXPECT_TRUE(host->prompts.empty());
-    host->answers = {json};
+    host->answers = {L"", json};
     EXPECT_EQ(handlesOf(run(L"CREATEANNOTATIONFROMJSON")).size(), 1u);
-    EXPECT_EQ(host->prompts.size(), 1u);
+    EXPECT_EQ(host->prompts, std::vector<std::string>(2, "Annotations as JSON:"));
+    EXPECT_EQ(host->promptOptions, (std::vector{3, 3}));
+    EXPECT_EQ(host->errors, std::vector<std::string>{"Requires non-empty value!"});
     EXPECT_EQ(run(L"CREATEANNOTATIONFROMJSON").state, eCommandCancelled);
     EXPECT_EQ(run(L"CREATEANNOTATIONFROMJSON", CadCommands::SetParameterInt32(L"JSON", 3)).fault.code, 68);
     EXPECT_EQ(run(L"CREATEANNOTATIONFROMJSON", CadCommands::SetParameterInt32(L"N", 3)).fault.code, 926);

@@ -102,6 +102,51 @@ TEST_F(AnnotationJson, KeysThatAreMissingOrOfAWrongKindAreNamed)
         }
 }
 
+/// The keys in the order in which they are read; the order in which they are written does not matter.
+TEST_F(AnnotationJson, OfSeveralFaultyKeysTheFirstOneReadIsNamed)
+{
+    const std::vector<std::string> order = {"X",
+                                            "Y",
+                                            "Z",
+                                            "Height",
+                                            "Width",
+                                            "Padding",
+                                            "Angle",
+                                            "Nx",
+                                            "Ny",
+                                            "Nz",
+                                            "Id",
+                                            "DocumentVersionId",
+                                            "Text",
+                                            "HorizontalAlignment",
+                                            "VerticalAlignment",
+                                            "OriginalImagePath",
+                                            "EffectiveImageFileName",
+                                            "Uniform",
+                                            "Handle",
+                                            "TextColor",
+                                            "BackgroundColor",
+                                            "BorderColor",
+                                            "BorderShape",
+                                            "BorderThickness",
+                                            "CornerRadius",
+                                            "FitToText",
+                                            "Font",
+                                            "LineSpacingFactor",
+                                            "FontSize"};
+    const auto faults = [](const std::string& key) {
+        return key.size() == 1 ? std::vector<std::string>{"[]"} : std::vector<std::string>{"", "[]"};
+    };
+    for (std::size_t first = 0; first + 1 < order.size(); ++first)
+        for (const std::string& fault : faults(order[first]))
+            for (const std::string& later : faults(order[first + 1]))
+            {
+                const std::string text = refusal(stamp({{order[first + 1], later}, {order[first], fault}}));
+                EXPECT_NE(text.find(": \"" + order[first] + "\" is "), std::string::npos) << text;
+            }
+    EXPECT_EQ(order.size(), usualMembers().size() + 3);
+}
+
 TEST_F(AnnotationJson, CoordinatesMayBeMissing)
 {
     EXPECT_EQ(record().position, OdGePoint3d());

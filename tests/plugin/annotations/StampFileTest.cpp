@@ -256,7 +256,7 @@ TEST_F(StampFileTest, ImagesAreFittedIntoTheBox)
         OdGeVector3d u, v;
         const OdDbRasterImagePtr image = imageOf(handle);
         image->getOrientation(origin, u, v);
-        EXPECT_LT(u.x - row.width, 1e-12);
+        EXPECT_NEAR(u.x, row.width, 1e-12);
         EXPECT_NEAR(v.y, row.height, 1e-12);
         EXPECT_LT(origin.distanceTo(OdGePoint3d(-row.width / 2, -row.height / 2, 0)), 1e-12);
         EXPECT_EQ(image->imageSize(), OdGeVector2d(12, 8));
