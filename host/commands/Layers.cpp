@@ -13,7 +13,7 @@ const LayerState& Layers::of(const OdDbObjectId& layer)
     {
         const OdDbLayerTableRecordPtr record = OdDbLayerTableRecord::cast(layer.openObject());
         if (!record.isNull())
-            entry->second = {!record->isOff() && !record->isFrozen(), record->isLocked()};
+            entry->second = {record->isLocked()};
     }
     return entry->second;
 }

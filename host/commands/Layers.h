@@ -10,7 +10,6 @@ namespace hostcommands
 
 struct LayerState
 {
-    bool isShown = true;
     bool isLocked = false;
 };
 

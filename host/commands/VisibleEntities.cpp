@@ -4,8 +4,7 @@
 #include "DbBlockTableRecord.h"
 #include "DbDatabase.h"
 #include "DbObjectIterator.h"
-#include "DbViewport.h"
-#include "commands/Layers.h"
+#include "DbShownEntities.h"
 
 namespace hostcommands
 {
@@ -18,16 +17,9 @@ OdDbBlockTableRecordPtr currentSpace(OdDbDatabase& database)
     return OdDbBlockTableRecord::cast(database.getActiveLayoutBTRId().safeOpenObject());
 }
 
-bool isSheet(const OdDbEntity& entity)
+bool isShown(const OdDbEntityPtr& entity, OdDbShownEntities& seen)
 {
-    const OdDbViewportPtr viewport = OdDbViewport::cast(&entity);
-    return !viewport.isNull() && viewport->number() == 1;
-}
-
-bool isShown(const OdDbEntityPtr& entity, Layers& layers)
-{
-    return !entity.isNull() && entity->visibility() == OdDb::kVisible && layers.of(entity->layerId()).isShown &&
-           !isSheet(*entity);
+    return !entity.isNull() && seen.isShown(*entity);
 }
 
 } // namespace
@@ -35,18 +27,18 @@ bool isShown(const OdDbEntityPtr& entity, Layers& layers)
 OdDbObjectIdArray visibleEntities(OdDbDatabase& database)
 {
     OdDbObjectIdArray shown;
-    Layers layers;
+    OdDbShownEntities seen;
     for (OdDbObjectIteratorPtr walk = currentSpace(database)->newIterator(); !walk->done(); walk->step())
-        if (isShown(walk->entity(), layers))
+        if (isShown(walk->entity(), seen))
             shown.append(walk->objectId());
     return shown;
 }
 
 OdDbObjectId lastVisibleEntity(OdDbDatabase& database)
 {
-    Layers layers;
+    OdDbShownEntities seen;
     for (OdDbObjectIteratorPtr walk = currentSpace(database)->newIterator(false); !walk->done(); walk->step(false))
-        if (isShown(walk->entity(), layers))
+        if (isShown(walk->entity(), seen))
             return walk->objectId();
     return OdDbObjectId::kNull;
 }

@@ -8,8 +8,7 @@ class OdDbDatabase;
 namespace hostcommands
 {
 
-// The entities that are not invisible and lie on layers that are shown, in drawing order. The viewport that stands for
-// the sheet itself is none of them.
+// The entities of which anything is seen, in drawing order: those that selecting by shapes finds too.
 OdDbObjectIdArray visibleEntities(OdDbDatabase& database);
 
 // The last of them; the null id when nothing is shown.

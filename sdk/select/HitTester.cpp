@@ -16,8 +16,11 @@ namespace picking
 namespace
 {
 
-/// Pieces that one entity is tested with; blocks nested many times over each other have more than anyone can count.
+/// Pieces that one entity is tested with, and drawables that are looked at, shown or not, for all of them or for the
+/// first that is shown; blocks nested many times over each other have more than anyone can count.
 constexpr std::size_t kMostPieces = 4'000'000;
+constexpr std::size_t kMostDrawables = 4'000'000;
+constexpr std::size_t kMostHidden = 1'000'000;
 constexpr double kTwoPi = 6.28318530717958647692;
 
 bool isFinite(const OdGePoint2d& point)
@@ -60,13 +63,15 @@ void HitGeometry::begin()
 {
     m_answer = Answer();
     m_pieces = 0;
+    m_drawables = 0;
     m_clips = Clips(); // drawing that failed may have left some
 }
 
 bool HitGeometry::isAnswered() const
 {
     return m_answer.isIncomplete || (m_question == Question::kLiesIn && m_answer.reachesOut) ||
-           (m_question == Question::kTouches && m_answer.touches);
+           (m_question == Question::kTouches && m_answer.touches) ||
+           (m_question == Question::kIsDrawn && m_answer.isDrawn);
 }
 
 // What lies on a layer that is off is not seen; what it holds on other layers is.
@@ -110,6 +115,7 @@ void HitGeometry::draw(const OdGiDrawable* drawable)
 {
     if (isAnswered())
         return;
+    m_answer.isIncomplete = ++m_drawables > (m_question == Question::kIsDrawn ? kMostHidden : kMostDrawables);
     if (const OdDbEntityPtr entity = OdDbEntity::cast(drawable); !entity.isNull() && isFrozen(*entity))
         return;
     const bool wasText = m_isText;
@@ -262,7 +268,8 @@ void HitGeometry::addLine(const OdGePoint3d& first, const OdGePoint3d& second, b
     const double squared = along.lengthSqrd();
     if (squared == 0.0 || !std::isfinite(squared))
         return addSegment({line.start, line.start});
-    if (m_question == Question::kLiesIn && isShownNow())
+    const bool hasNoEnd = m_question == Question::kLiesIn || m_question == Question::kIsDrawn;
+    if (hasNoEnd && isShownNow())
         m_answer.isDrawn = m_answer.reachesOut = true;
     const double middle = (m_center - seen(line.start)).dotProduct(along) / squared;
     const double half = m_shape->box().diagonal().length() / std::sqrt(squared);
@@ -284,7 +291,7 @@ void HitGeometry::look(const Curve& curve)
         m_answer.reachesOut = m_answer.reachesOut || !m_shape->holds(curve);
         return;
     }
-    if (!m_shape->touches(curve))
+    if (m_question == Question::kIsDrawn || !m_shape->touches(curve))
         return;
     m_answer.touches = true;
     if (m_question == Question::kHowFar)
@@ -330,7 +337,7 @@ void HitGeometry::addPolygon(const SpaceOutline& outline)
             m_answer.reachesOut = !m_shape->holds(side(i));
         return;
     }
-    if (!m_shape->touchesArea(corners))
+    if (m_question == Question::kIsDrawn || !m_shape->touchesArea(corners))
         return;
     m_answer.touches = true;
     if (m_question != Question::kHowFar)
@@ -368,8 +375,8 @@ void HitGeometry::addArea(const std::vector<SpaceOutline>& outlines)
         for (const SpaceSegment& edge : m_clips.edgesOf(*area))
             look(Segment{seen(edge.start), seen(edge.end)});
     m_answer.areaDistance = std::min(m_answer.areaDistance, std::exchange(m_answer.distance, distanceOfLines));
-    if (m_question == Question::kLiesIn || m_answer.isIncomplete || m_answer.touches || !isShownNow() ||
-        !isShapeWithin(outlines, area))
+    if (m_question == Question::kLiesIn || m_question == Question::kIsDrawn || m_answer.isIncomplete ||
+        m_answer.touches || !isShownNow() || !isShapeWithin(outlines, area))
         return;
     m_answer.isDrawn = m_answer.touches = true;
     m_answer.areaDistance = 0.0;

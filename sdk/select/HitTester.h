@@ -21,7 +21,8 @@ enum class Question
 {
     kLiesIn,
     kTouches,
-    kHowFar ///< from the centre of the shape, for what touches it
+    kHowFar, ///< from the centre of the shape, for what touches it
+    kIsDrawn ///< wherever the shape is
 };
 
 struct Answer
@@ -82,7 +83,8 @@ private:
     ViewPlane m_plane;
     LayerStates* m_layers = nullptr;
     Answer m_answer;
-    std::size_t m_pieces = 0;
+    std::size_t m_pieces = 0; ///< that are shown
+    std::size_t m_drawables = 0;
     int m_depth = 0;
     bool m_isText = false;
     bool m_isSolid = false;

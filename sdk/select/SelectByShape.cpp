@@ -2,15 +2,14 @@
 #include <algorithm>
 #include <cmath>
 
-#include "DbBlockReference.h"
 #include "DbDatabase.h"
-#include "DbDimension.h"
+#include "DbEntity.h"
 #include "DbSSet.h"
-#include "DbViewport.h"
 #include "OdError.h"
 #include "select/DrawingIndex.h"
 #include "select/EntityConditions.h"
 #include "select/HitTester.h"
+#include "select/SeenEntities.h"
 
 namespace picking
 {
@@ -89,19 +88,6 @@ Question questionOf(Visual::Mode mode, const std::vector<OdGePoint2d>& points)
     return isWindow ? Question::kLiesIn : Question::kTouches;
 }
 
-/// Entities whose parts may lie on layers of their own.
-bool isMadeOfParts(const OdDbEntity& entity)
-{
-    return entity.isKindOf(OdDbBlockReference::desc()) || entity.isKindOf(OdDbDimension::desc());
-}
-
-/// The viewport that stands for the sheet itself is nothing on it.
-bool isSheet(const OdDbEntity& entity)
-{
-    const OdDbViewportPtr viewport = OdDbViewport::cast(&entity);
-    return !viewport.isNull() && viewport->number() == 1;
-}
-
 struct Hit
 {
     Place place;
@@ -160,11 +146,7 @@ private:
 
     bool isShown(const OdDbEntity& entity) { return m_layers.of(entity.layerId()).isShown(); }
 
-    bool mayBeSelected(const OdDbEntity& entity)
-    {
-        return entity.visibility() == OdDb::kVisible && !m_layers.of(entity.layerId()).isFrozen &&
-               m_conditions.admit(entity) && !isSheet(entity);
-    }
+    bool mayBeSelected(const OdDbEntity& entity) { return maySee(entity, m_layers) && m_conditions.admit(entity); }
 
     void test(Place place, const OdDbEntity& entity)
     {

@@ -169,6 +169,36 @@ TEST_F(Selection, TakesWhatIsShownAndMayBeChanged)
     EXPECT_EQ(selected(run("SELECTIONSELECTALLVISIBLEENTITIES", R"({"SELECTOPTIONS":2})")), "A1") << "a single entity";
 }
 
+// What is drawn decides, not where the reference itself lies: in every way to select the same.
+TEST_F(Selection, TakesBlocksByWhatIsDrawnOfThem)
+{
+    const auto insert = [](const char* handle, const char* layer, const char* block)
+    { return std::string("INSERT ") + handle + " " + layer + "|100 AcDbBlockReference|2 " + block + "|10 0|20 0"; };
+    open({{
+              insert("B1", "0", "MIXED"),
+              insert("B2", "OFF", "MIXED"),
+              insert("B3", "FROZEN", "MIXED"),
+              insert("B4", "0", "HIDDEN"),
+              insert("B5", "OFF", "PLAIN"),
+              insert("B6", "0", "PLAIN"),
+              "DIMENSION B7 OFF|100 AcDbDimension|2 *D1|10 0|20 0|70 32|100 AcDbAlignedDimension",
+              "DIMENSION B8 0|100 AcDbDimension|2 *D2|10 0|20 0|70 32|100 AcDbAlignedDimension",
+              insert("B9", "0", "HIDDEN"),
+          },
+          {{"MIXED", {"LINE E1 0|100 AcDbLine|10 0|20 0|11 9|21 0", "LINE E2 LOCKED|100 AcDbLine|10 0|20 5|11 9|21 5"}},
+           {"HIDDEN", {"LINE E3 FROZEN|100 AcDbLine|10 0|20 0|11 9|21 0"}},
+           {"PLAIN", {"LINE E4 0|100 AcDbLine|10 0|20 0|11 9|21 0"}},
+           {"*D1", {"LINE E5 LOCKED|100 AcDbLine|10 0|20 0|11 9|21 0"}},
+           {"*D2", {"LINE E6 OFF|100 AcDbLine|10 0|20 0|11 9|21 0"}}}});
+    const std::string shown = "B1 B2 B6 B7";
+    EXPECT_EQ(selected(run("SELECTIONSELECTVISUAL", R"({"SELECTFUNCTION":3})", "[[99, 99], [-99, -99]]")), shown);
+    EXPECT_EQ(selected(run("SELECTIONSELECTALLVISIBLEENTITIES", "{}")), shown);
+    EXPECT_EQ(selected(run("SELECTIONSELECTLASTVISIBLEENTITY", "{}")), "B7");
+    EXPECT_EQ(selected(run("SELECTIONSELECTBYJSON", "{}", R"(["{}"])")), shown);
+    EXPECT_EQ(selected(run("SELECTIONSELECTBYJSON", "{}", R"(["{\"Types\": [\"INSERT\"]}"])")), "B1 B2 B6");
+    EXPECT_EQ(selected(run("SELECT", "{}", R"(["ALL", ""])")), shown);
+}
+
 TEST_F(Selection, TakesWhatTheSheetShows)
 {
     support::Content drawing = content();
