@@ -8,8 +8,7 @@ OdGeMatrix3d toViewPlane(const ViewPoint& view)
 {
     const double length = view.direction.length();
     const OdGeVector3d z = length > 0.0 ? view.direction / length : OdGeVector3d(0.0, 0.0, 1.0);
-    OdGeVector3d x = OdGeVector3d(0.0, 0.0, 1.0).crossProduct(z);
-    x = x.length() > 1e-9 ? x.normal() : OdGeVector3d(1.0, 0.0, 0.0);
+    const OdGeVector3d x = z.perpVector();
     const OdGeVector3d y = z.crossProduct(x);
     const double c = std::cos(view.twist);
     const double s = std::sin(view.twist);

@@ -44,7 +44,8 @@ struct ViewPoint
     double twist = 0.0;
 };
 
-/// Maps the world to the plane of what is seen, whose origin is the target.
+/// Maps the world to the plane of what is seen, whose origin is the target; its axes are those that drawings use for
+/// planes in space, turned by the twist.
 OdGeMatrix3d toViewPlane(const ViewPoint& view);
 
 /// Maps a rectangle of a plane to one of a page, whose y axis points down. Both have the same proportions.

@@ -20,16 +20,14 @@ bool isSame(const OdGeVector3d& first, const OdGeVector3d& second)
     return first.x == second.x && first.y == second.y && first.z == second.z;
 }
 
-/// The plane at right angles to the direction, with the world's z axis upwards in it, turned by the twist.
+/// The plane at right angles to the direction, with the axes that drawings use for planes in space, turned by the
+/// twist.
 ViewPlane planeFacing(const OdGeVector3d& direction, double twist)
 {
     const double length = direction.length();
     const bool isUsable = std::isfinite(length) && length > 0.0;
     const OdGeVector3d towardsEye = isUsable ? direction / length : OdGeVector3d(0.0, 0.0, 1.0);
-    OdGeVector3d right(-towardsEye.y, towardsEye.x, 0.0);
-    const double slope = right.length();
-    constexpr double kStraightDown = 1e-10;
-    right = slope > kStraightDown ? right / slope : OdGeVector3d(1.0, 0.0, 0.0);
+    const OdGeVector3d right = towardsEye.perpVector();
     const OdGeVector3d up = towardsEye.crossProduct(right);
     const double turn = std::isfinite(twist) ? twist : 0.0;
     if (turn == 0.0)

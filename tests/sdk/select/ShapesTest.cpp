@@ -317,6 +317,22 @@ TEST(Shapes, LieInThePlaneOfTheView)
     content.view = "40 100|16 0|26 0|36 1|51 90";
     const Drawing turned(content);
     EXPECT_EQ(turned.select(Visual::kWindow, {{-1, -1, 0}, {11, 1, 0}}), "A1");
+
+    // From below, and from nearly straight above, the world's x axis goes to the left or to the right, which decides
+    // between a crossing and a window.
+    const struct
+    {
+        const char* view;
+        const char* expected;
+    } rows[] = {{"40 100|16 0|26 0|36 -1", "A1 A2"},
+                {"40 100|16 0.01|26 0|36 1", ""},
+                {"40 100|16 0|26 0.01|36 1", ""},
+                {"40 100|16 0|26 0.02|36 1", "A1 A2"}};
+    for (const auto& row : rows)
+    {
+        content.view = row.view;
+        EXPECT_EQ(Drawing(content).select(Visual::kBox, {{5, -9, 0}, {99, 9, 0}}), row.expected) << row.view;
+    }
 }
 
 TEST(Shapes, AreNarrowedDownByAFilter)
