@@ -1,7 +1,9 @@
 // Finds out what the user sees, and changes it.
 //
-// The plane of a view has its origin in the target and is at right angles to the direction in which the eye lies; its
-// axes are those that drawings use for planes in space, turned by the twist. Perspective is not looked at.
+// The plane of a view of the model has its origin in the target and is at right angles to the direction in which the
+// eye lies; its axes are those that drawings use for planes in space, turned by the twist. Perspective is not looked
+// at. A sheet is always seen straight from above, whatever its viewport says of target, direction and twist: its plane
+// is that of the drawing.
 #include "commands/Viewer.h"
 
 #include <algorithm>
@@ -18,6 +20,14 @@ namespace
 {
 
 constexpr double kMargin = 0.05; // on every side, of the size of what is shown
+
+// From the plane of a view to the drawing.
+OdGeMatrix3d planeOf(const OdGePoint3d& target, const OdGeVector3d& direction, double twist)
+{
+    const OdGeVector3d towardsEye = direction.isZeroLength() ? OdGeVector3d::kZAxis : direction;
+    return OdGeMatrix3d::rotation(-twist, towardsEye, target) * OdGeMatrix3d::translation(target.asVector()) *
+           OdGeMatrix3d::planeToWorld(towardsEye);
+}
 
 // Saved views may lack a height or have one that is no number.
 double orElse(double value, double otherwise)
@@ -44,7 +54,7 @@ ActiveView::ActiveView(OdDbDatabase& database) : m_id(database.activeViewportId(
 void ActiveView::readModel(const OdDbObject& record)
 {
     const auto& view = static_cast<const OdDbViewportTableRecord&>(record);
-    setPlane(view.target(), view.viewDirection(), view.viewTwist());
+    m_toDrawing = planeOf(view.target(), view.viewDirection(), view.viewTwist());
     m_center = view.centerPoint();
     m_height = orElse(view.height(), 1.0);
     m_proportion = orElse(view.width() / view.height(), 1.0);
@@ -53,17 +63,9 @@ void ActiveView::readModel(const OdDbObject& record)
 void ActiveView::readSheet(const OdDbObject& viewport)
 {
     const auto& view = static_cast<const OdDbViewport&>(viewport);
-    setPlane(view.viewTarget(), view.viewDirection(), view.twistAngle());
-    m_center = view.viewCenter();
-    m_height = orElse(view.viewHeight(), orElse(view.height(), 1.0));
+    m_center = OdGePoint2d(view.centerPoint().x, view.centerPoint().y);
+    m_height = orElse(view.height(), orElse(view.viewHeight(), 1.0));
     m_proportion = orElse(view.width() / view.height(), 1.0);
-}
-
-void ActiveView::setPlane(const OdGePoint3d& target, const OdGeVector3d& direction, double twist)
-{
-    const OdGeVector3d towardsEye = direction.isZeroLength() ? OdGeVector3d::kZAxis : direction;
-    m_toDrawing = OdGeMatrix3d::rotation(-twist, towardsEye, target) * OdGeMatrix3d::translation(target.asVector()) *
-                  OdGeMatrix3d::planeToWorld(towardsEye);
 }
 
 OdGeExtents3d ActiveView::extents() const
@@ -112,11 +114,16 @@ void ActiveView::show(const OdGePoint2d& center, double height)
         view.setHeight(height);
         return;
     }
-    // The sheet's viewport lies on the sheet as far as it shows it.
+    // The sheet's viewport lies on the sheet as far as it shows it; what it says of that in the plane of its own target
+    // and direction means the same.
     auto& view = static_cast<OdDbViewport&>(*object);
-    view.setViewCenter(center);
+    const OdGePoint3d onSheet(center.x, center.y, view.centerPoint().z);
+    const OdGePoint3d inOwnPlane =
+        planeOf(view.viewTarget(), view.viewDirection(), view.twistAngle()).inverse() * onSheet;
+    const bool isPlane = std::isfinite(inOwnPlane.x) && std::isfinite(inOwnPlane.y);
+    view.setViewCenter(isPlane ? OdGePoint2d(inOwnPlane.x, inOwnPlane.y) : center);
     view.setViewHeight(height);
-    view.setCenterPoint(OdGePoint3d(center.x, center.y, view.centerPoint().z));
+    view.setCenterPoint(onSheet);
     view.setHeight(height);
     view.setWidth(width());
 }

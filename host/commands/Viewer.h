@@ -10,7 +10,8 @@ namespace hostcommands
 {
 
 // The active view of the current layout: the active viewport record of the model, or the viewport of a sheet that
-// stands for the sheet itself. It looks at a plane, in which it shows a rectangle around a centre.
+// stands for the sheet itself, which is always seen straight from above. It looks at a plane, in which it shows a
+// rectangle around a centre.
 class ActiveView
 {
 public:
@@ -31,7 +32,6 @@ public:
 private:
     void readModel(const OdDbObject& record);
     void readSheet(const OdDbObject& viewport);
-    void setPlane(const OdGePoint3d& target, const OdGeVector3d& direction, double twist);
     void show(const OdGePoint2d& center, double height);
     double width() const { return m_height * m_proportion; }
 

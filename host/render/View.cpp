@@ -40,22 +40,27 @@ OdGeExtents2d withRoom(const OdGeExtents2d& plane)
     return {plane.minPoint() - OdGeVector2d(room, room), plane.maxPoint() + OdGeVector2d(room, room)};
 }
 
+bool isSize(double size)
+{
+    return std::isfinite(size) && size > 0.0;
+}
+
 View activeViewOf(OdDbDatabase& database, const OdDbLayout& layout)
 {
     View view;
     if (!isModel(layout))
     {
         const OdDbViewportPtr sheet = OdDbViewport::cast(layout.overallVportId().openObject());
-        if (!sheet.isNull() && sheet->viewHeight() > 0.0 && sheet->height() > 0.0)
-            view.plane = rectangle(sheet->viewCenter(), sheet->viewHeight() * sheet->width() / sheet->height(),
-                                   sheet->viewHeight());
+        // The sheet is seen straight from above; its viewport lies on it as far as it is seen.
+        if (!sheet.isNull() && isSize(sheet->width()) && isSize(sheet->height()))
+            view.plane = rectangle({sheet->centerPoint().x, sheet->centerPoint().y}, sheet->width(), sheet->height());
         return view;
     }
     const OdDbViewportTablePtr table = OdDbViewportTable::cast(database.getViewportTableId().openObject());
     const OdDbViewportTableRecordPtr record =
         table.isNull() ? OdDbViewportTableRecordPtr()
                        : OdDbViewportTableRecord::cast(table->getActiveViewportId().openObject());
-    if (record.isNull() || !(record->height() > 0.0) || !(record->width() > 0.0))
+    if (record.isNull() || !isSize(record->height()) || !isSize(record->width()))
         return view;
     view.from = {record->target(), record->viewDirection(), record->viewTwist()};
     view.plane = rectangle(record->centerPoint(), record->width(), record->height());

@@ -32,7 +32,7 @@ struct ViewedSpace
 };
 
 /// viewportId is a record of the viewport table, which shows the model, or a viewport of a sheet or its layout, which
-/// show the sheet. Throws OdError: eNullObjectId, eNotApplicable for an object of another kind.
+/// show the sheet, straight from above. Throws OdError: eNullObjectId, eNotApplicable for an object of another kind.
 ViewedSpace viewedThrough(const OdDbObjectId& viewportId);
 
 } // namespace picking

@@ -232,12 +232,14 @@ protected:
         again->readFile(file);
         return again;
     }
-    static std::string viewport(int number, double x, double y, double width, double height, double viewHeight)
+    static std::string viewport(int number, double x, double y, double width, double height, double viewHeight,
+                                const char* further = "")
     {
         const auto real = [](int code, double value) { return group(code, std::to_string(value)); };
         return groups("0 VIEWPORT|5 70|330 1B|100 AcDbEntity|67 1|8 0|100 AcDbViewport|30 0") + real(10, x) +
                real(20, y) + real(40, width) + real(41, height) + group(68, "1") + group(69, std::to_string(number)) +
-               real(12, x) + real(22, y) + groups("16 0|26 0|36 1") + real(45, viewHeight);
+               real(12, x) + real(22, y) + (*further ? groups(further) : groups("16 0|26 0|36 1")) +
+               real(45, viewHeight);
     }
 
     support::TemporaryFolder m_folder;
@@ -245,22 +247,38 @@ protected:
 
 TEST_F(ViewOfDrawing, TheSheetIsWhatTheSheetsViewportShows)
 {
-    for (const OdDb::SaveType type : {OdDb::kDxf, OdDb::kDxb})
+    const struct
     {
-        const OdDbDatabasePtr database = readSheet(viewport(1, 210, 148, 400, 200, 200));
-        EXPECT_EQ(text(ActiveView(*database).extents()), text({{10, 48, 0}, {410, 248, 0}}));
-        const double modelHeight = modelRecordOf(*database)->height();
-        ActiveView(*database).zoomTo({{0, 0, 0}, {40, 20, 0}});
-        EXPECT_EQ(text(ActiveView(*database).extents()), text({{-2, -1, 0}, {42, 21, 0}}));
-        const OdDbDatabasePtr again = saveAndRead(database, type);
-        EXPECT_EQ(text(ActiveView(*again).extents()), text({{-2, -1, 0}, {42, 21, 0}}));
-        const OdDbViewportPtr sheet = OdDbViewport::cast(again->activeViewportId().safeOpenObject());
-        EXPECT_EQ(sheet->number(), 1);
-        EXPECT_NEAR(sheet->centerPoint().x, 20, 1e-9);
-        EXPECT_NEAR(sheet->width(), 44, 1e-9);
-        EXPECT_NEAR(sheet->height(), 22, 1e-9);
-        EXPECT_EQ(modelRecordOf(*again)->height(), modelHeight) << "the model's view is another one";
-    }
+        const char* looks;  // of the sheet's viewport: target, direction, twist
+        OdGePoint2d center; // in the plane of these, after zooming to a box around (20, 10)
+    } rows[] = {
+        {"16 0|26 0|36 1", {20, 10}},
+        {"17 5|27 -3|37 2|16 0|26 0|36 1", {15, 13}},
+        {"17 5|27 0|37 0|16 0|26 0|36 1|51 90", {-10, 15}},
+        {"17 0|27 0|37 0|16 0|26 -1|36 0", {20, 0}},
+        {"17 nan|27 0|37 0|16 0|26 0|36 1|51 nan", {20, 10}},
+    };
+    for (const auto& row : rows)
+        for (const OdDb::SaveType type : {OdDb::kDxf, OdDb::kDxb})
+        {
+            const OdDbDatabasePtr database = readSheet(viewport(1, 210, 148, 400, 200, 200, row.looks));
+            EXPECT_EQ(text(ActiveView(*database).extents()), text({{10, 48, 0}, {410, 248, 0}})) << row.looks;
+            const double modelHeight = modelRecordOf(*database)->height();
+            ActiveView(*database).zoomTo({{0, 0, 0}, {40, 20, 0}});
+            EXPECT_EQ(text(ActiveView(*database).extents()), text({{-2, -1, 0}, {42, 21, 0}})) << row.looks;
+            const OdDbDatabasePtr again = saveAndRead(database, type);
+            EXPECT_EQ(text(ActiveView(*again).extents()), text({{-2, -1, 0}, {42, 21, 0}})) << row.looks;
+            const OdDbViewportPtr sheet = OdDbViewport::cast(again->activeViewportId().safeOpenObject());
+            EXPECT_EQ(sheet->number(), 1);
+            EXPECT_NEAR(sheet->centerPoint().x, 20, 1e-9);
+            EXPECT_NEAR(sheet->centerPoint().y, 10, 1e-9);
+            EXPECT_NEAR(sheet->width(), 44, 1e-9);
+            EXPECT_NEAR(sheet->height(), 22, 1e-9);
+            EXPECT_NEAR(sheet->viewHeight(), 22, 1e-9);
+            EXPECT_NEAR(sheet->viewCenter().x, row.center.x, 1e-9) << row.looks;
+            EXPECT_NEAR(sheet->viewCenter().y, row.center.y, 1e-9) << row.looks;
+            EXPECT_EQ(modelRecordOf(*again)->height(), modelHeight) << "the model's view is another one";
+        }
 }
 
 TEST_F(ViewOfDrawing, ASheetThatWasNeverShownHasNoView)
