@@ -62,9 +62,10 @@ public:
         }
     }
 
-    // Waits until the text appears behind what was waited for last. Throws std::runtime_error, with what came instead,
-    // when it does not within the time. Control sequences of the terminal are left out.
-    void waitFor(const std::string& text, std::chrono::seconds patience = std::chrono::seconds(60))
+    // Waits until the text appears behind what was waited for last. Returns what appeared in between. Throws
+    // std::runtime_error, with what came instead, when it does not within the time. Control sequences of the terminal
+    // are left out.
+    std::string waitFor(const std::string& text, std::chrono::seconds patience = std::chrono::seconds(60))
     {
         const auto deadline = std::chrono::steady_clock::now() + patience;
         for (;;)
@@ -72,8 +73,9 @@ public:
             const std::size_t at = m_shown.find(text);
             if (at != std::string::npos)
             {
+                std::string before = m_shown.substr(0, at);
                 m_shown.erase(0, at + text.size());
-                return;
+                return before;
             }
             if (std::chrono::steady_clock::now() > deadline || !read())
                 throw std::runtime_error("\"" + text + "\" does not appear, but: " + m_shown);

@@ -22,7 +22,9 @@ void print(const OdString& text)
     std::fflush(stdout);
 }
 
-// Where objects are picked, the ways to select are offered though the prompt does not name them.
+// The question for objects offers the ways to select though it does not name them.
+constexpr const OdChar* kSelecting = L"Select objects:";
+
 std::vector<std::string> selectionKeywords()
 {
     std::vector<std::string> keywords;
@@ -61,8 +63,7 @@ OdString ConsoleUser::getString(const OdString& prompt, int, OdEdStringTracker* 
 
 OdGePoint3d ConsoleUser::getPoint(const OdString& prompt, int, OdEdPointTracker*)
 {
-    const std::vector<std::string> offered = keywordsOf(odStringToUtf8(prompt));
-    throw OdEdOtherInput(ask(prompt, offered.empty() ? selectionKeywords() : offered));
+    throw OdEdOtherInput(ask(prompt, prompt == kSelecting ? selectionKeywords() : keywordsOf(odStringToUtf8(prompt))));
 }
 
 void ConsoleUser::putString(const OdString& text)

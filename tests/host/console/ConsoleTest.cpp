@@ -70,6 +70,37 @@ TEST_F(Console, CompletesCommandsAndKeywords)
                     {"5,-5\r\r", "SELECTIONSET: A1\n"}});
 }
 
+// The ways to select are offered where objects are asked for, and at no other question for a point.
+TEST_F(Console, OffersWaysToSelectWhereTheyAreTaken)
+{
+    support::PseudoTerminal terminal(command());
+    const struct
+    {
+        const char* command;
+        const char* prompt;
+        const char* complaint;
+    } others[] = {{"SELECTIONSELECTVISUAL SELECTFUNCTION=2", "First corner of the window: ", "Invalid point!"},
+                  {"SELECTIONSELECTVISUAL SELECTFUNCTION=0", "Point on an object: ", "Invalid point!"},
+                  {"DEFINEDRAWINGBORDER", "Corner of the drawing border: ", "Pick a corner"}};
+    for (const auto& other : others)
+    {
+        talk(terminal, {{"", kPrompt}, {std::string(other.command) + "\r", other.prompt}});
+        terminal.type("\tal\t\twi\t\r");
+        const std::string typed = terminal.waitFor(other.complaint);
+        EXPECT_EQ(typed.find("Window"), std::string::npos) << other.prompt << typed;
+        EXPECT_EQ(typed.find("ALL"), std::string::npos) << other.prompt << typed;
+        talk(terminal, {{"", other.prompt}, {kControlC, "was cancelled."}});
+    }
+    talk(terminal, {{"", kPrompt},
+                    {"SELECT\r", "Select objects: "},
+                    {"wi\t", "Window"},
+                    {"\r", "First corner of the window: "},
+                    {"-1,-1\r20,20\r", "1 selected"},
+                    {"", "Select objects: "},
+                    {"w\t", "WPolygon"},
+                    {kControlC, "was cancelled."}});
+}
+
 TEST_F(Console, CancelsTheCommandAndNotTheProgram)
 {
     support::PseudoTerminal terminal(command());
