@@ -14,6 +14,7 @@
 #include "cli/Drawings.h"
 #include "cli/console/CommandLineWords.h"
 #include "cli/console/ConsoleUser.h"
+#include "cli/console/InterruptReactor.h"
 #include "cli/console/ResultText.h"
 #include "commands/HostCommand.h"
 #include "session/ValueKinds.h"
@@ -64,7 +65,7 @@ class Console
 public:
     Console(session::OpenDrawing& drawing, LineSource& lines)
         : m_drawing(drawing), m_lines(lines), m_watcher(drawing.database()), m_names(namesOfCommands()),
-          m_user(OdRxObjectImpl<ConsoleUser>::createObject())
+          m_user(OdRxObjectImpl<ConsoleUser>::createObject()), m_interrupts(lines)
     {
         m_user->use(lines);
     }
@@ -174,6 +175,7 @@ private:
     ChangeWatcher m_watcher;
     std::vector<std::string> m_names;
     OdSmartPtr<ConsoleUser> m_user;
+    InterruptReactor m_interrupts;
     session::RequestReader m_reader;
     bool m_hadError = false;
 };

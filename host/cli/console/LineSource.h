@@ -33,7 +33,8 @@ public:
     // True when somebody can be asked whether he is sure.
     virtual bool isPerson() const = 0;
 
-    // Forgets that the user has pressed Ctrl-C while nothing was asked.
+    // Whether the user has pressed Ctrl-C while nothing was asked, and forgetting that.
+    virtual bool isInterrupted() const { return false; }
     virtual void forgetInterrupt() {}
 };
 

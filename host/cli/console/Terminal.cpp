@@ -26,18 +26,19 @@ constexpr wchar_t kGiveUp = 0x1F;
 // An Escape that other characters follow within this time is the beginning of an arrow key and the like.
 constexpr int kEscapeMilliseconds = 40;
 
-volatile std::sig_atomic_t isInterrupted = 0;
+volatile std::sig_atomic_t hasInterrupt = 0;
 
 void noteInterrupt(int)
 {
-    isInterrupted = 1;
+    hasInterrupt = 1;
 }
 
-// Reads stop for Ctrl-C, which does not end the program.
+// The wait for a key stops for Ctrl-C, which does not end the program; what commands read and write goes on.
 void listenForInterrupts()
 {
     struct sigaction action = {};
     action.sa_handler = noteInterrupt;
+    action.sa_flags = SA_RESTART; // the wait, ppoll, never is
     sigemptyset(&action.sa_mask);
     ::sigaction(SIGINT, &action, nullptr);
 }
@@ -66,11 +67,11 @@ bool waitForKey()
     sigset_t before;
     ::pthread_sigmask(SIG_BLOCK, &interrupt, &before);
     pollfd waits = {STDIN_FILENO, POLLIN, 0};
-    while (!isInterrupted && ::ppoll(&waits, 1, nullptr, &before) < 0 && errno == EINTR)
+    while (!hasInterrupt && ::ppoll(&waits, 1, nullptr, &before) < 0 && errno == EINTR)
     {
     }
     ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
-    return !isInterrupted;
+    return !hasInterrupt;
 }
 
 Byte readByte(char& byte)
@@ -137,9 +138,14 @@ char* Terminal::promptOf(EditLine* editor)
     return of(editor).m_question.prompt.data();
 }
 
+bool Terminal::isInterrupted() const
+{
+    return hasInterrupt != 0;
+}
+
 void Terminal::forgetInterrupt()
 {
-    isInterrupted = 0;
+    hasInterrupt = 0;
 }
 
 Input Terminal::read(const Question& question, std::string& text)
@@ -152,7 +158,7 @@ Input Terminal::read(const Question& question, std::string& text)
     const char* const line = el_gets(m_editor, &count);
     if (m_hasGivenUp)
     {
-        isInterrupted = 0;
+        hasInterrupt = 0;
         std::fputc('\n', stdout);
         return Input::kCancelled;
     }

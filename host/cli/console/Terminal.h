@@ -22,6 +22,7 @@ public:
 
     Input read(const Question& question, std::string& text) override;
     bool isPerson() const override { return true; }
+    bool isInterrupted() const override;
     void forgetInterrupt() override;
 
 private:

@@ -101,6 +101,30 @@ TEST_F(Console, OffersWaysToSelectWhereTheyAreTaken)
                     {kControlC, "was cancelled."}});
 }
 
+// Nobody asks anything: Ctrl-C comes while commands work, of which there are enough for many seconds.
+TEST_F(Console, StopsAMacroThatAsksNothing)
+{
+    std::vector<std::string> lines = {"TEXT A2 0|100 AcDbText|10 100|20 0|40 5|1 E12|100 AcDbText"};
+    for (int i = 0; i < 30'000; ++i)
+        lines.push_back("LINE " + std::to_string(100'000 + i) + " 0|100 AcDbLine|10 0|20 0|11 10|21 0");
+    support::writeWholeFile(path(), support::drawingOf({lines}));
+    support::PseudoTerminal terminal(command());
+    std::string macro = "REGISTERCUSTOMAPPLICATION X";
+    for (int i = 0; i < 1000; ++i)
+        macro += " ENTITIES";
+    terminal.waitFor(kPrompt);
+    terminal.type(macro + "\r");
+    terminal.waitFor(macro.substr(macro.size() - 20));
+    terminal.waitFor("\n");
+    terminal.type(kControlC);
+    talk(terminal, {{"", "was cancelled."},
+                    {"", kPrompt},
+                    {"UNDO\r", "DONE: no"},
+                    {"", kPrompt},
+                    {"ENTITIES TYPE=TEXT\r", "OBJECTIDARRAY: A2"},
+                    {"", "is done."}});
+}
+
 TEST_F(Console, CancelsTheCommandAndNotTheProgram)
 {
     support::PseudoTerminal terminal(command());
