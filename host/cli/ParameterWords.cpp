@@ -110,6 +110,8 @@ const ShortForm* findShortForm(const std::string& name)
 
 Value valueOf(const std::string& name, const std::string& text, Allocator& allocator)
 {
+    if (upperCase(name) == "JSON" && !text.starts_with('"'))
+        return textValue(text, allocator);
     const ShortForm* const form = findShortForm(name);
     if (form != nullptr && !text.starts_with('{'))
         return form->read(text, allocator);

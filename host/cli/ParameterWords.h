@@ -5,6 +5,7 @@
 //   OBJECTIDARRAY=2A,2B            several; so do all names that end in ARRAY
 //   SELECTIONSET=2A,2B             a selection set; so do SOURCE and DESTINATION
 //   VECTOR=10,0,0                  a point
+//   JSON={"AreaValid": false}      a text, as it stands
 #pragma once
 
 #include <string>

@@ -224,6 +224,8 @@ TEST(ConsoleWords, BecomeRequests)
         {"A objectIdArray=", R"({"command":"A","parameters":{"objectIdArray":{"objectIds":[]}}})"},
         {"A OBJECTIDARRAY={\"objectIds\":[\"1\"]}",
          R"({"command":"A","parameters":{"OBJECTIDARRAY":{"objectIds":["1"]}}})"},
+        {"A JSON={\"a b\": [1]}", R"({"command":"A","parameters":{"JSON":"{\"a b\": [1]}"}})"},
+        {"A json=[] JSON=\"[\\\"1\\\"]\"", R"({"command":"A","parameters":{"json":"[]","JSON":"[\"1\"]"}})"},
         {"A SELECTIONSET=1,2 VECTOR=1,-2.5,1e1",
          R"({"command":"A","parameters":{"SELECTIONSET":{"selectionSet":["1","2"]},"VECTOR":{"point":[1.0,-2.5,10.0]}}})"},
     };

@@ -12,6 +12,7 @@
 #include "support/ChildProcess.h"
 #include "support/DxfRecords.h"
 #include "support/SessionClient.h"
+#include "support/TemporaryFolder.h"
 
 namespace
 {
@@ -120,6 +121,22 @@ TEST(Readme, ShowsTheConsoleAsItIs)
     const std::size_t begin = readme.find("\nCommand: ") + 1;
     const std::string shown = readme.substr(begin, readme.find("```", begin) - begin);
     EXPECT_EQ(console.output(), shown + "Command: \n");
+}
+
+TEST(Readme, ShowsHowAShellPassesJson)
+{
+    const std::string page = pageOf("docs/commands.md");
+    const std::size_t begin = page.find("zolcad run sheet.dxf");
+    ASSERT_NE(begin, std::string::npos);
+    const support::TemporaryFolder folder;
+    support::writeWholeFile(folder.path("sheet.dxf"), pageOf("examples/bearing-bracket.dxf"));
+    std::string shown = page.substr(begin, page.find("```", begin) - begin);
+    shown.replace(0, std::string("zolcad").size(), ZOLCAD_PROGRAM);
+    support::ChildProcess shell({"/bin/sh", "-c", shown}, folder.path(""));
+    EXPECT_EQ(shell.finish(), 0) << shown;
+    support::ChildProcess asked({ZOLCAD_PROGRAM, "run", folder.path("bordered.dxf"), "GETDRAWINGBORDER"});
+    EXPECT_EQ(asked.finish(), 0);
+    EXPECT_NE(asked.output().find("297"), std::string::npos) << asked.output();
 }
 
 TEST(Readme, NamesEveryCommandThereIsAndNoOther)
