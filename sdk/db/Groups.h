@@ -112,9 +112,11 @@ private:
     const std::uint8_t* payload() const { return m_item + 2; }
     std::size_t payloadSize() const
     {
-        constexpr std::uint8_t kSizes[] = {2, 0, 8, 4, 0, 1, 2, 4, 8, 1, 8, 8, 0};
-        const Storage kind = storage();
-        return kind != Storage::String && kind != Storage::Binary ? kSizes[static_cast<int>(kind)] : measurePayload();
+        // Static, or every group that is passed over would first write the table to the stack.
+        static constexpr std::uint8_t kMeasured = 0xFF;
+        static constexpr std::uint8_t kSizes[] = {2, kMeasured, 8, 4, 0, 1, 2, 4, 8, 1, 8, 8, kMeasured};
+        const std::uint8_t size = kSizes[static_cast<int>(storage())];
+        return size != kMeasured ? size : measurePayload();
     }
     std::size_t measurePayload() const;
     template<class T>
@@ -295,9 +297,12 @@ private:
     std::uint8_t* head(int code, Storage storage, std::size_t payload);
     GroupsBuilder& bytes(int code, Storage storage, std::string_view value);
 
-    std::uint8_t* m_buffer = nullptr;
+    static constexpr std::size_t kOwnRoom = 96; // for the few groups of most edits
+
+    std::uint8_t m_own[kOwnRoom];
+    std::uint8_t* m_buffer = m_own; ///< or memory from the heap
     std::size_t m_size = 0;
-    std::size_t m_capacity = 0;
+    std::size_t m_capacity = kOwnRoom;
 };
 
 } // namespace oddb

@@ -62,17 +62,20 @@ void write(std::uint8_t* at, T value)
 
 GroupsBuilder::~GroupsBuilder()
 {
-    std::free(m_buffer);
+    if (m_buffer != m_own)
+        std::free(m_buffer);
 }
 
 void GroupsBuilder::makeRoom(std::size_t size)
 {
-    std::size_t capacity = m_capacity ? m_capacity : 256;
+    std::size_t capacity = 2 * m_capacity;
     while (capacity - m_size < size)
         capacity *= 2;
-    void* buffer = std::realloc(m_buffer, capacity);
+    void* buffer = std::realloc(m_buffer == m_own ? nullptr : m_buffer, capacity);
     if (!buffer)
         throw std::bad_alloc();
+    if (m_buffer == m_own)
+        std::memcpy(buffer, m_own, m_size);
     m_buffer = static_cast<std::uint8_t*>(buffer);
     m_capacity = capacity;
 }

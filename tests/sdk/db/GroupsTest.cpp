@@ -125,9 +125,11 @@ void expectSame(const GroupView& group, const Plain& plain)
 TEST(Groups, GiveBackWhatWasAppended)
 {
     std::mt19937 random(1);
-    GroupsBuilder builder;
-    for (int round = 0; round < 200; ++round)
+    GroupsBuilder kept;
+    for (int round = 0; round < 400; ++round)
     {
+        GroupsBuilder fresh;
+        GroupsBuilder& builder = round % 2 == 0 ? kept : fresh;
         std::vector<Plain> plain;
         for (std::size_t i = 0, count = random() % 40; i < count; ++i)
             append(builder, plain.emplace_back(randomGroup(random)));
