@@ -53,7 +53,35 @@ bool beginsSectionOf(const GroupView& group, Atom subclass)
     return group.storage() == Storage::Atom ? group.atom() == subclass : group.text() == subclass.text();
 }
 
-// Steps through the groups outside of application data, keeping track of the part they stand in.
+// Told of all groups of a row in their order, it says which belong to the parts that a marker begins.
+class PartWalk
+{
+public:
+    explicit PartWalk(Atom marker) : m_marker(marker), m_isInPart(marker.empty()) {}
+
+    // True for the part's own groups, which are neither markers nor application data.
+    bool owns(const GroupView& group, int code)
+    {
+        if (code < 100 || code > 102)
+            return m_isInPart && !m_isInApplicationData;
+        if (m_isInApplicationData || opensApplicationData(group))
+        {
+            m_isInApplicationData = !closesApplicationData(group);
+            return false;
+        }
+        if (!group.beginsSection())
+            return m_isInPart;
+        m_isInPart = beginsSectionOf(group, m_marker);
+        return false;
+    }
+
+private:
+    Atom m_marker;
+    bool m_isInPart;
+    bool m_isInApplicationData = false;
+};
+
+// Steps through the groups outside of application data.
 template<class Visit>
 void visitOutsideOfApplicationData(const Groups& groups, Visit visit)
 {
@@ -188,18 +216,11 @@ std::size_t Groups::count() const
 
 std::optional<GroupView> Groups::find(Atom subclass, int code, int occurrence) const
 {
-    std::optional<GroupView> found;
-    bool inSection = subclass.empty();
-    visitOutsideOfApplicationData(*this,
-                                  [&](const GroupView& group)
-                                  {
-                                      if (group.beginsSection())
-                                          inSection = beginsSectionOf(group, subclass);
-                                      else if (inSection && group.code() == code && occurrence-- == 0)
-                                          found = group;
-                                      return found.has_value();
-                                  });
-    return found;
+    PartWalk part(subclass);
+    for (const GroupView& group : *this)
+        if (const int present = group.code(); part.owns(group, present) && present == code && occurrence-- == 0)
+            return group;
+    return std::nullopt;
 }
 
 std::optional<GroupView> Groups::findAny(int code) const
@@ -220,19 +241,13 @@ GroupIndex::GroupIndex(const Groups& groups, Atom subclass)
     constexpr int kMostGroups = 64; // beyond, a row is one of many points, which are not looked up one by one
     const std::uint8_t* const end = groups.end()->item();
     const std::uint8_t* item = groups.begin()->item();
-    bool inSection = subclass.empty();
-    bool inApplicationData = false;
+    PartWalk part(subclass);
     for (int seen = 0; item != end && seen < kMostGroups && m_count < kMost; ++seen)
     {
         const GroupView group(item);
         const int code = group.code();
         item = group.next();
-        const bool isMark = code >= 100 && code <= 102;
-        if (isMark && (inApplicationData || opensApplicationData(group)))
-            inApplicationData = !closesApplicationData(group);
-        else if (isMark && group.beginsSection())
-            inSection = beginsSectionOf(group, subclass);
-        else if (inSection && !inApplicationData)
+        if (part.owns(group, code))
         {
             m_codes[m_count] = static_cast<std::int16_t>(code);
             m_items[m_count++] = group.item();

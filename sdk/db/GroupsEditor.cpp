@@ -1,6 +1,8 @@
 // Editing rows of groups by the tables of classes: what is there is replaced in its place, and what is missing comes
 // where the class has it.
 #include <algorithm>
+#include <bitset>
+#include <unordered_map>
 
 #include "DxfClassTable.h"
 
@@ -15,6 +17,32 @@ struct Section
 {
     const std::uint8_t* first;
     const std::uint8_t* last;
+};
+
+/// The codes that a subclass has behind one of its rows: those with row(code) > row.
+class CodesBehind
+{
+public:
+    CodesBehind(const DxfSubclass& subclass, const DxfRow& row)
+    {
+        for (int code = 0; code < static_cast<int>(m_behind.size()); ++code)
+            m_behind[static_cast<std::size_t>(code)] = subclass.row(code) > &row;
+    }
+
+    /// The answer for a row of a table, which never goes.
+    static const CodesBehind& of(const DxfSubclass& subclass, const DxfRow& row)
+    {
+        thread_local std::unordered_map<const DxfRow*, CodesBehind> known;
+        return known.try_emplace(&row, subclass, row).first->second;
+    }
+
+    bool contains(int code) const
+    {
+        return code >= 0 && code < static_cast<int>(m_behind.size()) && m_behind[static_cast<std::size_t>(code)];
+    }
+
+private:
+    std::bitset<1100> m_behind; // no code is greater than 1071
 };
 
 class Editor
@@ -43,20 +71,21 @@ private:
     const std::uint8_t* begin() const { return m_groups.begin()->item(); }
     const std::uint8_t* end() const { return m_groups.end()->item(); }
 
+    static bool beginsSection(int code) { return code == 100 || code == 101; }
+
     // Walks the groups of [first, last) that belong to the class itself, not to application data inside of it.
-    // Stops and returns true when visit returns true.
+    // Stops and returns true when visit, which gets the code as well, returns true.
     template<class Visit>
     static bool visitOwn(const std::uint8_t* first, const std::uint8_t* last, Visit visit)
     {
         bool inside = false;
-        for (const std::uint8_t* at = first; at != last; at = GroupView(at).next())
+        for (GroupView group(first); group.item() != last; group = GroupView(group.next()))
         {
-            const GroupView group(at);
-            const bool border = group.code() == 102;
-            if (!inside && !border && visit(group))
-                return true;
-            if (border)
+            const int code = group.code();
+            if (code == 102)
                 inside = group.text().starts_with('{');
+            else if (!inside && visit(group, code))
+                return true;
         }
         return false;
     }
@@ -75,10 +104,9 @@ private:
         int before = ordinalOfSubclass();
         bool marked = false;
         visitOwn(begin(), end(),
-                 [&](const GroupView& group)
+                 [&](const GroupView& group, int code)
                  {
-                     const int code = group.code();
-                     if (group.beginsSection())
+                     if (beginsSection(code))
                      {
                          if (places.section && places.section->last == end())
                              places.section->last = group.item();
@@ -87,8 +115,11 @@ private:
                              places.section = Section{group.next(), end()};
                      }
                      else if (marked && code == m_code)
+                     {
                          places.group = Section{group.item(), behindCoordinates(group, end())};
-                     return places.group.has_value();
+                         return true;
+                     }
+                     return false;
                  });
         return places;
     }
@@ -110,11 +141,11 @@ private:
     {
         std::optional<Section> found;
         visitOwn(first, end(),
-                 [&](const GroupView& group)
+                 [&](const GroupView& group, int code)
                  {
-                     if (group.code() == m_code)
+                     if (code == m_code)
                          found = Section{group.item(), behindCoordinates(group, end())};
-                     return found || group.beginsSection();
+                     return found || beginsSection(code);
                  });
         return found;
     }
@@ -135,11 +166,13 @@ private:
     const std::uint8_t* findPlace(const Section& section) const
     {
         const std::uint8_t* place = section.last;
+        if (!m_row)
+            return place;
+        const CodesBehind& behind = CodesBehind::of(m_subclass, *m_row);
         visitOwn(section.first, section.last,
-                 [&](const GroupView& group)
+                 [&](const GroupView& group, int code)
                  {
-                     const DxfRow* other = m_subclass.row(group.code());
-                     if (!m_row || !other || other <= m_row)
+                     if (!behind.contains(code))
                          return false;
                      place = group.item();
                      return true;
@@ -175,9 +208,9 @@ private:
         const int position = m_class.position(m_subclass.marker);
         const std::uint8_t* place = end();
         visitOwn(begin(), end(),
-                 [&](const GroupView& group)
+                 [&](const GroupView& group, int code)
                  {
-                     if (!group.beginsSection() || (group.code() != 101 && m_class.position(group.text()) <= position))
+                     if (!beginsSection(code) || (code == 100 && m_class.position(group.text()) <= position))
                          return false;
                      place = group.item();
                      return true;

@@ -42,6 +42,11 @@ const DxfRow& Reader::row(int code) const
 
 std::optional<oddb::GroupView> Reader::find(int code) const
 {
+    if (!m_index && !m_isAsked)
+    {
+        m_isAsked = true;
+        return m_groups.find(m_atom, code);
+    }
     if (!m_index)
         m_index.emplace(m_groups, m_atom);
     return m_index->find(m_groups, m_atom, code);

@@ -49,7 +49,8 @@ private:
     Groups m_groups;
     const oddb::DxfSubclass& m_table;
     oddb::Atom m_atom;
-    mutable std::optional<oddb::GroupIndex> m_index; ///< made with the first look-up
+    mutable std::optional<oddb::GroupIndex> m_index; ///< made with the second look-up
+    mutable bool m_isAsked = false;
 };
 
 /// The interned marker of a table.

@@ -21,8 +21,6 @@ enum Flag
     kPlinegen = 128
 };
 
-constexpr int kVertexCodes[] = {10, 20, 40, 41, 42, 91};
-
 struct Vertex : BulgeVertex
 {
     std::int64_t identifier = 0;
@@ -31,7 +29,7 @@ struct Vertex : BulgeVertex
 
 bool belongsToVertex(int code)
 {
-    return std::find(std::begin(kVertexCodes), std::end(kVertexCodes), code) != std::end(kVertexCodes);
+    return code == 10 || code == 20 || (code >= 40 && code <= 42) || code == 91;
 }
 
 void takeValue(Vertex& vertex, const oddb::GroupView& group)
