@@ -1,6 +1,9 @@
 // One row of a table for each key, in the order in which they are read.
 #include "annotations/AnnotationJson.h"
 
+#include <algorithm>
+#include <array>
+
 #include "DbBlockReference.h"
 #include "DbBlockTableRecord.h"
 #include "OdError.h"
@@ -101,7 +104,7 @@ OdUInt8 Component(std::wstring_view text, std::size_t uiIndex)
 
 struct KeyRow
 {
-    const OdChar* pszKey;
+    std::wstring_view key; ///< of a literal, which ends with a 0
     void (*read)(const JsonValue& value, AnnotationProperties& properties);
 };
 
@@ -158,18 +161,42 @@ constexpr KeyRow kKeys[] = {
     {L"FontSize", &Read<&Properties::fontSize>},
 };
 
-void ReadKey(const JsonValue& object, const KeyRow& row, AnnotationProperties& properties)
+using Values = std::array<const JsonValue*, std::size(kKeys)>;
+
+/// The value of each row's key, null where it is missing; of members with the same key the first. The members of most
+/// objects come in the order of the rows, or nearly so.
+Values FindValues(const JsonValue& object)
 {
-    const auto found = object.FindMember(row.pszKey);
-    if (found == object.MemberEnd())
-        RefuseKey(eMessageKeyMissing, row.pszKey);
+    Values values{};
+    std::size_t uiExpected = 0;
+    for (const auto& member : object.GetObject())
+    {
+        const std::wstring_view key(member.name.GetString(), member.name.GetStringLength());
+        const auto isKey = [key](const KeyRow& row) { return row.key == key; };
+        const auto* pRow = std::find_if(kKeys + uiExpected, std::end(kKeys), isKey);
+        if (pRow == std::end(kKeys))
+            pRow = std::find_if(std::begin(kKeys), std::end(kKeys), isKey);
+        if (pRow == std::end(kKeys))
+            continue;
+        const auto uiRow = static_cast<std::size_t>(pRow - kKeys);
+        if (!values[uiRow])
+            values[uiRow] = &member.value;
+        uiExpected = uiRow + 1;
+    }
+    return values;
+}
+
+void ReadKey(const JsonValue* pValue, const KeyRow& row, AnnotationProperties& properties)
+{
+    if (!pValue)
+        RefuseKey(eMessageKeyMissing, row.key.data());
     try
     {
-        row.read(found->value, properties);
+        row.read(*pValue, properties);
     }
     catch (const WrongKind& wrong)
     {
-        RefuseKey(wrong.eMessage, row.pszKey);
+        RefuseKey(wrong.eMessage, row.key.data());
     }
 }
 
@@ -217,8 +244,9 @@ void ReadAnnotationFromJson(const JsonValue& object, AnnotationProperties& prope
         throw OdError(eInvalidInput, odSystemServices()->formatMessage(eMessageNoObject));
     RequireCoordinates(object);
     properties.position = ReadJsonPoint(object, OdGePoint3d());
-    for (const KeyRow& row : kKeys)
-        ReadKey(object, row, properties);
+    const Values values = FindValues(object);
+    for (std::size_t i = 0; i < values.size(); ++i)
+        ReadKey(values[i], kKeys[i], properties);
 }
 
 std::vector<AnnotationProperties> ReadAnnotationsFromJson(const OdString& strJson)
@@ -228,6 +256,7 @@ std::vector<AnnotationProperties> ReadAnnotationsFromJson(const OdString& strJso
     if (!root.IsObject() && !root.IsArray())
         throw OdError(L"Invalid Data");
     std::vector<AnnotationProperties> annotations;
+    annotations.reserve(root.IsArray() ? root.Size() : 1);
     if (root.IsObject())
         annotations.push_back(ReadNumbered(root, 0));
     else

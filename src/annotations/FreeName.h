@@ -1,6 +1,8 @@
 // Finding a name that is free among numbered ones.
 #pragma once
 
+#include <string>
+
 #include "OdString.h"
 
 namespace Annotation
@@ -9,7 +11,13 @@ namespace Annotation
 /** "Name" for 1, "Name_2" for 2 and so on. */
 inline OdString NumberedName(const OdChar* pszName, int iNumber)
 {
-    return iNumber == 1 ? OdString(pszName) : OdString(pszName) + L"_" + OdString(std::to_wstring(iNumber));
+    if (iNumber == 1)
+        return OdString(pszName);
+    const std::string strNumber = std::to_string(iNumber);
+    std::wstring strName(pszName);
+    strName += L'_';
+    strName.append(strNumber.begin(), strNumber.end());
+    return OdString(strName);
 }
 
 /** A number above iLast whose name is free, next to one whose name is taken or to iLast. Names are given from the first

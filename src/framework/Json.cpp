@@ -124,7 +124,12 @@ JsonValue WriteJsonPoint(const OdGePoint3d& point, JsonAllocator& allocator)
 
 void WriteJsonPoint(const OdGePoint3d& point, JsonWriter& writer)
 {
-    char memory[1024];
-    JsonAllocator allocator(memory, sizeof memory);
-    WriteJsonPoint(point, allocator).Accept(writer);
+    writer.StartObject();
+    for (const auto& [pszName, coordinate] :
+         {std::pair(L"X", point.x), std::pair(L"Y", point.y), std::pair(L"Z", point.z)})
+    {
+        writer.Key(pszName, 1);
+        std::isfinite(coordinate) ? writer.Double(coordinate) : writer.Null();
+    }
+    writer.EndObject();
 }

@@ -1,6 +1,8 @@
 // Attacks the reading of stamps: each key missing and of every wrong kind, colours, texts of all scripts, JSON that is
 // none, deep or large; and what is answered about stamps.
+#include <algorithm>
 #include <chrono>
+#include <random>
 
 #include "AnnotationTest.h"
 
@@ -145,6 +147,33 @@ TEST_F(AnnotationJson, OfSeveralFaultyKeysTheFirstOneReadIsNamed)
                 EXPECT_NE(text.find(": \"" + order[first] + "\" is "), std::string::npos) << text;
             }
     EXPECT_EQ(order.size(), usualMembers().size() + 3);
+}
+
+TEST_F(AnnotationJson, MembersMayComeInAnyOrderAndTheFirstOfAKeyCounts)
+{
+    std::vector<std::string> members;
+    for (const auto& [key, value] : usualMembers())
+        members.push_back('"' + key + "\":" + value);
+    members.emplace_back("\"Angles\":[]");
+    std::mt19937 random(5);
+    for (int turn = 0; turn < 50; ++turn)
+    {
+        std::string json;
+        for (const std::string& member : members)
+            json += member + ",";
+        for (const char* key : {"Width", "Height", "FontSize", "Padding"})
+            json += '"' + std::string(key) + "\":[],";
+        json.back() = '}';
+        const AnnotationProperties properties = Annotation::ReadAnnotationsFromJson(wide("{" + json)).at(0);
+        EXPECT_EQ(properties.width, 40);
+        EXPECT_EQ(properties.height, 10);
+        EXPECT_EQ(properties.fontSize, 2.5);
+        EXPECT_EQ(properties.padding, 1);
+        EXPECT_EQ(properties.text, L"Checked");
+        EXPECT_EQ(properties.borderShape, -4);
+        EXPECT_TRUE(properties.uniform);
+        std::shuffle(members.begin(), members.end(), random);
+    }
 }
 
 TEST_F(AnnotationJson, CoordinatesMayBeMissing)
