@@ -70,21 +70,38 @@ const JsonValue* FindMember(const JsonValue& object, const OdChar* pszName)
 // ---- Texts from outside
 // ----------------------------------------------------------------------------------------------
 
-[[noreturn]] static void ThrowNoJson(const JsonDocument& document)
+[[noreturn]] static void ThrowNoJson(std::size_t uiPlace, rapidjson::ParseErrorCode eFault)
 {
     OdString strPlace;
-    strPlace.format(L"%llu", static_cast<unsigned long long>(document.GetErrorOffset()));
-    const OdString strFault(rapidjson::GetParseError_En(document.GetParseError()));
+    strPlace.format(L"%llu", static_cast<unsigned long long>(uiPlace));
+    const OdString strFault(rapidjson::GetParseError_En(eFault));
     throw OdError(static_cast<OdResult>(eMessageNoJson),
                   odSystemServices()->formatMessage(eMessageNoJson, strPlace.c_str(), strFault.c_str()));
+}
+
+// The reader refuses the first half of an escaped pair without the second, but not the second without the first.
+static void RequirePairs(std::wstring_view text)
+{
+    const auto IsAt = [&](std::size_t uiAt, std::wstring_view characters)
+    { return uiAt < text.size() && characters.find(text[uiAt]) != std::wstring_view::npos; };
+    constexpr std::size_t kUnit = 6;
+    for (std::size_t uiAt = text.find(L'\\'); uiAt < text.size(); uiAt = text.find(L'\\', uiAt))
+    {
+        const bool bUnit = IsAt(uiAt + 1, L"u");
+        const bool bHalf = bUnit && IsAt(uiAt + 2, L"dD");
+        if (bHalf && IsAt(uiAt + 3, L"cdefCDEF"))
+            ThrowNoJson(uiAt, rapidjson::kParseErrorStringUnicodeSurrogateInvalid);
+        uiAt += bHalf && IsAt(uiAt + 3, L"89abAB") ? 2 * kUnit : bUnit ? kUnit : 2;
+    }
 }
 
 // Iteratively, for a text may nest deeper than the stack reaches.
 CJsonText::CJsonText(const OdString& strText) : m_text(Trimmed(strText).view())
 {
+    RequirePairs(m_text);
     m_document.ParseInsitu<rapidjson::kParseIterativeFlag>(m_text.data());
     if (m_document.HasParseError())
-        ThrowNoJson(m_document);
+        ThrowNoJson(m_document.GetErrorOffset(), m_document.GetParseError());
 }
 
 // ---- Points

@@ -291,6 +291,7 @@ TEST_F(AnnotationJson, BrokenTextsAreRefusedWithPlaceAndReason)
         {"[1] x", "4", "The document root must not be followed by other values."},
         {"[1e999]", "1", "Number too big to be stored in double."},
         {"{\"a\":\"\\ud800\"}", "6", "The surrogate pair in string is invalid."},
+        {"{\"a\":\"\\ud83d\\ude00\\\\udc00\\udc00\"}", "25", "The surrogate pair in string is invalid."},
     };
     for (const auto& row : rows)
     {
