@@ -142,6 +142,8 @@ OdDbObjectPtr ObjectLoader::make(const Record& record, const Maker& maker, Famil
     if (!maker.makesObject || maker.makesEntity != isEntity)
         return makeProxy(record.name, isEntity);
     const OdRxObjectPtr made = maker.runtimeClass->create();
+    if (made.isNull()) // a class that only others derive from, as that of all tables
+        return makeProxy(record.name, isEntity);
     return OdDbObjectPtr(static_cast<OdDbObject*>(made.get()));
 }
 

@@ -164,6 +164,22 @@ void expectHarmless(const std::string& file)
     EXPECT_EQ(errorOf([&] { openText(saved); }), "");
 }
 
+TEST(Recovery, SurvivesRecordsInSectionsThatAreNotTheirs)
+{
+    for (const char* name :
+         {"TABLE",       "LAYER",    "STYLE",  "VPORT",     "BLOCK_RECORD",     "BLOCK",   "ENDBLK",
+          "SEQEND",      "VERTEX",   "ATTRIB", "DIMENSION", "INSERT",           "LAYOUT",  "DICTIONARY",
+          "CLASS",       "VIEWPORT", "IMAGE",  "IMAGEDEF",  "IMAGEDEF_REACTOR", "XRECORD", "SORTENTSTABLE",
+          "BSYSTEMLABEL"})
+        for (const char* kind : {"TABLES", "BLOCKS", "ENTITIES", "OBJECTS"})
+            for (const char* marker : {"", "|100 AcDbSymbolTable", "|100 AcDbEntity|8 0"})
+            {
+                SCOPED_TRACE(std::string(name) + " in " + kind + marker);
+                expectHarmless(headerSection("AC1032") +
+                               section(kind, groups("0 " + std::string(name) + "|5 1F0|330 1" + marker)) + endOfFile());
+            }
+}
+
 TEST(Recovery, SurvivesTruncation)
 {
     const std::string ascii = support::drawing("AC1032");
