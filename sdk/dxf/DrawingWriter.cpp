@@ -6,6 +6,9 @@
 #include "KeptSections.h"
 #include "Writing.h"
 
+#include <map>
+#include <vector>
+
 #include "DbDatabase.h"
 
 namespace dxf
@@ -57,15 +60,59 @@ bool isSectionOf(std::string_view name, OdDb::DwgVersion version)
     return true;
 }
 
+/// Writes the sections that were kept as they were, each once behind one of those that it stood behind: one of the
+/// writer's own or another kept one. Files may have many of one name, also in a circle.
+class KeptSectionsWriter
+{
+public:
+    explicit KeptSectionsWriter(Writing& writing) : m_writing(writing)
+    {
+        for (const KeptSection& section : keptSections(writing.database))
+            m_sections[section.behind].push_back(&section);
+    }
+
+    void write(std::string_view behind)
+    {
+        std::vector<const KeptSection*> waiting;
+        takeBehind(behind, waiting);
+        while (!waiting.empty())
+        {
+            const KeptSection& section = *waiting.back();
+            waiting.pop_back();
+            if (!isSectionOf(section.name, m_writing.version))
+                continue;
+            beginSection(m_writing, section.name);
+            m_writing.groups.groups(section.groups);
+            endSection(m_writing);
+            takeBehind(section.name, waiting);
+        }
+    }
+
+private:
+    // The first of them comes last, as the next to be written.
+    void takeBehind(std::string_view name, std::vector<const KeptSection*>& waiting)
+    {
+        const auto found = m_sections.find(name);
+        if (found == m_sections.end())
+            return;
+        waiting.insert(waiting.end(), found->second.rbegin(), found->second.rend());
+        m_sections.erase(found);
+    }
+
+    Writing& m_writing;
+    std::map<std::string_view, std::vector<const KeptSection*>> m_sections; ///< by the name in front of them
+};
+
 void writeSections(Writing& writing)
 {
-    writeKeptSections(writing, "");
+    KeptSectionsWriter kept(writing);
+    kept.write("");
     for (const SectionWriter& section : kSections)
     {
         beginSection(writing, section.name);
         section.write(writing);
         endSection(writing);
-        writeKeptSections(writing, section.name);
+        kept.write(section.name);
     }
     writing.groups.text(0, "EOF");
 }
@@ -78,21 +125,6 @@ Writing::Writing(OdDbDatabase& drawing, OutputFile& file, FileForm form, OdDb::D
 {
     if (version < database.fileVersion)
         groups.dropNewerThan(version);
-}
-
-// Another kept section may have stood behind a kept one; those of one name are written once each.
-void writeKeptSections(Writing& writing, std::string_view behind)
-{
-    for (const KeptSection& section : keptSections(writing.database))
-    {
-        if (section.behind != behind || !isSectionOf(section.name, writing.version))
-            continue;
-        beginSection(writing, section.name);
-        writing.groups.groups(section.groups);
-        endSection(writing);
-        if (section.name != behind)
-            writeKeptSections(writing, section.name);
-    }
 }
 
 void writeDrawing(OdDbDatabase& database, const std::string& path, FileForm form, OdDb::DwgVersion version)

@@ -28,7 +28,4 @@ void writeBlocksSection(Writing& writing);
 void writeEntitiesSection(Writing& writing);
 void writeObjectsSection(Writing& writing);
 
-/// Writes the sections that were kept as they were and stood behind the one of this name.
-void writeKeptSections(Writing& writing, std::string_view behind);
-
 } // namespace dxf

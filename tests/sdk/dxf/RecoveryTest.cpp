@@ -180,6 +180,25 @@ TEST(Recovery, SurvivesRecordsInSectionsThatAreNotTheirs)
             }
 }
 
+TEST(Recovery, KeepsSectionsOfUnknownNamesOnceEach)
+{
+    std::string file = headerSection("AC1032");
+    const std::vector<const char*> names = {"A", "", "B", "A", "A", "ENTITIES", "B", "A", "B", ""};
+    for (std::size_t i = 0; i < names.size(); ++i)
+        file += section(names[i], std::string(names[i]) == "ENTITIES" ? "" : group(0, "KEPT" + std::to_string(i)));
+    for (int i = 0; i < 20000; ++i)
+        file += section("N" + std::to_string(i), "");
+    const std::string saved = savedText(*openText(file + endOfFile()), OdDb::vAC32);
+    for (std::size_t i = 0; i < names.size(); ++i)
+        if (std::string(names[i]) != "ENTITIES")
+        {
+            const std::size_t at = saved.find("KEPT" + std::to_string(i));
+            ASSERT_NE(at, std::string::npos) << i;
+            EXPECT_EQ(saved.find("KEPT" + std::to_string(i), at + 1), std::string::npos) << i;
+        }
+    EXPECT_NE(saved.find("N19999"), std::string::npos);
+}
+
 TEST(Recovery, SurvivesTruncation)
 {
     const std::string ascii = support::drawing("AC1032");
