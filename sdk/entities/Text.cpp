@@ -41,6 +41,23 @@ AlignmentPlace verticalAlignmentOf(const OdDbText& text)
     return {kTextEnd, 73};
 }
 
+// A file may hold any number; those that are no mode are read as the usual one.
+template<class Mode>
+Mode modeOf(int value, Mode usual, Mode last)
+{
+    return value < 0 || value > static_cast<int>(last) ? usual : static_cast<Mode>(value);
+}
+
+OdDb::TextHorzMode horizontalOf(int value)
+{
+    return modeOf(value, OdDb::kTextLeft, OdDb::kTextFit);
+}
+
+OdDb::TextVertMode verticalOf(int value)
+{
+    return modeOf(value, OdDb::kTextBase, OdDb::kTextTop);
+}
+
 OdGePoint3d worldPoint(const OdDbText& text, int code)
 {
     const Reader fields = read<kText>(text);
@@ -70,8 +87,8 @@ Line lineOf(const OdDbText& text, const OdString& shown)
     line.style.setXScale(fields.real(41));
     line.style.setObliquingAngle(fields.angle(51));
     line.rotation = fields.angle(50);
-    line.horizontal = static_cast<OdDb::TextHorzMode>(fields.integer(72));
-    line.vertical = static_cast<OdDb::TextVertMode>(fields.in(vertical.table).integer(vertical.code));
+    line.horizontal = horizontalOf(fields.integer(72));
+    line.vertical = verticalOf(fields.in(vertical.table).integer(vertical.code));
     line.backward = fields.flag(71, kBackward);
     line.upsideDown = fields.flag(71, kUpsideDown);
     line.frame = ocs::frameOf(fields.normal());
@@ -200,7 +217,7 @@ void OdDbText::mirrorInY(bool mirror)
 
 OdDb::TextHorzMode OdDbText::horizontalMode() const
 {
-    return static_cast<OdDb::TextHorzMode>(read<kText>(*this).integer(72));
+    return horizontalOf(read<kText>(*this).integer(72));
 }
 
 void OdDbText::setHorizontalMode(OdDb::TextHorzMode mode)
@@ -211,7 +228,7 @@ void OdDbText::setHorizontalMode(OdDb::TextHorzMode mode)
 OdDb::TextVertMode OdDbText::verticalMode() const
 {
     const AlignmentPlace place = verticalAlignmentOf(*this);
-    return static_cast<OdDb::TextVertMode>(Reader(*this, place.table, place.table.atom()).integer(place.code));
+    return verticalOf(Reader(*this, place.table, place.table.atom()).integer(place.code));
 }
 
 void OdDbText::setVerticalMode(OdDb::TextVertMode mode)
