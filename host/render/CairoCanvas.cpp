@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "OdError.h"
 #include "render/ImagePixels.h"
@@ -15,6 +16,7 @@ namespace
 
 constexpr std::size_t kMostKept = 20000;    ///< steps of paths that are painted at once
 constexpr std::size_t kMostMasked = 400000; ///< the same where there is a mask
+constexpr std::size_t kWorthwhile = 20000;  ///< steps that are worth a thread of their own
 constexpr double kThin = 1.5;               ///< pixels up to which ends and corners of lines are not seen
 constexpr double kPixelsForStep = 1000.0;   ///< pixels of a mask that are painted in the time of a stroke's step
 
@@ -24,11 +26,15 @@ bool isUsable(const cairo_matrix_t& matrix)
     return std::isfinite(area) && std::fabs(area) > 1e-12 && std::isfinite(matrix.x0) && std::isfinite(matrix.y0);
 }
 
-/// True when the lines fill their box so well that a mask pays.
-bool isCrowded(const Path& path)
+/// True when so many steps fill a box so well that a mask pays.
+bool isCrowded(const OdGeVector2d& box, std::size_t steps)
 {
-    const OdGeVector2d size = path.bounds().diagonal();
-    return (size.x + 2.0) * (size.y + 2.0) < kPixelsForStep * static_cast<double>(path.steps().size());
+    return (box.x + 2.0) * (box.y + 2.0) < kPixelsForStep * static_cast<double>(steps);
+}
+
+OdGeVector2d smallerOf(const OdGeVector2d& first, const OdGeVector2d& second)
+{
+    return {std::min(first.x, second.x), std::min(first.y, second.y)};
 }
 
 } // namespace
@@ -125,18 +131,32 @@ void CairoCanvas::paintAreas()
 void CairoCanvas::useMask(int width, int height)
 {
     m_mask = std::make_unique<LineMask>(width, height);
+    m_maskSize = {static_cast<double>(width), static_cast<double>(height)};
+}
+
+/// Lines that are a crowd whatever follows are laid into the mask while more of them are found.
+void CairoCanvas::maskEarly(Strokes& strokes)
+{
+    const std::size_t steps = strokes.path.steps().size();
+    const bool isSure = m_mask && &strokes == &m_strokes.front() && strokes.width <= kThin && steps >= kWorthwhile &&
+                        isCrowded(m_maskSize, steps);
+    if (isSure && m_mask->makeRoom())
+        m_mask->add(std::exchange(strokes.path, Path()), strokes.width);
 }
 
 /// The ends and corners of thin lines are not seen, so that they are made simple.
 void CairoCanvas::paintStrokes(Strokes& strokes)
 {
-    if (strokes.path.empty())
+    const bool isBegun = m_mask && !m_mask->isEmpty();
+    if (strokes.path.empty() && !isBegun)
         return;
     const bool isThin = strokes.width <= kThin;
-    if (isThin && m_mask && isCrowded(strokes.path) && m_mask->add(strokes.path, strokes.width))
+    const auto isCrowd = [&]
+    { return isCrowded(smallerOf(strokes.path.bounds().diagonal(), m_maskSize), strokes.path.steps().size()); };
+    if (isBegun || (isThin && m_mask && isCrowd() && m_mask->makeRoom()))
     {
-        m_mask->paint(m_context);
-        return strokes.path.clear();
+        m_mask->add(std::exchange(strokes.path, Path()), strokes.width);
+        return m_mask->paint(m_context);
     }
     cairo_set_line_cap(m_context, isThin ? CAIRO_LINE_CAP_SQUARE : CAIRO_LINE_CAP_ROUND);
     cairo_set_line_join(m_context, isThin ? CAIRO_LINE_JOIN_BEVEL : CAIRO_LINE_JOIN_ROUND);
@@ -182,6 +202,7 @@ void CairoCanvas::stroke(const Path& path, const Color& color, double width)
         strokes = m_strokes.insert(m_strokes.end(), {width, Path()});
     strokes->path.append(path);
     m_kept += path.steps().size();
+    maskEarly(*strokes);
     // Of lines that are seen through each other, each has to be painted by itself.
     if (!color.isOpaque())
         flush();

@@ -59,6 +59,7 @@ private:
     void use(const Color& color);
     void setColor(const Color& color);
     void paintAreas();
+    void maskEarly(Strokes& strokes);
     void paintStrokes(Strokes& strokes);
     void drawGlyphs(const OdGiShapedText& text, const TextPlace& place, OdUInt32 font);
 
@@ -72,7 +73,8 @@ private:
     std::vector<Strokes> m_strokes;
     Path m_bars;
     std::size_t m_kept = 0;
-    std::unique_ptr<LineMask> m_mask;
+    std::unique_ptr<LineMask> m_mask; ///< what it holds between two calls belongs to the first of the strokes
+    OdGeVector2d m_maskSize;
 };
 
 } // namespace render

@@ -29,7 +29,6 @@ int floorOf(double value)
 
 LineMask::LineMask(int width, int height) : m_width(width), m_height(height), m_used{width, height, 0, 0} {}
 
-/// Most pictures have no crowds, and need no room for a mask.
 bool LineMask::makeRoom()
 {
     if (!m_surface)
@@ -43,20 +42,31 @@ bool LineMask::makeRoom()
 
 LineMask::~LineMask()
 {
+    wait();
     cairo_surface_destroy(m_surface);
 }
 
-bool LineMask::add(const Path& path, double width)
+void LineMask::add(Path path, double width)
 {
-    if (!makeRoom())
-        return false;
+    wait();
+    m_isEmpty = false;
+    m_adding = std::async(std::launch::async, [this, path = std::move(path), width] { addLines(path, width); });
+}
+
+void LineMask::wait()
+{
+    if (m_adding.valid())
+        m_adding.get();
+}
+
+void LineMask::addLines(const Path& path, double width)
+{
     path.visitLines(kDeviation,
                     [&](const OdGePoint2d& from, const OdGePoint2d& to)
                     {
                         if (isNear(from) && isNear(to))
                             addLine(from, to, width);
                     });
-    return true;
 }
 
 /// A line is a row of spans across it, one for each pixel along the axis that it runs along most.
@@ -113,6 +123,8 @@ void LineMask::addLine(const OdGePoint2d& from, const OdGePoint2d& to, double wi
 
 void LineMask::paint(cairo_t* context)
 {
+    wait();
+    m_isEmpty = true;
     const int width = m_used.right - m_used.left;
     if (width <= 0)
         return;

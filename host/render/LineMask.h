@@ -1,6 +1,8 @@
 // Many thin lines at once: how much of each pixel they cover.
 #pragma once
 
+#include <future>
+
 #include <cairo.h>
 
 #include "render/Path.h"
@@ -18,8 +20,11 @@ public:
     LineMask(const LineMask&) = delete;
     LineMask& operator=(const LineMask&) = delete;
 
-    /// Adds the lines of a path, their ends half a width longer. False when there is no memory for the mask.
-    bool add(const Path& path, double width);
+    /// False when there is no memory for the mask. Until it is asked, the mask takes none.
+    bool makeRoom();
+    /// Adds the lines of a path, their ends half a width longer. There has to be room. The caller goes on meanwhile.
+    void add(Path path, double width);
+    bool isEmpty() const { return m_isEmpty; }
     /// Paints with the source of the context, whose coordinates are pixels, and forgets the lines.
     void paint(cairo_t* context);
 
@@ -30,7 +35,8 @@ private:
         int left, top, right, bottom;
     };
 
-    bool makeRoom();
+    void wait();
+    void addLines(const Path& path, double width);
     void addLine(const OdGePoint2d& from, const OdGePoint2d& to, double width);
 
     cairo_surface_t* m_surface = nullptr;
@@ -39,6 +45,8 @@ private:
     int m_stride = 0;
     unsigned char* m_pixels = nullptr;
     Box m_used;
+    bool m_isEmpty = true;
+    std::future<void> m_adding; ///< what else the mask is used for has to wait for it
 };
 
 } // namespace render

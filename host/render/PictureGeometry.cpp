@@ -139,7 +139,8 @@ void PictureGeometry::addPolyline(const PageMap& map, OdInt32 numPoints, const O
 
 void PictureGeometry::addEllipse(const Ellipse& ellipse, Path& path) const
 {
-    if (!isFinite(ellipse.at(ellipse.start)) || !std::isfinite(ellipse.sweep) || !std::isfinite(ellipse.reach()))
+    const OdGePoint2d start = ellipse.at(ellipse.start);
+    if (!isFinite(start) || !std::isfinite(ellipse.sweep) || !std::isfinite(ellipse.reach()))
         return;
     const double reach = ellipse.reach();
     if (reach > kFar || !isNear(ellipse.center))
@@ -147,7 +148,7 @@ void PictureGeometry::addEllipse(const Ellipse& ellipse, Path& path) const
         // Too large for curves of the canvas: lines, of which those far away are cut off.
         const double step = std::max(std::sqrt(8.0 * kDeviation / std::max(reach, 1.0)), kTwoPi / 200000.0);
         const int steps = std::max(static_cast<int>(std::ceil(std::fabs(ellipse.sweep) / step)), 1);
-        OdGePoint2d last = ellipse.at(ellipse.start);
+        OdGePoint2d last = start;
         for (int i = 1; i <= steps; ++i)
         {
             const OdGePoint2d next = ellipse.at(ellipse.start + ellipse.sweep * i / steps);
@@ -158,20 +159,23 @@ void PictureGeometry::addEllipse(const Ellipse& ellipse, Path& path) const
     }
     // A curve that stands for a quarter of a circle is 0.00027 radii away from it; that falls with the angle's sixth
     // power.
-    const double quarter =
-        kTwoPi / 4.0 * std::min(1.0, std::pow(kDeviation / (0.00027 * std::max(reach, 1.0)), 1 / 6.0));
+    const double part = kDeviation / (0.00027 * std::max(reach, 1.0));
+    const double quarter = kTwoPi / 4.0 * (part < 1.0 ? std::pow(part, 1 / 6.0) : 1.0);
     const int pieces = std::max(static_cast<int>(std::ceil(std::fabs(ellipse.sweep) / quarter - 1e-9)), 1);
     const double step = ellipse.sweep / pieces;
     const double handle = 4.0 / 3.0 * std::tan(step / 4.0);
-    const OdGePoint2d start = ellipse.at(ellipse.start);
     if (path.empty() || path.lastPoint().distanceTo(start) > 1e-3)
         path.moveTo(start);
-    for (int i = 0; i < pieces; ++i)
+    OdGePoint2d from = start;
+    OdGeVector2d slope = ellipse.slopeAt(ellipse.start);
+    for (int i = 1; i <= pieces; ++i)
     {
-        const double from = ellipse.start + step * i;
-        const double to = from + step;
-        const OdGePoint2d end = ellipse.at(to);
-        path.curveTo(ellipse.at(from) + ellipse.slopeAt(from) * handle, end - ellipse.slopeAt(to) * handle, end);
+        const double angle = ellipse.start + step * i;
+        const OdGePoint2d to = ellipse.at(angle);
+        const OdGeVector2d slopeAtEnd = ellipse.slopeAt(angle);
+        path.curveTo(from + slope * handle, to - slopeAtEnd * handle, to);
+        from = to;
+        slope = slopeAtEnd;
     }
 }
 

@@ -53,34 +53,6 @@ bool beginsSectionOf(const GroupView& group, Atom subclass)
     return group.storage() == Storage::Atom ? group.atom() == subclass : group.text() == subclass.text();
 }
 
-// Told of all groups of a row in their order, it says which belong to the parts that a marker begins.
-class PartWalk
-{
-public:
-    explicit PartWalk(Atom marker) : m_marker(marker), m_isInPart(marker.empty()) {}
-
-    // True for the part's own groups, which are neither markers nor application data.
-    bool owns(const GroupView& group, int code)
-    {
-        if (code < 100 || code > 102)
-            return m_isInPart && !m_isInApplicationData;
-        if (m_isInApplicationData || opensApplicationData(group))
-        {
-            m_isInApplicationData = !closesApplicationData(group);
-            return false;
-        }
-        if (!group.beginsSection())
-            return m_isInPart;
-        m_isInPart = beginsSectionOf(group, m_marker);
-        return false;
-    }
-
-private:
-    Atom m_marker;
-    bool m_isInPart;
-    bool m_isInApplicationData = false;
-};
-
 // Steps through the groups outside of application data.
 template<class Visit>
 void visitOutsideOfApplicationData(const Groups& groups, Visit visit)
@@ -236,32 +208,38 @@ std::optional<GroupView> Groups::findAny(int code) const
     return found;
 }
 
-GroupIndex::GroupIndex(const Groups& groups, Atom subclass)
+bool PartWalk::ownsBetweenParts(const GroupView& group)
 {
-    constexpr int kMostGroups = 64; // beyond, a row is one of many points, which are not looked up one by one
-    const std::uint8_t* const end = groups.end()->item();
-    const std::uint8_t* item = groups.begin()->item();
-    PartWalk part(subclass);
-    for (int seen = 0; item != end && seen < kMostGroups && m_count < kMost; ++seen)
+    if (m_isInApplicationData || opensApplicationData(group))
     {
-        const GroupView group(item);
-        const int code = group.code();
-        item = group.next();
-        if (part.owns(group, code))
-        {
-            m_codes[m_count] = static_cast<std::int16_t>(code);
-            m_items[m_count++] = group.item();
-        }
+        m_isInApplicationData = !closesApplicationData(group);
+        return false;
     }
-    m_isWhole = item == end;
+    if (!group.beginsSection())
+        return m_isInPart;
+    m_isInPart = beginsSectionOf(group, m_marker);
+    return false;
 }
 
-std::optional<GroupView> GroupIndex::find(const Groups& groups, Atom subclass, int code) const
+std::optional<GroupView> GroupIndex::findFarther(int code)
 {
-    for (std::size_t i = 0; i < m_count; ++i)
-        if (m_codes[i] == code)
-            return GroupView(m_items[i]);
-    return m_isWhole ? std::nullopt : groups.find(subclass, code);
+    while (m_next != m_end && m_count < kMost)
+    {
+        const GroupView group(m_next);
+        const int present = group.code();
+        m_next = group.next();
+        if (!m_part.owns(group, present))
+            continue;
+        m_codes[m_count] = static_cast<std::int16_t>(present);
+        m_items[m_count++] = group.item();
+        if (present == code)
+            return group;
+    }
+    PartWalk part = m_part;
+    for (GroupView group(m_next); group.item() != m_end; group = GroupView(group.next()))
+        if (const int present = group.code(); part.owns(group, present) && present == code)
+            return group;
+    return std::nullopt;
 }
 
 bool Groups::hasSection(Atom subclass) const

@@ -76,6 +76,30 @@ OdResult setRecord(OdDbEntity& entity, int code, SymbolTable table, OdDbObjectId
     return eOk;
 }
 
+/// Calls visit(group) for what all entities have in common, which comes before all that only some have.
+template<class Visit>
+void visitCommonGroups(const OdDbEntity& entity, Visit visit)
+{
+    entity.assertReadEnabled();
+    const Groups groups = groupsOf(entity);
+    const oddb::Atom marker = atomOf<kEntity>();
+    bool isInside = false;
+    bool isApplicationData = false;
+    for (const oddb::GroupView& group : groups)
+    {
+        if (group.beginsSection())
+        {
+            if (isInside)
+                break;
+            isInside = group.code() == 100 && group.atom() == marker;
+        }
+        else if (group.code() == 102)
+            isApplicationData = !isApplicationData;
+        else if (isInside && !isApplicationData)
+            visit(group);
+    }
+}
+
 bool isOneOf(const OdString& name, std::initializer_list<const OdChar*> names)
 {
     return std::any_of(names.begin(), names.end(), [&name](const OdChar* other) { return name.iCompare(other) == 0; });
@@ -254,7 +278,14 @@ OdResult OdDbEntity::setLineWeight(OdDb::LineWeight lineWeight, bool doSubents)
 
 OdDb::Visibility OdDbEntity::visibility() const
 {
-    return read<kEntity>(*this).integer(kInvisible) == 0 ? OdDb::kVisible : OdDb::kInvisible;
+    bool isVisible = true; // as it is for nearly all, so that it pays to look no farther than need be
+    visitCommonGroups(*this,
+                      [&isVisible](const oddb::GroupView& group)
+                      {
+                          if (group.code() == kInvisible)
+                              isVisible = group.integer() == 0;
+                      });
+    return isVisible ? OdDb::kVisible : OdDb::kInvisible;
 }
 
 OdResult OdDbEntity::setVisibility(OdDb::Visibility visibility, bool doSubents)
@@ -449,25 +480,8 @@ void StoredLooks::take(const oddb::GroupView& group)
 
 StoredLooks looksOf(const OdDbEntity& entity)
 {
-    entity.assertReadEnabled();
     StoredLooks looks;
-    const Groups groups = groupsOf(entity);
-    const oddb::Atom marker = atomOf<kEntity>();
-    bool isInside = false;
-    bool isApplicationData = false;
-    for (const oddb::GroupView& group : groups)
-    {
-        if (group.beginsSection())
-        {
-            if (isInside)
-                break;
-            isInside = group.code() == 100 && group.atom() == marker;
-        }
-        else if (group.code() == 102)
-            isApplicationData = !isApplicationData;
-        else if (isInside && !isApplicationData)
-            looks.take(group);
-    }
+    visitCommonGroups(entity, [&looks](const oddb::GroupView& group) { looks.take(group); });
     return looks;
 }
 

@@ -18,10 +18,9 @@ using oddb::DxfSubclass;
 using oddb::ObjectCore;
 
 Reader::Reader(const OdDbObject& object, const DxfSubclass& table, oddb::Atom atom)
-    : m_object(object), m_table(table), m_atom(atom)
+    : m_object(object), m_groups((object.assertReadEnabled(), groupsOf(object))), m_table(table), m_atom(atom),
+      m_index(m_groups, atom)
 {
-    object.assertReadEnabled();
-    m_groups = groupsOf(object);
 }
 
 Reader Reader::in(const DxfSubclass& table) const
@@ -38,18 +37,6 @@ const DxfRow& Reader::row(int code) const
     if (!row)
         throw OdError(eInvalidGroupCode);
     return *row;
-}
-
-std::optional<oddb::GroupView> Reader::find(int code) const
-{
-    if (!m_index && !m_isAsked)
-    {
-        m_isAsked = true;
-        return m_groups.find(m_atom, code);
-    }
-    if (!m_index)
-        m_index.emplace(m_groups, m_atom);
-    return m_index->find(m_groups, m_atom, code);
 }
 
 double Reader::real(int code) const

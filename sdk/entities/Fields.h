@@ -43,14 +43,13 @@ public:
 
 private:
     const oddb::DxfRow& row(int code) const;
-    std::optional<oddb::GroupView> find(int code) const;
+    std::optional<oddb::GroupView> find(int code) const { return m_index.find(code); }
 
     const OdDbObject& m_object;
     Groups m_groups;
     const oddb::DxfSubclass& m_table;
     oddb::Atom m_atom;
-    mutable std::optional<oddb::GroupIndex> m_index; ///< made with the second look-up
-    mutable bool m_isAsked = false;
+    mutable oddb::GroupIndex m_index;
 };
 
 /// The interned marker of a table.

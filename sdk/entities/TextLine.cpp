@@ -11,14 +11,6 @@ namespace textline
 namespace
 {
 
-/// A line ready to be drawn: left aligned on its base line.
-struct Placed
-{
-    OdGePoint3d start;
-    double rotation;
-    OdGiTextStyle style;
-};
-
 double widthOf(const Line& line)
 {
     return fonts::shape(line.style, line.characters.view(), false).width;
@@ -63,48 +55,45 @@ bool isBetweenTwoPoints(const Line& line)
 }
 
 /// The text fills the distance of its two points: by its height when aligned, by its width factor when fitted.
-Placed placeBetweenPoints(const Line& line)
+void placeBetweenPoints(Line& line)
 {
     const double dx = line.alignment.x - line.position.x;
     const double dy = line.alignment.y - line.position.y;
     const double stretch = std::hypot(dx, dy) / widthOf(line);
-    Placed placed{line.position, line.rotation, line.style};
     if (!(stretch > 0.0) || !std::isfinite(stretch))
-        return placed;
-    placed.rotation = std::atan2(dy, dx);
+        return;
+    line.rotation = std::atan2(dy, dx);
     if (line.horizontal == OdDb::kTextAlign)
-        placed.style.setTextSize(line.style.textSize() * stretch);
+        line.style.setTextSize(line.style.textSize() * stretch);
     else
-        placed.style.setXScale(line.style.xScale() * stretch);
-    return placed;
+        line.style.setXScale(line.style.xScale() * stretch);
 }
 
-Placed placeAtPoint(const Line& line)
+void placeAtPoint(Line& line)
 {
-    Placed placed{line.position, line.rotation, line.style};
     if (line.horizontal == OdDb::kTextLeft && line.vertical == OdDb::kTextBase)
-        return placed;
+        return;
     const double part = horizontalPart(line.horizontal);
     const double left = part == 0.0 ? 0.0 : (line.backward ? -1.0 : 1.0) * part * widthOf(line);
     const double down = (line.upsideDown ? -1.0 : 1.0) * verticalPart(line) * line.style.textSize();
     const double c = std::cos(line.rotation);
     const double s = std::sin(line.rotation);
-    placed.start =
+    line.position =
         OdGePoint3d(line.alignment.x - left * c + down * s, line.alignment.y - left * s - down * c, line.alignment.z);
-    return placed;
 }
 
 } // namespace
 
-void draw(OdGiWorldDraw& worldDraw, const Line& line)
+void draw(OdGiWorldDraw& worldDraw, Line line)
 {
-    const Placed placed = isBetweenTwoPoints(line) ? placeBetweenPoints(line) : placeAtPoint(line);
+    // What follows is left aligned on its base line.
+    isBetweenTwoPoints(line) ? placeBetweenPoints(line) : placeAtPoint(line);
     // Characters that run backward or stand upside down are seen from behind, turned once more where both hold.
-    const OdGeVector3d direction = line.frame.direction(placed.rotation) * (line.backward ? -1.0 : 1.0);
+    const OdGeVector3d direction = line.frame.direction(line.rotation) * (line.backward ? -1.0 : 1.0);
     const OdGeVector3d normal = line.frame.z * (line.backward != line.upsideDown ? -1.0 : 1.0);
     drawing::setThickness(worldDraw, line.thickness);
-    worldDraw.geometry().text(line.frame.toWorld(placed.start), normal, direction, line.characters.c_str(),
-                              line.characters.getLength(), false, &placed.style);
+    worldDraw.geometry().text(line.frame.toWorld(line.position), normal, direction, line.characters.c_str(),
+                              line.characters.getLength(), false, &line.style);
 }
 
 } // namespace textline

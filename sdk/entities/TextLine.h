@@ -32,6 +32,6 @@ struct Line
 /// The line that a text draws when it shows the given string, which may hold %% codes.
 Line lineOf(const OdDbText& text, const OdString& shown);
 
-void draw(OdGiWorldDraw& worldDraw, const Line& line);
+void draw(OdGiWorldDraw& worldDraw, Line line);
 
 } // namespace textline

@@ -136,17 +136,16 @@ double slantOf(const OdGiTextStyle& style, const Font& font)
     return (std::isfinite(angle) ? std::tan(angle) : 0.0) + (font.needsSlant() ? kItalicSlant : 0.0);
 }
 
-OdUInt32 fontIndex(OdGiShapedText& shaped, std::vector<const Typeface*>& typefaces, const FoundGlyph& found,
-                   const OdGiTextStyle& style, double slant)
+OdUInt32 fontIndex(OdGiShapedText& shaped, const FoundGlyph& found, const OdGiTextStyle& style, double slant)
 {
-    const Typeface* typeface = found.typeface;
-    const auto known = std::find(typefaces.begin(), typefaces.end(), typeface);
-    if (known != typefaces.end())
-        return static_cast<OdUInt32>(known - typefaces.begin());
-    typefaces.push_back(typeface);
+    const Typeface& typeface = *found.typeface;
+    const auto isUsed = [&typeface](const OdGiGlyphFont& font) { return font.file == &typeface.file(); };
+    const auto known = std::find_if(shaped.fonts.begin(), shaped.fonts.end(), isUsed);
+    if (known != shaped.fonts.end())
+        return static_cast<OdUInt32>(known - shaped.fonts.begin());
     shaped.fonts.push_back(
-        {&typeface->file(), typeface->emSize() * style.textSize(), style.xScale() * found.widthPart, slant});
-    return static_cast<OdUInt32>(typefaces.size() - 1);
+        {&typeface.file(), typeface.emSize() * style.textSize(), style.xScale() * found.widthPart, slant});
+    return static_cast<OdUInt32>(shaped.fonts.size() - 1);
 }
 
 /// Puts the glyphs of a line one below the other, each in the middle above the others.
@@ -187,11 +186,10 @@ OdGiShapedText shape(const OdGiTextStyle& style, std::wstring_view message, bool
     if (style.isVertical())
         standUpright(placed);
     BarBuilder bars(shaped, size, widthScale);
-    std::vector<const Typeface*> typefaces;
     shaped.glyphs.reserve(placed.size());
     for (const PlacedGlyph& glyph : placed)
     {
-        const OdUInt32 index = fontIndex(shaped, typefaces, glyph.found, style, slant);
+        const OdUInt32 index = fontIndex(shaped, glyph.found, style, slant);
         shaped.glyphs.push_back({index, glyph.found.glyph, glyph.character, glyph.x * widthScale, glyph.y * size});
         addInk(shaped, glyph, size, widthScale);
         bars.add(glyph, decoded.barsAt(glyph.character));
