@@ -13,7 +13,7 @@ class OdCmColorBase
 {
 public:
     /** How the colour is said. */
-    enum ColorMethod
+    enum ColorMethod : int
     {
         kByLayer = 0xC0,
         kByBlock = 0xC1,
@@ -79,7 +79,7 @@ public:
     static constexpr ColorMethod kNone = OdCmColorBase::kNone;
 
     /** Numbers of colours that have a meaning of their own. */
-    enum ACIcolorMethod
+    enum ACIcolorMethod : int
     {
         kACIbyBlock = 0,
         kACIRed = 1,
@@ -192,7 +192,7 @@ private:
 class OdCmTransparency
 {
 public:
-    enum TransparencyMethod
+    enum TransparencyMethod : int
     {
         kByLayer = 0,
         kByBlock = 1,

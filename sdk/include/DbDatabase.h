@@ -19,7 +19,7 @@ class DatabaseImpl;
 /** The kinds of file a drawing is written as. */
 namespace OdDb
 {
-enum SaveType
+enum SaveType : int
 {
     kDxf = 1, ///< text
     kDxb = 2, ///< the same groups in binary form

@@ -15,7 +15,7 @@ class DictionaryEntries;
 namespace OdDb
 {
 /** What becomes of an object whose name is taken where it is copied to. */
-enum DuplicateRecordCloning
+enum DuplicateRecordCloning : int
 {
     kDrcNotApplicable = 0,
     kDrcIgnore = 1,         ///< the object there stays and stands for the copy

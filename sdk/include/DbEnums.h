@@ -5,7 +5,7 @@
 namespace OdDb
 {
 /** Width of plotted lines in hundredths of a millimetre; negative values say where it comes from. */
-enum LineWeight
+enum LineWeight : int
 {
     kLnWt000 = 0,
     kLnWt005 = 5,
@@ -36,13 +36,13 @@ enum LineWeight
     kLnWtByLwDefault = -3
 };
 
-enum Visibility
+enum Visibility : int
 {
     kVisible = 0,
     kInvisible = 1
 };
 
-enum TextHorzMode
+enum TextHorzMode : int
 {
     kTextLeft = 0,
     kTextCenter = 1,
@@ -52,7 +52,7 @@ enum TextHorzMode
     kTextFit = 5 ///< width factor follows from the distance of two points
 };
 
-enum TextVertMode
+enum TextVertMode : int
 {
     kTextBase = 0,
     kTextBottom = 1,
@@ -60,7 +60,7 @@ enum TextVertMode
     kTextTop = 3
 };
 
-enum LineSpacingStyle
+enum LineSpacingStyle : int
 {
     kAtLeast = 1, ///< higher characters move lines apart
     kExactly = 2

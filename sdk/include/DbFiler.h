@@ -23,7 +23,7 @@ public:
     ODRX_DECLARE_MEMBERS(OdDbFiler);
 
     /** What the data that passes through a filer is for. */
-    enum FilerType
+    enum FilerType : int
     {
         kFileFiler = 0,       ///< a drawing file
         kCopyFiler = 1,       ///< a copy made in memory
@@ -61,7 +61,7 @@ class OdDbDwgFiler : public OdDbFiler
 public:
     ODRX_DECLARE_MEMBERS(OdDbDwgFiler);
 
-    enum SeekType
+    enum SeekType : int
     {
         kSeekFromStart = 0,
         kSeekFromCurrent = 1,

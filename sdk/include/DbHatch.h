@@ -13,7 +13,7 @@ class OdDbHatch : public OdDbEntity
 public:
     ODDB_DECLARE_MEMBERS(OdDbHatch);
 
-    enum HatchLoopType
+    enum HatchLoopType : int
     {
         kDefault = 0,
         kExternal = 1,
@@ -23,14 +23,14 @@ public:
         kOutermost = 0x10
     };
 
-    enum HatchPatternType
+    enum HatchPatternType : int
     {
         kUserDefined = 0,
         kPreDefined = 1,
         kCustomDefined = 2
     };
 
-    enum HatchStyle
+    enum HatchStyle : int
     {
         kNormal = 0, ///< every second area from outside is filled
         kOuter = 1,  ///< only the outermost area is filled

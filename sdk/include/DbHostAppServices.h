@@ -15,7 +15,7 @@ public:
     OdDbHostAppServices& operator=(const OdDbHostAppServices&) = delete;
 
     /** What findFile looks for. */
-    enum FindFileHint
+    enum FindFileHint : int
     {
         kDefault = 0,
         kFontFile = 1,

@@ -10,7 +10,7 @@
 namespace OdDb
 {
 /** What copies are made for. */
-enum DeepCloneType
+enum DeepCloneType : int
 {
     kDcCopy = 0,
     kDcExplode = 1,

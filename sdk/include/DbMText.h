@@ -10,7 +10,7 @@ class OdDbMText : public OdDbEntity
 public:
     ODDB_DECLARE_MEMBERS(OdDbMText);
 
-    enum AttachmentPoint
+    enum AttachmentPoint : int
     {
         kTopLeft = 1,
         kTopCenter = 2,
@@ -23,7 +23,7 @@ public:
         kBottomRight = 9
     };
 
-    enum FlowDirection
+    enum FlowDirection : int
     {
         kLtoR = 1,
         kRtoL = 2,

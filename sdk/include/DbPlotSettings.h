@@ -22,7 +22,7 @@ public:
     /** Units on paper for units of the drawing. */
     void getCustomPrintScale(double& numerator, double& denominator) const;
 
-    enum PlotPaperUnits
+    enum PlotPaperUnits : int
     {
         kInches = 0,
         kMillimeters = 1,
@@ -31,7 +31,7 @@ public:
     PlotPaperUnits plotPaperUnits() const;
 
     /** How far the drawing is turned on the paper, counter-clockwise. */
-    enum PlotRotation
+    enum PlotRotation : int
     {
         k0degrees = 0,
         k90degrees = 1,

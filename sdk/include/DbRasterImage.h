@@ -12,7 +12,7 @@ class OdDbRasterImage : public OdDbEntity
 public:
     ODDB_DECLARE_MEMBERS(OdDbRasterImage);
 
-    enum ImageDisplayOpt
+    enum ImageDisplayOpt : int
     {
         kShow = 1,
         kShowUnAligned = 2,

@@ -12,7 +12,7 @@ class OdDbRasterImageDef : public OdDbObject
 public:
     ODDB_DECLARE_MEMBERS(OdDbRasterImageDef);
 
-    enum Units
+    enum Units : int
     {
         kNone = 0,
         kMillimeter = 1,

@@ -9,14 +9,14 @@ class OdDbRasterVariables : public OdDbObject
 public:
     ODDB_DECLARE_MEMBERS(OdDbRasterVariables);
 
-    enum FrameSettings
+    enum FrameSettings : int
     {
         kImageFrameOff = 0,
         kImageFrameAbove = 1,
         kImageFrameBelow = 2
     };
 
-    enum ImageQuality
+    enum ImageQuality : int
     {
         kImageQualityDraft = 0,
         kImageQualityHigh = 1

@@ -51,7 +51,7 @@ public:
     };
 
     /** Whether parts of entities may be selected too. */
-    enum SubentSelectionMode
+    enum SubentSelectionMode : int
     {
         kDisableSubents = 0,
         kEnableSubents = 1

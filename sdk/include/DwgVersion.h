@@ -5,7 +5,7 @@
 namespace OdDb
 {
 /** Drawing file versions. The numbers are those that class registrations carry. */
-enum DwgVersion
+enum DwgVersion : int
 {
     kDHL_Unknown = 254,
     kDHL_CURRENT = 33,
@@ -23,7 +23,7 @@ enum DwgVersion
 };
 
 /** Maintenance releases within a file version. */
-enum MaintReleaseVer
+enum MaintReleaseVer : int
 {
     kMRelease0 = 0,
     kMRelease55 = 55,
@@ -32,7 +32,7 @@ enum MaintReleaseVer
 };
 
 /** How an object is opened. */
-enum OpenMode
+enum OpenMode : int
 {
     kNotOpen = -1,
     kForRead = 0,
@@ -41,7 +41,7 @@ enum OpenMode
 };
 
 /** What one object's reference to another means for ownership and for purging. */
-enum ReferenceType
+enum ReferenceType : int
 {
     kSoftPointerRef = 0,
     kHardPointerRef = 1,

@@ -2,7 +2,7 @@
 #pragma once
 
 /** Names a character set. The order is that of the numbers in drawing files. */
-enum OdCodePageId
+enum OdCodePageId : int
 {
     CP_UNDEFINED = 0, ///< UTF-8, with invalid bytes kept (see OdString)
     CP_ASCII = 1,

@@ -15,7 +15,7 @@ using OdRxObjectPtrArray = OdArray<OdRxObjectPtr>;
 class OdVariant
 {
 public:
-    enum Type
+    enum Type : int
     {
         kVoid = 0x0000,
         kString = 0x0001,

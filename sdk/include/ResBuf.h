@@ -36,7 +36,7 @@ public:
     ODRX_DECLARE_MEMBERS(OdResBuf);
 
     /** The types, which are DXF group codes up to 1071. */
-    enum ValueType
+    enum ValueType : int
     {
         kDxfInvalid = -9999,
         kDxfXDictionary = -6,

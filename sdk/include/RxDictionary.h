@@ -6,7 +6,7 @@
 namespace OdRx
 {
 /** The orders that a dictionary is walked in. */
-enum DictIterType
+enum DictIterType : int
 {
     kDictCollated = 0, ///< by id, that is, as the entries were added
     kDictSorted = 1    ///< by name

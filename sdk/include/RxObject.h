@@ -13,7 +13,7 @@ class OdRxObject;
 namespace OdRx
 {
 /** The outcome of comparing two objects. */
-enum Ordering
+enum Ordering : int
 {
     kLessThan = -1,
     kEqual = 0,

@@ -9,7 +9,7 @@ class OdRxClass;
 class OdRxObject;
 
 /** Says that a smart pointer takes over a reference that the caller has, rather than adding one. */
-enum OdRxObjMod
+enum OdRxObjMod : int
 {
     kOdRxObjAttach = 0
 };

@@ -14,7 +14,7 @@ class OdUnitsFormatter
 {
 public:
     /** The forms of lengths, with one and a half units as an example. */
-    enum LUnits
+    enum LUnits : int
     {
         kScientific = 1,    ///< 1.5000E+00
         kDecimal = 2,       ///< 1.5000
@@ -24,7 +24,7 @@ public:
     };
 
     /** The forms of angles, with an eighth of a full turn as an example. */
-    enum AUnits
+    enum AUnits : int
     {
         kDecimalDegrees = 0, ///< 45.0000
         kDegMinSec = 1,      ///< 45d0'0"

@@ -13,7 +13,7 @@ public:
     ODRX_DECLARE_MEMBERS(OdEdBaseIO);
 
     /** The keys that getKeyState reports. */
-    enum KeyState
+    enum KeyState : int
     {
         kShiftIsDown = 4,
         kControlIsDown = 8

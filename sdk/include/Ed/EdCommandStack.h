@@ -18,7 +18,7 @@ public:
     ODRX_DECLARE_MEMBERS(OdEdCommandStack);
 
     /** Where lookupCmd looks; combined with |. */
-    enum LookupFlags
+    enum LookupFlags : int
     {
         kGlobal = 1,        ///< among global names
         kLocal = 2,         ///< among local names

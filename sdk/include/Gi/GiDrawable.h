@@ -15,7 +15,7 @@ public:
     ODRX_DECLARE_MEMBERS(OdGiDrawable);
 
     // Bits that setAttributes may return.
-    enum SetAttributesFlags
+    enum SetAttributesFlags : int
     {
         kDrawableNone = 0,
         kDrawableIsAnEntity = 1,

@@ -14,7 +14,7 @@ class OdGiTextStyle;
 struct OdGiClipBoundary;
 struct OdGiPolyline;
 
-enum OdGiArcType
+enum OdGiArcType : int
 {
     kOdGiArcSimple = 0, // the curve alone
     kOdGiArcSector = 1, // with the lines to the centre

@@ -11,7 +11,7 @@ class OdGiRasterImage : public OdRxObject
 public:
     ODRX_DECLARE_MEMBERS(OdGiRasterImage);
 
-    enum Units
+    enum Units : int
     {
         kNone = 0,
         kMillimeter = 1,

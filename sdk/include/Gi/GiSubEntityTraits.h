@@ -7,7 +7,7 @@
 
 class OdDbStub;
 
-enum OdGiFillType
+enum OdGiFillType : int
 {
     kOdGiFillAlways = 1, // closed shapes are filled
     kOdGiFillNever = 2   // outlines only

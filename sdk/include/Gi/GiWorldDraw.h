@@ -5,7 +5,7 @@
 #include "Gi/GiGeometry.h"
 #include "Gi/GiSubEntityTraits.h"
 
-enum OdGiRegenType
+enum OdGiRegenType : int
 {
     kOdGiStandardDisplay = 2,
     kOdGiSaveWorldDrawForProxy = 7,
