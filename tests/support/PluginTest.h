@@ -80,8 +80,7 @@ inline Fault thrownBy(const std::function<void()>& work)
     }
     catch (const OdError& error)
     {
-        const OdError copy = error;
-        return faultOf(copy);
+        return faultOf(OdError(error));
     }
     return {};
 }
@@ -98,7 +97,7 @@ public:
         promptOptions.push_back(options);
         if (answers.empty())
             throw OdEdCancel();
-        const OdString answer = answers.front();
+        OdString answer = answers.front();
         answers.pop_front();
         return answer;
     }
@@ -319,6 +318,7 @@ protected:
     std::vector<OdDbObjectId> addLines(int count)
     {
         std::vector<OdDbObjectId> ids;
+        ids.reserve(static_cast<std::size_t>(count));
         for (int i = 0; i < count; ++i)
             ids.push_back(addLine(i));
         return ids;
