@@ -55,7 +55,7 @@ bool beginsSectionOf(const GroupView& group, Atom subclass)
 
 // Steps through the groups outside of application data.
 template<class Visit>
-void visitOutsideOfApplicationData(const Groups& groups, Visit visit)
+void visitOutsideOfApplicationData(GroupSpan groups, Visit visit)
 {
     bool inside = false;
     for (const GroupView& group : groups)
@@ -195,7 +195,7 @@ std::optional<GroupView> Groups::find(Atom subclass, int code, int occurrence) c
     return std::nullopt;
 }
 
-std::optional<GroupView> Groups::findAny(int code) const
+std::optional<GroupView> GroupSpan::findAny(int code) const
 {
     std::optional<GroupView> found;
     visitOutsideOfApplicationData(*this,

@@ -161,6 +161,28 @@ private:
     GroupView m_view;
 };
 
+/// A row of groups that somebody else holds meanwhile. Looking at a row this way touches nothing of it, so several
+/// threads may do it at once.
+class GroupSpan
+{
+public:
+    GroupSpan() = default;
+    GroupSpan(const GroupsData* data)
+        : m_begin(data != nullptr ? data->bytes() : nullptr), m_end(data != nullptr ? m_begin + data->size : nullptr)
+    {
+    }
+
+    GroupIterator begin() const { return GroupIterator(m_begin); }
+    GroupIterator end() const { return GroupIterator(m_end); }
+
+    /// The first group with this code in any part, application data passed over.
+    std::optional<GroupView> findAny(int code) const;
+
+private:
+    const std::uint8_t* m_begin = nullptr;
+    const std::uint8_t* m_end = nullptr;
+};
+
 class GroupsBuilder;
 
 /// A shared, immutable row of groups. Copying shares; nothing changes the row itself.
@@ -187,6 +209,8 @@ public:
     /// A row made of items that are valid as they stand.
     static Groups fromItems(const std::uint8_t* items, std::size_t size);
 
+    operator GroupSpan() const { return m_data; }
+
     bool empty() const { return m_data == nullptr; }
     explicit operator bool() const { return m_data != nullptr; }
     std::size_t byteSize() const { return m_data ? m_data->size : 0; }
@@ -198,7 +222,7 @@ public:
     /// all application data. The empty atom stands for the groups in front of the first marker.
     std::optional<GroupView> find(Atom subclass, int code, int occurrence = 0) const;
     /// The first group with this code in any part, application data passed over.
-    std::optional<GroupView> findAny(int code) const;
+    std::optional<GroupView> findAny(int code) const { return GroupSpan(m_data).findAny(code); }
     /// True when the row has a part with this marker.
     bool hasSection(Atom subclass) const;
 

@@ -17,9 +17,7 @@ std::string_view symbolName(const OdDbStub* record)
 {
     if (!record || !record->object)
         return {};
-    // The object keeps its groups, so the text stays when this view of them goes.
-    const Groups groups = ObjectCore::groups(*record->object);
-    const std::optional<GroupView> name = groups.findAny(2);
+    const std::optional<GroupView> name = GroupSpan(ObjectCore::groupsData(*record->object)).findAny(2);
     return name ? name->text() : std::string_view();
 }
 

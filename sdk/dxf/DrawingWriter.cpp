@@ -103,8 +103,9 @@ private:
     std::map<std::string_view, std::vector<const KeptSection*>> m_sections; ///< by the name in front of them
 };
 
-void writeSections(Writing& writing)
+void writeFile(Writing& writing)
 {
+    writing.tags.beginFile();
     KeptSectionsWriter kept(writing);
     kept.write("");
     for (const SectionWriter& section : kSections)
@@ -119,9 +120,9 @@ void writeSections(Writing& writing)
 
 } // namespace
 
-Writing::Writing(OdDbDatabase& drawing, OutputFile& file, FileForm form, OdDb::DwgVersion fileVersion)
-    : database(drawing.impl()), version(fileVersion), tags(file, form), groups(tags, encoderFor(database, version)),
-      objects(groups, drawing, version)
+Writing::Writing(OdDbDatabase& drawing, OutputFile& file, FileForm fileForm, OdDb::DwgVersion fileVersion)
+    : database(drawing.impl()), form(fileForm), version(fileVersion), tags(file, form),
+      groups(tags, encoderFor(database, version)), objects(groups, kinds, drawing, version)
 {
     if (version < database.fileVersion)
         groups.dropNewerThan(version);
@@ -131,7 +132,7 @@ void writeDrawing(OdDbDatabase& database, const std::string& path, FileForm form
 {
     OutputFile file(path);
     Writing writing(database, file, form, writtenVersion(version));
-    writeSections(writing);
+    writeFile(writing);
     file.commit();
 }
 

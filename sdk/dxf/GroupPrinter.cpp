@@ -3,6 +3,9 @@
 #include "GroupPrinter.h"
 
 #include "db/Stub.h"
+#include "db/SymbolNames.h"
+
+#include <functional>
 
 namespace dxf
 {
@@ -27,30 +30,49 @@ void GroupPrinter::group(const oddb::GroupView& group)
 
 void GroupPrinter::referenceOrText(const oddb::GroupView& group)
 {
-    if (group.type() != oddb::GroupType::Id)
-        return text(group.code(), group.text());
-    const OdDbStub* const stub = group.stub();
-    m_tags.handle(group.code(), stub != nullptr ? stub->handle : 0);
+    switch (group.type())
+    {
+    case oddb::GroupType::Id:
+        return m_tags.handle(group.code(), group.stub() != nullptr ? group.stub()->handle : 0);
+    case oddb::GroupType::Name:
+        return m_tags.text(group.code(), nameOf(group.stub()));
+    default:
+        text(group.code(), group.text());
+    }
 }
 
-void GroupPrinter::groups(oddb::GroupIterator begin, oddb::GroupIterator end)
+const std::string& GroupPrinter::nameOf(const OdDbStub* record)
 {
-    for (; begin != end; ++begin)
-        group(*begin);
+    PrintedName& name = m_names[std::hash<const OdDbStub*>()(record) / sizeof(OdDbStub) % m_names.size()];
+    if (name.record != record)
+        name = {record, std::string(m_encoder.encode(oddb::symbolName(record)))};
+    return name.text;
 }
 
-void GroupPrinter::groupsOf(const oddb::DxfClass* cls, oddb::GroupIterator begin, oddb::GroupIterator end)
+void GroupPrinter::forgetNames()
+{
+    for (PrintedName& name : m_names)
+        name.record = nullptr;
+}
+
+void GroupPrinter::groups(oddb::GroupSpan groups)
+{
+    for (const oddb::GroupView& group : groups)
+        this->group(group);
+}
+
+void GroupPrinter::groupsOf(const oddb::DxfClass* cls, oddb::GroupSpan groups)
 {
     if (!m_drops || cls == nullptr)
-        return groups(begin, end);
+        return this->groups(groups);
     const oddb::DxfSubclass* subclass = nullptr;
-    for (; begin != end; ++begin)
+    for (const oddb::GroupView& group : groups)
     {
-        if (begin->beginsSection())
-            subclass = cls->subclass(begin->text());
-        const oddb::DxfRow* const row = subclass != nullptr ? subclass->row(begin->code()) : nullptr;
+        if (group.beginsSection())
+            subclass = cls->subclass(group.text());
+        const oddb::DxfRow* const row = subclass != nullptr ? subclass->row(group.code()) : nullptr;
         if (row == nullptr || row->since <= m_version)
-            group(*begin);
+            this->group(group);
     }
 }
 

@@ -6,6 +6,9 @@
 #include "db/DxfClassTable.h"
 #include "db/Groups.h"
 
+#include <array>
+#include <string>
+
 namespace dxf
 {
 
@@ -14,6 +17,11 @@ class GroupPrinter
 {
 public:
     GroupPrinter(TagPrinter& tags, TextEncoder encoder) : m_tags(tags), m_encoder(std::move(encoder)) {}
+    /// A printer that puts groups into the same coding and version, but elsewhere.
+    GroupPrinter(TagPrinter& tags, const GroupPrinter& like)
+        : m_tags(tags), m_encoder(like.m_encoder), m_drops(like.m_drops), m_version(like.m_version)
+    {
+    }
 
     /// Leaves out from now on what the class tables know to be newer than the version.
     void dropNewerThan(OdDb::DwgVersion version)
@@ -31,21 +39,32 @@ public:
     void group(const oddb::GroupView& group);
 
     /// Prints groups as they stand.
-    void groups(oddb::GroupIterator begin, oddb::GroupIterator end);
-    void groups(const oddb::Groups& groups) { this->groups(groups.begin(), groups.end()); }
+    void groups(oddb::GroupSpan groups);
 
     TagPrinter& tags() { return m_tags; }
 
     /// Prints the data of an object of the class, which may be null.
-    void groupsOf(const oddb::DxfClass* cls, oddb::GroupIterator begin, oddb::GroupIterator end);
+    void groupsOf(const oddb::DxfClass* cls, oddb::GroupSpan groups);
+
+    /// To be called when table records may have changed.
+    void forgetNames();
 
 private:
+    /// The name of a table record as it was printed last.
+    struct PrintedName
+    {
+        const OdDbStub* record = nullptr;
+        std::string text;
+    };
+
     void referenceOrText(const oddb::GroupView& group);
+    const std::string& nameOf(const OdDbStub* record);
 
     TagPrinter& m_tags;
     TextEncoder m_encoder;
     bool m_drops = false;
     OdDb::DwgVersion m_version = OdDb::kDHL_CURRENT;
+    std::array<PrintedName, 64> m_names; // each record has one place, which it shares with others
 };
 
 } // namespace dxf

@@ -2,7 +2,6 @@
 #include "ObjectPrinter.h"
 
 #include "DbDatabase.h"
-#include "DbDictionary.h"
 #include "db/GroupsDxfFiler.h"
 #include "db/ObjectCore.h"
 #include "db/Proxies.h"
@@ -29,27 +28,16 @@ constexpr int kXDataApplicationCode = 1001;
 // ---- Classes
 // ---------------------------------------------------------------------------------------------------------
 
-const ObjectPrinter::Kind& ObjectPrinter::kindOf(const OdDbObject& object)
+const ObjectKind& ObjectPrinter::kindOf(const OdDbObject& object)
 {
-    const OdRxClass* const runtimeClass = object.isA();
-    if (m_lastKind != nullptr && m_lastKind->runtimeClass == runtimeClass)
-        return *m_lastKind;
-    const auto [place, isNew] = m_kinds.try_emplace(runtimeClass);
-    Kind& kind = place->second;
-    m_lastKind = &kind;
-    if (!isNew)
-        return kind;
-    kind.runtimeClass = runtimeClass;
-    kind.cls = oddb::findDxfClassOfRuntimeClass(odStringToUtf8(runtimeClass->name()));
-    kind.isFiled = !object.keepsGroups() || object.isKindOf(OdDbDictionary::desc());
-    kind.isProxy = !oddb::proxyDxfName(object).empty();
-    kind.name = kind.cls != nullptr ? kind.cls->dxfName : odStringToUtf8(runtimeClass->dxfName());
-    return kind;
+    if (m_lastKind == nullptr || m_lastKind->runtimeClass != object.isA())
+        m_lastKind = &m_kinds.of(object);
+    return *m_lastKind;
 }
 
 std::string_view ObjectPrinter::nameOf(const OdDbObject& object)
 {
-    const Kind& kind = kindOf(object);
+    const ObjectKind& kind = kindOf(object);
     return kind.isProxy ? oddb::proxyDxfName(object) : std::string_view(kind.name);
 }
 
@@ -125,11 +113,10 @@ void ObjectPrinter::printExtensionDictionary(const OdDbObject& object)
 
 void ObjectPrinter::printData(const OdDbObject& object)
 {
-    const Kind& kind = kindOf(object);
+    const ObjectKind& kind = kindOf(object);
     if (kind.isFiled)
         return printFiled(object);
-    const oddb::Groups groups = ObjectCore::groups(object);
-    m_groups.groupsOf(kind.cls, groups.begin(), groups.end());
+    m_groups.groupsOf(kind.cls, ObjectCore::groupsData(object));
 }
 
 void ObjectPrinter::printFiled(const OdDbObject& object)
@@ -138,6 +125,9 @@ void ObjectPrinter::printFiled(const OdDbObject& object)
     const auto filer = oddb::GroupsDxfFiler::create(&m_database, OdDbFiler::kFileFiler, m_version);
     open->dxfOutFields(filer);
     m_groups.groups(filer->finish());
+    // nobody knows what an object does while it files itself
+    m_groups.forgetNames();
+    m_lastXData = {};
 }
 
 void ObjectPrinter::printXData(const OdDbObject& object)
@@ -149,13 +139,13 @@ void ObjectPrinter::printXData(const OdDbObject& object)
 
 void ObjectPrinter::printXDataEntry(const oddb::XDataEntry& entry)
 {
-    if (entry.application == m_lastXData.application && entry.values.data() == m_lastXData.values.data())
+    if (entry.application == m_lastXData.application && entry.values.data() == m_lastXData.values)
         return m_groups.tags().again(m_lastXData.text);
     const std::uint64_t place = m_groups.tags().place();
     m_groups.text(kXDataApplicationCode, oddb::symbolName(entry.application));
     m_groups.groups(entry.values);
     if (const std::string_view printed = m_groups.tags().since(place); !printed.empty())
-        m_lastXData = {entry.application, entry.values, std::string(printed)};
+        m_lastXData = {entry.application, entry.values.data(), std::string(printed)};
 }
 
 } // namespace dxf

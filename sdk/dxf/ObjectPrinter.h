@@ -2,14 +2,12 @@
 #pragma once
 
 #include "GroupPrinter.h"
+#include "ObjectKinds.h"
 #include "db/ObjectExtras.h"
 
 #include <string>
-#include <unordered_map>
 
-class OdDbObject;
 class OdDbStub;
-class OdRxClass;
 
 namespace dxf
 {
@@ -19,8 +17,13 @@ namespace dxf
 class ObjectPrinter
 {
 public:
-    ObjectPrinter(GroupPrinter& groups, OdDbDatabase& database, OdDb::DwgVersion version)
-        : m_groups(groups), m_database(database), m_version(version)
+    ObjectPrinter(GroupPrinter& groups, ObjectKinds& kinds, OdDbDatabase& database, OdDb::DwgVersion version)
+        : m_groups(groups), m_kinds(kinds), m_database(database), m_version(version)
+    {
+    }
+    /// A printer that prints the same into other groups.
+    ObjectPrinter(GroupPrinter& groups, const ObjectPrinter& like)
+        : ObjectPrinter(groups, like.m_kinds, like.m_database, like.m_version)
     {
     }
 
@@ -33,25 +36,17 @@ public:
     /// Prints the extended data of an object.
     void printXData(const OdDbObject& object);
 
+    GroupPrinter& groups() { return m_groups; }
+
     /// Returns the name of the object in files.
     std::string_view nameOf(const OdDbObject& object);
 
 private:
-    /// What the objects of one class have in common.
-    struct Kind
-    {
-        const OdRxClass* runtimeClass = nullptr;
-        const oddb::DxfClass* cls = nullptr;
-        std::string name;
-        bool isProxy = false; // each proxy has a name of its own
-        bool isFiled = false; // it files itself, or its groups do not say everything
-    };
-
     /// Extended data as it was printed last: many objects share the same.
     struct PrintedXData
     {
         const OdDbStub* application = nullptr;
-        oddb::Groups values;
+        const oddb::GroupsData* values = nullptr;
         std::string text;
     };
 
@@ -59,16 +54,16 @@ private:
     void printCommon(const OdDbStub& stub, int handleCode);
     void printData(const OdDbObject& object);
     void printXDataEntry(const oddb::XDataEntry& entry);
-    const Kind& kindOf(const OdDbObject& object);
+    const ObjectKind& kindOf(const OdDbObject& object);
     void printReactors(const OdDbObject& object);
     void printExtensionDictionary(const OdDbObject& object);
     void printFiled(const OdDbObject& object);
 
     GroupPrinter& m_groups;
+    ObjectKinds& m_kinds;
     OdDbDatabase& m_database;
     OdDb::DwgVersion m_version;
-    std::unordered_map<const OdRxClass*, Kind> m_kinds;
-    const Kind* m_lastKind = nullptr;
+    const ObjectKind* m_lastKind = nullptr;
     PrintedXData m_lastXData;
 };
 

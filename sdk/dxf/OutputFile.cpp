@@ -18,6 +18,7 @@ namespace dxf
 namespace
 {
 
+constexpr std::size_t kBufferSize = std::size_t{1} << 18;
 constexpr mode_t kPermissions = 07777;
 constexpr int kMostLinks = 40;
 
@@ -81,8 +82,7 @@ private:
 
 } // namespace
 
-OutputFile::OutputFile(const std::string& target)
-    : m_target(resolveLinks(target)), m_buffer(std::make_unique_for_overwrite<char[]>(kBufferSize))
+OutputFile::OutputFile(const std::string& target) : OutputBuffer(kBufferSize), m_target(resolveLinks(target))
 {
     struct stat status
     {
@@ -117,31 +117,30 @@ void OutputFile::openDirectly()
 
 void OutputFile::write(std::string_view bytes)
 {
-    if (bytes.size() > kBufferSize / 2)
-    {
-        flush();
-        writeOut(bytes.data(), bytes.size());
-        m_flushed += bytes.size();
-        return;
-    }
-    char* const at = reserve(bytes.size());
-    std::memcpy(at, bytes.data(), bytes.size());
-    advance(at + bytes.size());
+    if (bytes.size() <= kMostReserved)
+        return append(bytes);
+    flush();
+    writeOut(bytes);
+    letGo(bytes.size());
+}
+
+void OutputFile::makeRoom(std::size_t)
+{
+    flush();
 }
 
 void OutputFile::flush()
 {
-    writeOut(m_buffer.get(), m_used);
-    m_flushed += m_used;
-    m_used = 0;
+    writeOut(bytes());
+    letGo();
 }
 
-void OutputFile::writeOut(const char* bytes, std::size_t size)
+void OutputFile::writeOut(std::string_view bytes)
 {
     NoSignals noSignals;
-    while (size > 0)
+    while (!bytes.empty())
     {
-        const ssize_t count = ::write(m_file, bytes, size);
+        const ssize_t count = ::write(m_file, bytes.data(), bytes.size());
         if (count < 0 && errno == EINTR)
             continue;
         if (count <= 0)
@@ -150,8 +149,7 @@ void OutputFile::writeOut(const char* bytes, std::size_t size)
             noSignals.noteFailure();
             failToWrite(m_target, error);
         }
-        bytes += count;
-        size -= static_cast<std::size_t>(count);
+        bytes.remove_prefix(static_cast<std::size_t>(count));
     }
 }
 

@@ -72,10 +72,10 @@ std::size_t fieldWidth(ValueKind kind)
 
 } // namespace
 
-TagPrinter::TagPrinter(OutputFile& file, FileForm form) : m_file(file), m_ascii(form == FileForm::Ascii)
+void TagPrinter::beginFile()
 {
     if (!m_ascii)
-        m_file.write(kBinarySentinel);
+        m_output.write(kBinarySentinel);
 }
 
 char* TagPrinter::putCode(char* at, int code) const
@@ -106,12 +106,12 @@ void TagPrinter::text(int code, std::string_view value)
     const char ending = m_ascii ? '\n' : '\0';
     if (!m_ascii)
         value = value.substr(0, value.find('\0'));
-    char* at = putCode(m_file.reserve(kRoom + kShort), code);
+    char* at = putCode(m_output.reserve(kRoom + kShort), code);
     if (value.size() > kShort)
     {
-        m_file.advance(at);
-        m_file.write(value);
-        at = m_file.reserve(kRoom);
+        m_output.advance(at);
+        m_output.write(value);
+        at = m_output.reserve(kRoom);
     }
     else if (!value.empty())
     {
@@ -119,13 +119,13 @@ void TagPrinter::text(int code, std::string_view value)
         at += value.size();
     }
     *at++ = ending;
-    m_file.advance(at);
+    m_output.advance(at);
 }
 
 void TagPrinter::real(int code, double value)
 {
-    char* const at = putCode(m_file.reserve(kRoom), code);
-    m_file.advance(m_ascii ? putLineEnd(printReal(value, at)) : put(at, value));
+    char* const at = putCode(m_output.reserve(kRoom), code);
+    m_output.advance(m_ascii ? putLineEnd(printReal(value, at)) : put(at, value));
 }
 
 void TagPrinter::integer(int code, std::int64_t value)
@@ -138,39 +138,39 @@ void TagPrinter::integer(int code, std::int64_t value)
 
 void TagPrinter::asciiInteger(int code, std::int64_t value)
 {
-    char* at = putCode(m_file.reserve(kRoom), code);
+    char* at = putCode(m_output.reserve(kRoom), code);
     char digits[kLongestNumber];
     const std::size_t length = static_cast<std::size_t>(printInteger(value, digits) - digits);
     for (std::size_t width = fieldWidth(valueKind(code)); width > length; --width)
         *at++ = ' ';
     std::memcpy(at, digits, length);
-    m_file.advance(putLineEnd(at + length));
+    m_output.advance(putLineEnd(at + length));
 }
 
 void TagPrinter::binaryInteger(int code, std::int64_t value)
 {
-    char* const at = putCode(m_file.reserve(kRoom), code);
+    char* const at = putCode(m_output.reserve(kRoom), code);
     switch (valueKind(code))
     {
     case ValueKind::Bool:
-        m_file.advance(putNarrowed<std::int8_t>(at, value));
+        m_output.advance(putNarrowed<std::int8_t>(at, value));
         break;
     case ValueKind::Int32:
-        m_file.advance(putNarrowed<std::int32_t>(at, value));
+        m_output.advance(putNarrowed<std::int32_t>(at, value));
         break;
     case ValueKind::Int64:
-        m_file.advance(put(at, value));
+        m_output.advance(put(at, value));
         break;
     default:
-        m_file.advance(putNarrowed<std::int16_t>(at, value));
+        m_output.advance(putNarrowed<std::int16_t>(at, value));
     }
 }
 
 void TagPrinter::handle(int code, std::uint64_t value)
 {
-    char* at = printHandle(value, putCode(m_file.reserve(kRoom), code));
+    char* at = printHandle(value, putCode(m_output.reserve(kRoom), code));
     *at++ = m_ascii ? '\n' : '\0';
-    m_file.advance(at);
+    m_output.advance(at);
 }
 
 void TagPrinter::bytes(int code, std::string_view value)
@@ -183,7 +183,7 @@ void TagPrinter::bytes(int code, std::string_view value)
 
 void TagPrinter::chunk(int code, std::string_view value)
 {
-    char* at = putCode(m_file.reserve(kRoom + 2 * kMostChunk), code);
+    char* at = putCode(m_output.reserve(kRoom + 2 * kMostChunk), code);
     if (!m_ascii)
         at = put(at, static_cast<std::uint8_t>(value.size()));
     for (const char byte : value)
@@ -196,7 +196,7 @@ void TagPrinter::chunk(int code, std::string_view value)
         *at++ = "0123456789ABCDEF"[static_cast<unsigned char>(byte) >> 4];
         *at++ = "0123456789ABCDEF"[static_cast<unsigned char>(byte) & 15];
     }
-    m_file.advance(putLineEnd(at));
+    m_output.advance(putLineEnd(at));
 }
 
 } // namespace dxf

@@ -1,7 +1,7 @@
 // Prints groups into a drawing file, in the ASCII or the binary form.
 #pragma once
 
-#include "OutputFile.h"
+#include "OutputBuffer.h"
 #include "ValueKind.h"
 
 #include <cstdint>
@@ -22,7 +22,10 @@ enum class FileForm
 class TagPrinter
 {
 public:
-    TagPrinter(OutputFile& file, FileForm form);
+    TagPrinter(OutputBuffer& output, FileForm form) : m_output(output), m_ascii(form == FileForm::Ascii) {}
+
+    /// Writes what a file begins with that is no group.
+    void beginFile();
 
     void text(int code, std::string_view value);
     void real(int code, double value);
@@ -32,10 +35,10 @@ public:
     void bytes(int code, std::string_view value);
 
     /// Writes groups once more that were printed before.
-    void again(std::string_view printed) { m_file.write(printed); }
+    void again(std::string_view printed) { m_output.write(printed); }
     /// Where the next group will stand, and what has been printed since such a place as long as that is at hand.
-    std::uint64_t place() const { return m_file.size(); }
-    std::string_view since(std::uint64_t place) const { return m_file.since(place); }
+    std::uint64_t place() const { return m_output.size(); }
+    std::string_view since(std::uint64_t place) const { return m_output.since(place); }
 
 private:
     char* putCode(char* at, int code) const;
@@ -44,7 +47,7 @@ private:
     void asciiInteger(int code, std::int64_t value);
     void chunk(int code, std::string_view value);
 
-    OutputFile& m_file;
+    OutputBuffer& m_output;
     bool m_ascii;
 };
 

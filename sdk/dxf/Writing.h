@@ -3,6 +3,7 @@
 
 #include "GroupPrinter.h"
 #include "ObjectPrinter.h"
+#include "OutputFile.h"
 #include "db/DatabaseImpl.h"
 
 namespace dxf
@@ -11,12 +12,14 @@ namespace dxf
 /// The state of writing one database into one file.
 struct Writing
 {
-    Writing(OdDbDatabase& drawing, OutputFile& file, FileForm form, OdDb::DwgVersion fileVersion);
+    Writing(OdDbDatabase& drawing, OutputFile& file, FileForm fileForm, OdDb::DwgVersion fileVersion);
 
     oddb::DatabaseImpl& database;
+    FileForm form;
     OdDb::DwgVersion version;
     TagPrinter tags;
     GroupPrinter groups;
+    ObjectKinds kinds;
     ObjectPrinter objects;
 };
 

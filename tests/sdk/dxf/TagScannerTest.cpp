@@ -1,5 +1,6 @@
 // Groups out of files of both forms, whole and damaged.
 #include "dxf/TagScanner.h"
+#include "dxf/OutputFile.h"
 #include "dxf/TagPrinter.h"
 #include "support/DxfRecords.h"
 #include "support/TemporaryFolder.h"
@@ -146,6 +147,7 @@ TEST_P(Printed, ReadsBackAsItWas)
     {
         dxf::OutputFile file(path);
         dxf::TagPrinter printer(file, GetParam());
+        printer.beginFile();
         printer.text(0, "SECTION");
         printer.text(1, longText);
         printer.real(40, 0.1);
