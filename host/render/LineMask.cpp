@@ -32,12 +32,12 @@ LineMask::LineMask(int width, int height) : m_width(width), m_height(height), m_
 bool LineMask::makeRoom()
 {
     if (!m_surface)
+    {
         m_surface = cairo_image_surface_create(CAIRO_FORMAT_A8, m_width, m_height);
-    if (cairo_surface_status(m_surface) != CAIRO_STATUS_SUCCESS)
-        return false;
-    m_stride = cairo_image_surface_get_stride(m_surface);
-    m_pixels = cairo_image_surface_get_data(m_surface);
-    return true;
+        m_stride = cairo_image_surface_get_stride(m_surface);
+        m_pixels = cairo_image_surface_get_data(m_surface);
+    }
+    return m_pixels != nullptr;
 }
 
 LineMask::~LineMask()
