@@ -407,7 +407,8 @@ void PictureGeometry::pline(const OdGiPolyline& polyline)
 void PictureGeometry::text(const OdGePoint3d& position, const OdGeVector3d& normal, const OdGeVector3d& direction,
                            const OdChar* message, OdInt32 length, bool raw, const OdGiTextStyle* textStyle)
 {
-    const OdGiTextStyle style = textStyle ? *textStyle : OdGiTextStyle();
+    const OdGiTextStyle usual;
+    const OdGiTextStyle& style = textStyle ? *textStyle : usual;
     const PageMap& map = this->map();
     const TextPlace place{map.at(position), map.along(direction), map.along(normal.crossProduct(direction))};
     const double height = place.up.length() * style.textSize();

@@ -19,11 +19,11 @@ public:
     {
         if (code < 100 || code > 102)
             return m_isInPart && !m_isInApplicationData;
-        return ownsBetweenParts(group);
+        return ownsBetweenParts(group, code);
     }
 
 private:
-    bool ownsBetweenParts(const GroupView& group);
+    bool ownsBetweenParts(const GroupView& group, int code);
 
     Atom m_marker;
     bool m_isInPart;

@@ -46,7 +46,7 @@ bool closesApplicationData(const GroupView& group)
 }
 
 // The empty atom stands for the groups in front of all markers, so no marker matches it.
-bool beginsSectionOf(const GroupView& group, Atom subclass)
+inline bool beginsSectionOf(const GroupView& group, Atom subclass)
 {
     if (subclass.empty())
         return false;
@@ -208,14 +208,15 @@ std::optional<GroupView> GroupSpan::findAny(int code) const
     return found;
 }
 
-bool PartWalk::ownsBetweenParts(const GroupView& group)
+bool PartWalk::ownsBetweenParts(const GroupView& group, int code)
 {
-    if (m_isInApplicationData || opensApplicationData(group))
+    const bool isMarker = code != 102;
+    if (m_isInApplicationData || (!isMarker && opensApplicationData(group)))
     {
         m_isInApplicationData = !closesApplicationData(group);
         return false;
     }
-    if (!group.beginsSection())
+    if (!isMarker)
         return m_isInPart;
     m_isInPart = beginsSectionOf(group, m_marker);
     return false;

@@ -63,6 +63,16 @@ OdGeMatrix3d matrixOf(const OdGePoint3d& position, const ocs::Frame& turned, con
     return matrix;
 }
 
+OdGePoint3d positionOf(const Reader& fields)
+{
+    return ocs::frameOf(fields.normal()).toWorld(fields.point(10));
+}
+
+OdGeScale3d scaleOf(const Reader& fields)
+{
+    return OdGeScale3d(fields.real(41), fields.real(42), fields.real(43));
+}
+
 bool isUsableFactor(double factor)
 {
     return std::isfinite(factor) && factor != 0.0;
@@ -103,8 +113,7 @@ void OdDbBlockReference::setBlockTableRecord(OdDbObjectId blockId)
 
 OdGePoint3d OdDbBlockReference::position() const
 {
-    const Reader fields = fieldsOf(*this);
-    return ocs::frameOf(fields.normal()).toWorld(fields.point(10));
+    return positionOf(fieldsOf(*this));
 }
 
 void OdDbBlockReference::setPosition(const OdGePoint3d& position)
@@ -114,8 +123,7 @@ void OdDbBlockReference::setPosition(const OdGePoint3d& position)
 
 OdGeScale3d OdDbBlockReference::scaleFactors() const
 {
-    const Reader fields = fieldsOf(*this);
-    return OdGeScale3d(fields.real(41), fields.real(42), fields.real(43));
+    return scaleOf(fieldsOf(*this));
 }
 
 void OdDbBlockReference::setScaleFactors(const OdGeScale3d& scale)
@@ -148,7 +156,8 @@ void OdDbBlockReference::setNormal(const OdGeVector3d& normal)
 OdGeMatrix3d OdDbBlockReference::blockTransform() const
 {
     const Reader fields = fieldsOf(*this);
-    return matrixOf(position(), turnedFrame(fields, rotation()), scaleFactors(), drawing::basePointOf(fields.stub(2)));
+    return matrixOf(positionOf(fields), turnedFrame(fields, fields.angle(50)), scaleOf(fields),
+                    drawing::basePointOf(fields.stub(2)));
 }
 
 OdDbObjectId OdDbBlockReference::appendAttribute(OdDbAttribute* attribute)

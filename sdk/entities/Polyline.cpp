@@ -74,7 +74,9 @@ void visitSection(const Groups& groups, oddb::Atom atom, Visit visit)
 
 std::vector<Vertex> verticesOf(const Reader& fields)
 {
+    constexpr std::size_t kUsual = 8;
     std::vector<Vertex> vertices;
+    vertices.reserve(kUsual);
     visitSection(fields.groups(), fields.atom(),
                  [&vertices](const oddb::GroupView& group)
                  {
@@ -414,8 +416,10 @@ bool OdDbPolyline::subWorldDraw(OdGiWorldDraw* worldDraw) const
 {
     const Reader fields = read<kPolyline>(*this);
     const double constantWidth = fields.real(43);
+    const std::vector<Vertex> vertices = verticesOf(fields);
     std::vector<BulgeVertex> shape;
-    for (const Vertex& vertex : verticesOf(fields))
+    shape.reserve(vertices.size());
+    for (const Vertex& vertex : vertices)
     {
         shape.push_back(vertex);
         if (!vertex.hasWidths)

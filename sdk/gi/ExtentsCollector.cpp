@@ -203,7 +203,8 @@ void ExtentsGeometry::popClipBoundary()
 void ExtentsGeometry::text(const OdGePoint3d& position, const OdGeVector3d& normal, const OdGeVector3d& direction,
                            const OdChar* message, OdInt32 length, bool raw, const OdGiTextStyle* textStyle)
 {
-    const OdGiTextStyle style = textStyle ? *textStyle : OdGiTextStyle();
+    const OdGiTextStyle usual;
+    const OdGiTextStyle& style = textStyle ? *textStyle : usual;
     const OdGiShapedText shaped = odgiShapeText(style, message, length, raw);
     if (!shaped.ink.isValidExtents())
         return;

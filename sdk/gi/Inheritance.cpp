@@ -67,13 +67,19 @@ OdDbStub* Inheritance::layerOf(OdDbStub* layer)
 
 const LayerLooks& Inheritance::looksOf(OdDbStub* layer)
 {
-    const auto known = m_layers.find(layer);
-    if (known != m_layers.end())
-        return known->second;
-    LayerLooks looks = read(layer);
-    if (kindOf(looks.linetype) != Linetype::kPattern)
-        looks.linetype = nullptr;
-    return m_layers.emplace(layer, looks).first->second;
+    if (m_lastLooks && m_lastLayer == layer)
+        return *m_lastLooks;
+    auto known = m_layers.find(layer);
+    if (known == m_layers.end())
+    {
+        LayerLooks looks = read(layer);
+        if (kindOf(looks.linetype) != Linetype::kPattern)
+            looks.linetype = nullptr;
+        known = m_layers.emplace(layer, looks).first;
+    }
+    m_lastLayer = layer;
+    m_lastLooks = &known->second;
+    return known->second;
 }
 
 Inheritance::Linetype Inheritance::kindOf(OdDbStub* linetype)

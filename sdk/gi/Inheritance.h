@@ -57,6 +57,8 @@ private:
 
     std::vector<Outer> m_outer; ///< what is being drawn, outermost first
     std::unordered_map<OdDbStub*, LayerLooks> m_layers;
+    OdDbStub* m_lastLayer = nullptr; ///< most of what is drawn is on the layer of what was drawn before
+    const LayerLooks* m_lastLooks = nullptr;
     std::unordered_map<OdDbStub*, Linetype> m_linetypes;
     std::unordered_map<OdDbStub*, bool> m_layerZeros;
     TraitValues m_effective;

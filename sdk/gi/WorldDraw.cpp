@@ -151,7 +151,8 @@ void OdGiGeometrySimplifier::text(const OdGePoint3d& position, const OdGeVector3
                                   const OdGeVector3d& direction, const OdChar* message, OdInt32 length, bool raw,
                                   const OdGiTextStyle* textStyle)
 {
-    const OdGiShapedText shaped = odgiShapeText(textStyle ? *textStyle : OdGiTextStyle(), message, length, raw);
+    const OdGiTextStyle usual;
+    const OdGiShapedText shaped = odgiShapeText(textStyle ? *textStyle : usual, message, length, raw);
     if (!shaped.ink.isValidExtents())
         return;
     const gi::TextPlane plane(position, normal, direction, shaped.fonts.front().slant);
