@@ -90,6 +90,7 @@ void LineMask::addLine(const OdGePoint2d& from, const OdGePoint2d& to, double wi
     const double half = width / 2.0 * std::sqrt(1.0 + slope * slope);
     const double first = std::max(start - width / 2.0, 0.0);
     const double last = std::min(end + width / 2.0, static_cast<double>(alongSize));
+    unsigned char* const pixels = m_pixels;
     int lowest = acrossSize;
     int highest = 0;
     for (int along = floorOf(first); along < last; ++along)
@@ -103,7 +104,7 @@ void LineMask::addLine(const OdGePoint2d& from, const OdGePoint2d& to, double wi
             continue;
         int at = floorOf(low);
         lowest = std::min(lowest, at);
-        unsigned char* pixel = m_pixels + along * alongStep + at * acrossStep;
+        unsigned char* pixel = pixels + along * alongStep + at * acrossStep;
         for (; at < high; ++at, pixel += acrossStep)
         {
             const double covered = std::min(high, at + 1.0) - std::max(low, static_cast<double>(at));

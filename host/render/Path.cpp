@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace render
 {
@@ -46,10 +47,16 @@ void Path::append(const Path& other)
 
 OdGeExtents2d Path::bounds() const
 {
-    OdGeExtents2d bounds;
+    constexpr double kFar = std::numeric_limits<double>::infinity();
+    OdGePoint2d low(kFar, kFar);
+    OdGePoint2d high(-kFar, -kFar);
+    // What is no number is passed over.
     for (const OdGePoint2d& point : m_points)
-        bounds.addPoint(point);
-    return bounds;
+    {
+        low = {std::min(low.x, point.x), std::min(low.y, point.y)};
+        high = {std::max(high.x, point.x), std::max(high.y, point.y)};
+    }
+    return low.x <= high.x && low.y <= high.y ? OdGeExtents2d(low, high) : OdGeExtents2d();
 }
 
 std::vector<Path> Path::segments() const

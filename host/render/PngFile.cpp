@@ -2,6 +2,7 @@
 #include "render/PngFile.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -49,12 +50,8 @@ public:
     {
         m_indices.resize(static_cast<std::size_t>(image.width) * static_cast<std::size_t>(image.height));
         unsigned char* index = m_indices.data();
-        for (int y = 0; y < image.height && m_isUsable; ++y)
-        {
-            const unsigned char* pixel = image.pixels + static_cast<std::ptrdiff_t>(y) * image.stride;
-            for (int x = 0; x < image.width && m_isUsable; ++x, pixel += 4)
-                *index++ = indexOf(pixel);
-        }
+        for (int y = 0; y < image.height && m_isUsable; ++y, index += image.width)
+            numberRow(image.pixels + static_cast<std::ptrdiff_t>(y) * image.stride, image.width, index);
     }
 
     bool isUsable() const { return m_isUsable; }
@@ -64,21 +61,32 @@ public:
     const unsigned char* indices() const { return m_indices.data(); }
 
 private:
-    /// The number of a pixel's colour, which becomes known with this.
-    unsigned char indexOf(const unsigned char* pixel)
+    /// Colours become known with this.
+    void numberRow(const unsigned char* pixel, int width, unsigned char* index)
     {
-        std::uint32_t color;
-        std::memcpy(&color, pixel, sizeof color);
-        if (color == m_lastColor)
-            return m_lastIndex;
+        std::uint32_t lastColor = 0; // has no alpha: no pixel of an opaque image
+        unsigned char lastIndex = 0;
+        for (int x = 0; x < width; ++x, pixel += 4)
+        {
+            std::uint32_t color;
+            std::memcpy(&color, pixel, sizeof color);
+            if (color != lastColor)
+            {
+                lastColor = color;
+                lastIndex = indexOf(color, pixel);
+            }
+            index[x] = lastIndex;
+        }
+    }
+
+    unsigned char indexOf(std::uint32_t color, const unsigned char* pixel)
+    {
         std::size_t place = (color * 2654435761u) >> (32 - kBits);
         while (m_places[place].isTaken && m_places[place].color != color)
             place = (place + 1) % m_places.size();
         if (!m_places[place].isTaken)
             add(place, color, pixel);
-        m_lastColor = color;
-        m_lastIndex = m_places[place].index;
-        return m_lastIndex;
+        return m_places[place].index;
     }
 
     struct Place
@@ -100,11 +108,9 @@ private:
     }
 
     static constexpr int kBits = 11;
-    std::vector<Place> m_places = std::vector<Place>(std::size_t(1) << kBits);
+    std::array<Place, std::size_t(1) << kBits> m_places;
     Bytes m_colors;
     std::vector<unsigned char> m_indices;
-    std::uint32_t m_lastColor = 0; // has no alpha: no pixel of an opaque image
-    unsigned char m_lastIndex = 0;
     bool m_isUsable = true;
 };
 

@@ -29,9 +29,8 @@ SpaceGeometry::SpaceGeometry(SpaceDraw& draw, Canvas& canvas, Looks& looks)
 
 void SpaceGeometry::draw(const OdGiDrawable* drawable)
 {
-    const OdDbViewportPtr viewport = OdDbViewport::cast(drawable);
-    if (!viewport.isNull())
-        m_spaceDraw.drawViewport(*viewport);
+    if (drawable->isA() == OdDbViewport::desc())
+        m_spaceDraw.drawViewport(*OdDbViewport::cast(drawable));
     PictureGeometry::draw(drawable);
 }
 

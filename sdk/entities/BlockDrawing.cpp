@@ -56,10 +56,8 @@ bool mayOpen(OdDbStub* block)
 }
 
 /// Attribute definitions of a block are what its references ask for; those of a space are seen themselves.
-bool isShown(const OdDbEntity& entity, bool inSpace)
+bool isPartOf(const OdDbEntity& entity, bool inSpace)
 {
-    if (entity.visibility() == OdDb::kInvisible)
-        return false;
     if (inSpace)
         return true;
     const OdDbAttributeDefinitionPtr definition = OdDbAttributeDefinition::cast(&entity);
@@ -68,15 +66,18 @@ bool isShown(const OdDbEntity& entity, bool inSpace)
 
 void drawEntities(OdGiWorldDraw& worldDraw, OdDbObjectId blockId, bool inSpace)
 {
-    const auto draw = [&worldDraw, inSpace](const OdDbEntity& entity)
+    // Where only the reach is of interest, the order is not, nor are the looks, from which others learn what is
+    // invisible.
+    const bool isReach = worldDraw.regenType() == kOdGiForExtents;
+    std::size_t& drawn = state().drawn;
+    const auto draw = [&](const OdDbEntity& entity)
     {
-        ++state().drawn;
-        if (isShown(entity, inSpace))
+        ++drawn;
+        if (isPartOf(entity, inSpace) && !(isReach && entity.visibility() == OdDb::kInvisible))
             worldDraw.geometry().draw(&entity);
         return !worldDraw.regenAbort();
     };
-    // Where only the reach is of interest, the order is not.
-    worldDraw.regenType() == kOdGiForExtents ? visitBlock(blockId, draw) : visitBlockAsDrawn(blockId, draw);
+    isReach ? visitBlock(blockId, draw) : visitBlockAsDrawn(blockId, draw);
 }
 
 const OdGeExtents3d& boxOf(OdDbObjectId blockId)

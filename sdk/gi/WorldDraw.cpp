@@ -46,9 +46,9 @@ bool OdGiBaseVectorizer::isLayerFrozen() const
     return m_inheritance->looksOf(m_traits.layer()).isFrozen;
 }
 
-bool OdGiBaseVectorizer::isShown(const OdGiDrawable&, OdUInt32)
+bool OdGiBaseVectorizer::isShown(const OdGiDrawable&, OdUInt32 flags)
 {
-    return true;
+    return (flags & OdGiDrawable::kDrawableIsInvisible) == 0;
 }
 
 // ---- Nested drawing ------------------------------------------------------------------------------------------------

@@ -493,18 +493,37 @@ TEST_F(PictureTest, TheProgramSaysWhatIsWrong)
     EXPECT_EQ(pixels.height(), 30);
 }
 
-TEST_F(PictureTest, MarksAreBlueOnlyWhenAskedFor)
+TEST_F(PictureTest, MarksAreBlueAndGreenOnlyWhenAskedFor)
 {
-    support::writeWholeFile(path("plain.dxf"), support::drawingOf({{square("A1", "0", 0, 0, "62 1")}}));
+    const std::string ignored = "|1001 terraSHAPING|1071 3|1071 1|1071 0|1000 |1000 |1000 ";
+    support::Content content;
+    content.entities = {square("A1", "0", 0, 0, "62 1"), square("A2", "0", 20, 0, "62 1") + ignored,
+                        "INSERT A3 0|62 1|100 AcDbBlockReference|2 B|10 0|20 40",
+                        "INSERT A4 0|62 4|100 AcDbBlockReference|2 B|10 50|20 40"};
+    content.blocks = {{"B", {square("E1", "0", 0, 0, "62 0"), square("E2", "0", 20, 0, "62 2")}}};
+    support::writeWholeFile(path("plain.dxf"), support::drawingOf(content));
     support::ChildProcess label({ZOLCAD_PROGRAM, "run", path("plain.dxf"), "BSYSTEMLABELCREATE",
-                                 "OBJECTIDARRAY={\"objectIds\":[\"A1\"]}", "NAME=E1", "--save", path("labelled.dxf")},
+                                 "OBJECTIDARRAY={\"objectIds\":[\"A1\",\"A3\"]}", "NAME=E1", "--save",
+                                 path("labelled.dxf")},
                                 {});
     ASSERT_EQ(label.finish(), 0) << label.errors() << label.output();
-    ASSERT_EQ(run({path("labelled.dxf"), "-o", order.file}).code, 0);
-    EXPECT_EQ(Pixels(order.file).count(kBlue), 0);
-    ASSERT_EQ(run({path("labelled.dxf"), "-o", order.file, "--marks"}).code, 0);
+    const auto paintWith = [this](std::vector<std::string> arguments)
+    {
+        arguments.insert(arguments.begin(), {path("labelled.dxf"), "-o", order.file, "--window", "0,0,100,100"});
+        ASSERT_EQ(run(arguments).code, 0);
+    };
+    paintWith({});
+    {
+        const Pixels plain(order.file);
+        for (const auto& [x, y] : {std::pair(5, 5), std::pair(25, 5), std::pair(5, 45)})
+            EXPECT_EQ(colorAt(plain, x, y), kRed) << x << " " << y;
+    }
+    paintWith({"--marks"});
     const Pixels marked(order.file);
-    EXPECT_GT(marked.count(kBlue), 100000);
+    EXPECT_EQ(colorAt(marked, 5, 5), kBlue) << "of a label";
+    EXPECT_EQ(colorAt(marked, 25, 5), kGreen) << "passed over by searches";
+    EXPECT_EQ(colorAt(marked, 5, 45), kBlue) << "by block, in a reference of a label";
+    EXPECT_EQ(colorAt(marked, 25, 45), (render::Color{255, 255, 0, 255})) << "of a colour of its own within it";
     EXPECT_EQ(marked.count(kRed), 0);
 }
 
