@@ -5,6 +5,7 @@
 #include <cmath>
 #include <vector>
 
+#include "Gi/GiTextStyle.h"
 #include "entities/ProxyGraphics.h"
 
 namespace proxygraphics
@@ -20,6 +21,7 @@ enum Kind : std::int32_t
     kPolyline = 6,
     kPolygon = 7,
     kText = 10,
+    kStyledText = 11,
     kXline = 12,
     kRay = 13,
     kColor = 14,
@@ -29,8 +31,23 @@ enum Kind : std::int32_t
     kLinetypeScale = 24,
     kPushOtherMatrix = 30,
     kPolylineWithNormal = 32,
-    kWideText = 36
+    kWideText = 36,
+    kWideStyledText = 38
 };
+
+OdString wideText(std::string_view bytes)
+{
+    std::wstring text;
+    for (std::size_t i = 0; i + 1 < bytes.size(); i += 2)
+    {
+        const auto low = static_cast<unsigned char>(bytes[i]);
+        const auto high = static_cast<unsigned char>(bytes[i + 1]);
+        if (low == 0 && high == 0)
+            break;
+        text.push_back(static_cast<wchar_t>(low | high << 8));
+    }
+    return OdString(text);
+}
 
 /// Takes values off the front of bytes; those that are not there are zero.
 class Bytes
@@ -78,6 +95,19 @@ public:
             points.push_back(point());
         return points;
     }
+    /// Characters that are filled up to four bytes.
+    OdString characters(bool isWide)
+    {
+        const std::size_t width = isWide ? 2 : 1;
+        std::size_t size = 0;
+        while (size + width <= m_rest.size() && m_rest.substr(size, width) != std::string_view("\0\0", width))
+            size += width;
+        const std::string_view text = m_rest.substr(0, size);
+        size = (size + width + 3) / 4 * 4;
+        m_isComplete = m_isComplete && size <= m_rest.size();
+        m_rest.remove_prefix(std::min(size, m_rest.size()));
+        return isWide ? wideText(text) : odUtf8ToString(text);
+    }
     OdGeMatrix3d matrix()
     {
         OdGeMatrix3d matrix;
@@ -93,20 +123,6 @@ private:
     std::string_view m_rest;
     bool m_isComplete = true;
 };
-
-OdString wideText(std::string_view bytes)
-{
-    std::wstring text;
-    for (std::size_t i = 0; i + 1 < bytes.size(); i += 2)
-    {
-        const auto low = static_cast<unsigned char>(bytes[i]);
-        const auto high = static_cast<unsigned char>(bytes[i + 1]);
-        if (low == 0 && high == 0)
-            break;
-        text.push_back(static_cast<wchar_t>(low | high << 8));
-    }
-    return OdString(text);
-}
 
 class Painter
 {
@@ -131,6 +147,7 @@ private:
     void drawArc(Bytes& bytes);
     void drawPoints(Bytes& bytes, std::int32_t kind);
     void drawText(Bytes& bytes, bool isWide);
+    void drawStyledText(Bytes& bytes, bool isWide);
     void pushMatrix(Bytes& bytes);
 
     OdGiGeometry& m_geometry;
@@ -189,6 +206,9 @@ void Painter::drawShape(std::int32_t kind, Bytes& bytes)
     case kText:
     case kWideText:
         return drawText(bytes, kind == kWideText);
+    case kStyledText:
+    case kWideStyledText:
+        return drawStyledText(bytes, kind == kWideStyledText);
     case kXline:
     case kRay:
     {
@@ -250,6 +270,43 @@ void Painter::drawText(Bytes& bytes, bool isWide)
     const std::string_view text = bytes.rest();
     const OdString message = isWide ? wideText(text) : odUtf8ToString(text.substr(0, text.find('\0')));
     m_geometry.text(start, normal.normal(), direction.normal(), height, width > 0.0 ? width : 1.0, oblique, message);
+    m_hasDrawn = true;
+}
+
+void Painter::drawStyledText(Bytes& bytes, bool isWide)
+{
+    const OdGePoint3d start = bytes.point();
+    const OdGeVector3d normal = bytes.vector();
+    const OdGeVector3d direction = bytes.vector();
+    const OdString message = bytes.characters(isWide);
+    bytes.integer(); // their number, which is known
+    const bool isRaw = bytes.integer() != 0;
+    OdGiTextStyle style;
+    style.setTextSize(bytes.real());
+    const double width = bytes.real();
+    style.setXScale(width > 0.0 ? width : 1.0);
+    style.setObliquingAngle(bytes.real());
+    const double tracking = bytes.real();
+    style.setTrackingPercent(tracking > 0.0 ? tracking : 1.0);
+    const bool isBackward = bytes.integer() != 0;
+    const bool isUpsideDown = bytes.integer() != 0;
+    style.setVertical(bytes.integer() != 0);
+    style.setUnderlined(bytes.integer() != 0);
+    style.setOverlined(bytes.integer() != 0);
+    const bool isBold = bytes.integer() != 0;
+    const bool isItalic = bytes.integer() != 0;
+    bytes.integer(); // the character set,
+    bytes.integer(); // and the pitch, which the font has itself
+    const OdString typeface = bytes.characters(isWide);
+    style.setFileName(bytes.characters(isWide));
+    style.setBigFontFileName(bytes.characters(isWide));
+    if (!typeface.isEmpty())
+        style.setFont(typeface, isBold, isItalic);
+    if (!bytes.isComplete() || normal.length() == 0.0 || direction.length() == 0.0 || !(style.textSize() > 0.0))
+        return;
+    m_geometry.text(start, normal.normal() * (isBackward != isUpsideDown ? -1.0 : 1.0),
+                    direction.normal() * (isBackward ? -1.0 : 1.0), message.c_str(), message.getLength(), isRaw,
+                    &style);
     m_hasDrawn = true;
 }
 

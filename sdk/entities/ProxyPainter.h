@@ -6,6 +6,9 @@
 //    6 polyline, 7 polygon: int32 count, points  23 line weight: int32
 //   32 polyline: the same and its normal         24 linetype scale
 //   10, 36 text: start normal direction height width oblique, 8-bit or 16-bit characters
+//   11, 38 the same in a font: start normal direction, characters, int32 their number, int32 raw, height width oblique
+//          tracking, then int32: backward, upside down, vertical, underlined, overlined, bold, italic, character set,
+//          pitch; then the names of the typeface, of its file and of the big font's file
 //   29, 30 a matrix of 4 x 4 doubles for what follows, until 31
 //
 // Other kinds are passed over.

@@ -158,6 +158,31 @@ Picture& putAll(Picture& picture, std::initializer_list<double> numbers)
     return picture;
 }
 
+/// Puts 8-bit characters with as many bytes each.
+void putCharacters(Picture& picture, std::string_view text, std::size_t width)
+{
+    const std::size_t start = picture.bytes.size();
+    for (const char c : text)
+        picture.bytes += std::string(1, c) + std::string(width - 1, '\0');
+    const std::size_t size = picture.bytes.size() + width - start;
+    picture.bytes.resize(start + (size + 3) / 4 * 4);
+}
+
+/// A text in a font, as the kind says with as many bytes to a character.
+std::string styledText(int kind, std::size_t width)
+{
+    Picture data;
+    putAll(data, {1, 2, 3, 0, 0, 1, 0, 5, 0});
+    putCharacters(data, "%%c %%d", width);
+    putAll(data.put(7).put(0), {2.5, 0.8, 0.1, 1.0});
+    data.put(0).put(0).put(0).put(1).put(0).put(1).put(0).put(0).put(34);
+    for (const char* name : {"Arial", "arial.ttf", ""})
+        putCharacters(data, name, width);
+    Picture picture;
+    picture.put(0).put(0).put(static_cast<int>(data.bytes.size()) + 8).put(kind);
+    return picture.bytes + data.bytes;
+}
+
 /// A red line, a circle twice as large as it says, a text, and a kind that nobody knows.
 std::string drawnPicture()
 {
@@ -185,6 +210,25 @@ TEST_F(EntityTest, ProxiesDrawTheirPictures)
     EXPECT_EQ(shapes[2].kind, ShapeKind::kText);
     EXPECT_TRUE(shapes[2].points().front().isEqualTo({1, 2, 3})) << "the matrix is no longer in force";
     EXPECT_EQ(shapes[2].text, L"seen");
+}
+
+TEST_F(EntityTest, ProxiesDrawTextsInTheirFonts)
+{
+    const struct
+    {
+        int kind;
+        std::size_t width;
+    } rows[] = {{11, 1}, {38, 2}};
+    for (const auto& [kind, width] : rows)
+    {
+        const std::string picture = styledText(kind, width);
+        const std::vector<DrawnShape> shapes = drawnBy(*withPicture("MULTILEADER", picture, "100 AcDbMLeader"));
+        ASSERT_EQ(shapes.size(), 1u) << kind;
+        EXPECT_EQ(shapes[0].text, L"\u2205 \u00B0") << kind;
+        EXPECT_TRUE(shapes[0].points().front().isEqualTo({1, 2, 3})) << kind;
+        for (std::size_t length = 8; length < picture.size(); ++length)
+            drawnBy(*withPicture("MULTILEADER", picture.substr(0, length), "100 AcDbMLeader"));
+    }
 }
 
 TEST_F(EntityTest, CutPicturesOfProxiesAreDrawnAsFarAsTheyGo)
