@@ -19,6 +19,7 @@ namespace
 {
 
 constexpr std::size_t kReusedMemory = std::size_t{64} * 1024;
+constexpr std::size_t kLongRequest = std::size_t{1024} * 1024; // in units
 constexpr int kDeepestNesting = 512;
 constexpr std::size_t kShownDigits = 40;
 
@@ -240,6 +241,16 @@ const Request& RequestReader::read(std::string_view line)
     parse();
     takeMembers();
     return m_request;
+}
+
+void RequestReader::releaseParameters()
+{
+    m_request.parameters = nullptr;
+    if (m_request.input != nullptr || m_units.capacity() < kLongRequest)
+        return;
+    m_document.reset();
+    m_allocator->Clear();
+    m_units = std::vector<wchar_t>();
 }
 
 void RequestReader::decode(std::string_view line)

@@ -53,6 +53,9 @@ public:
 
     const Request& request() const { return m_request; }
 
+    // Gives the memory of a long request back when its parameters are through. They are gone then; "input" stays.
+    void releaseParameters();
+
 private:
     void decode(std::string_view line);
     void parse();

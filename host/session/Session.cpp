@@ -57,6 +57,7 @@ void Session::run(const Request& request)
     OdDbDatabase& database = m_drawing.database();
     const OdResBufPtr parameters =
         request.parameters == nullptr ? OdResBufPtr() : readChain(*request.parameters, database);
+    m_reader.releaseParameters();
     runCommand(database, request.command, parameters, *m_user, m_response);
 }
 

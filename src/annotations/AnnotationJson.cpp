@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <exception>
 
 #include "DbBlockReference.h"
 #include "DbBlockTableRecord.h"
@@ -249,19 +250,27 @@ void ReadAnnotationFromJson(const JsonValue& object, AnnotationProperties& prope
         ReadKey(values[i], kKeys[i], properties);
 }
 
+// A text that is no JSON is refused for that, whatever is wrong with the records before the fault.
 std::vector<AnnotationProperties> ReadAnnotationsFromJson(const OdString& strJson)
 {
-    const CJsonText text(strJson);
-    const JsonValue& root = text.Root();
-    if (!root.IsObject() && !root.IsArray())
-        throw OdError(L"Invalid Data");
     std::vector<AnnotationProperties> annotations;
-    annotations.reserve(root.IsArray() ? root.Size() : 1);
-    if (root.IsObject())
-        annotations.push_back(ReadNumbered(root, 0));
-    else
-        for (const JsonValue& element : root.GetArray())
-            annotations.push_back(ReadNumbered(element, annotations.size()));
+    std::exception_ptr pRefusal;
+    const auto take = [&](const JsonValue& element)
+    {
+        try
+        {
+            if (!pRefusal)
+                annotations.push_back(ReadNumbered(element, annotations.size()));
+        }
+        catch (const OdError&)
+        {
+            pRefusal = std::current_exception();
+        }
+    };
+    if (!ReadJsonElements(strJson, take))
+        throw OdError(L"Invalid Data");
+    if (pRefusal)
+        std::rethrow_exception(pRefusal);
     return annotations;
 }
 

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <vector>
 
 #include <rapidjson/error/en.h>
 
@@ -95,13 +97,130 @@ static void RequirePairs(std::wstring_view text)
     }
 }
 
-// Iteratively, for a text may nest deeper than the stack reaches.
-CJsonText::CJsonText(const OdString& strText) : m_text(Trimmed(strText).view())
+static OdString JsonFromOutside(const OdString& strText)
 {
-    RequirePairs(m_text);
+    const OdString strTrimmed = Trimmed(strText);
+    RequirePairs(strTrimmed.view());
+    return strTrimmed;
+}
+
+static void RequireParsed(const rapidjson::ParseResult& outcome)
+{
+    if (outcome.IsError())
+        ThrowNoJson(outcome.Offset(), outcome.Code());
+}
+
+// Iteratively, for a text may nest deeper than the stack reaches.
+CJsonText::CJsonText(const OdString& strText) : m_text(JsonFromOutside(strText).view())
+{
     m_document.ParseInsitu<rapidjson::kParseIterativeFlag>(m_text.data());
-    if (m_document.HasParseError())
-        ThrowNoJson(m_document.GetErrorOffset(), m_document.GetParseError());
+    RequireParsed(m_document);
+}
+
+namespace
+{
+
+/// Takes the parser's events: what belongs to an element goes to a document, which is handed over at its end.
+class CElementHandler
+{
+public:
+    using Ch = OdChar;
+
+    explicit CElementHandler(const std::function<void(const JsonValue&)>& take) : m_take(take) {}
+
+    bool HasElements() const { return m_bElements; }
+
+    // clang-format off
+    bool Null() { return Scalar([](JsonDocument& to) { to.Null(); }); }
+    bool Bool(bool bValue) { return Scalar([=](JsonDocument& to) { to.Bool(bValue); }); }
+    bool Int(int iValue) { return Scalar([=](JsonDocument& to) { to.Int(iValue); }); }
+    bool Uint(unsigned uiValue) { return Scalar([=](JsonDocument& to) { to.Uint(uiValue); }); }
+    bool Int64(std::int64_t iValue) { return Scalar([=](JsonDocument& to) { to.Int64(iValue); }); }
+    bool Uint64(std::uint64_t uiValue) { return Scalar([=](JsonDocument& to) { to.Uint64(uiValue); }); }
+    bool Double(double fValue) { return Scalar([=](JsonDocument& to) { to.Double(fValue); }); }
+    bool RawNumber(const Ch*, rapidjson::SizeType, bool) { return false; } // numbers come as such
+    bool String(const Ch* pText, rapidjson::SizeType uiLength, bool bCopy)
+    {
+        return Scalar([=](JsonDocument& to) { to.String(pText, uiLength, bCopy); });
+    }
+    // clang-format on
+
+    bool StartObject()
+    {
+        m_bElements = m_bElements || m_uiDepth == 0;
+        ++m_uiDepth;
+        return m_element.StartObject();
+    }
+    bool Key(const Ch* pText, rapidjson::SizeType uiLength, bool bCopy)
+    {
+        return m_element.Key(pText, uiLength, bCopy);
+    }
+    bool EndObject(rapidjson::SizeType uiCount)
+    {
+        --m_uiDepth;
+        m_element.EndObject(uiCount);
+        return EndValue();
+    }
+    bool StartArray()
+    {
+        if (m_uiDepth++ > 0)
+            return m_element.StartArray();
+        m_uiElementDepth = 1;
+        m_bElements = true;
+        return true;
+    }
+    bool EndArray(rapidjson::SizeType uiCount)
+    {
+        if (--m_uiDepth < m_uiElementDepth)
+            return true;
+        m_element.EndArray(uiCount);
+        return EndValue();
+    }
+
+private:
+    template<class Event>
+    bool Scalar(Event event)
+    {
+        if (!m_bElements)
+            return true;
+        event(m_element);
+        return EndValue();
+    }
+
+    bool EndValue()
+    {
+        if (m_uiDepth > m_uiElementDepth)
+            return true;
+        auto alreadyThere = [](const JsonDocument&) { return true; };
+        m_element.Populate(alreadyThere);
+        m_take(m_element);
+        m_element.SetNull();
+        m_allocator.Clear();
+        return true;
+    }
+
+    static constexpr std::size_t kReusedMemory = std::size_t{16} * 1024;
+    static constexpr std::size_t kStackMemory = std::size_t{4} * 1024;
+
+    const std::function<void(const JsonValue&)>& m_take;
+    std::vector<char> m_memory = std::vector<char>(kReusedMemory);
+    JsonAllocator m_allocator{m_memory.data(), m_memory.size()};
+    JsonDocument m_element{&m_allocator, kStackMemory};
+    std::size_t m_uiDepth = 0;
+    std::size_t m_uiElementDepth = 0; ///< how many values an element lies in
+    bool m_bElements = false;
+};
+
+} // namespace
+
+bool ReadJsonElements(const OdString& strText, const std::function<void(const JsonValue&)>& take)
+{
+    const OdString strJson = JsonFromOutside(strText);
+    rapidjson::GenericStringStream<JsonEncoding> stream(strJson.c_str());
+    rapidjson::GenericReader<JsonEncoding, JsonEncoding> reader;
+    CElementHandler handler(take);
+    RequireParsed(reader.Parse<rapidjson::kParseIterativeFlag>(stream, handler));
+    return handler.HasElements();
 }
 
 // ---- Points

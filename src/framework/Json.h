@@ -1,6 +1,8 @@
 // The one way to JSON: documents of wide characters, and texts going in and out of them.
 #pragma once
 
+#include <functional>
+
 #include <rapidjson/document.h>
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
@@ -43,6 +45,11 @@ private:
     std::wstring m_text; ///< the document's strings lie in it
     JsonDocument m_document;
 };
+
+/** Parses a text as CJsonText does, and hands over the root when it is an object, or each element when it is an array, as
+    soon as it is read: long arrays need no more memory than their longest element. Returns false when the root is
+    neither, with nothing handed over. Throws as CJsonText; what was read before the fault has been handed over then. */
+bool ReadJsonElements(const OdString& strText, const std::function<void(const JsonValue&)>& take);
 
 /** A point, {"X": 1.0, "Y": 2.0, "Z": 0.0}. A member that is missing, null or no number leaves its coordinate as it is;
     so does a value that is no object. */
