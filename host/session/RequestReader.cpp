@@ -261,7 +261,7 @@ void RequestReader::decode(std::string_view line)
     const std::size_t decoded = decodeUtf8(line, m_units);
     if (decoded != line.size())
         throw RequestError("the line is not UTF-8 from byte " + std::to_string(decoded + 1) + " on");
-    const std::size_t half = findLoneSurrogateEscape(m_units);
+    const std::size_t half = hasEscapedUnits(line) ? findLoneSurrogateEscape(m_units) : std::wstring_view::npos;
     if (half != std::wstring_view::npos)
         throw RequestError("the line is not JSON: half a surrogate pair at character " + std::to_string(half + 1));
 }

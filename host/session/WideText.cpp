@@ -93,6 +93,50 @@ wchar_t* putUnits(std::uint32_t character, wchar_t* to)
     return to;
 }
 
+// Decodes the sequences that begin in [at, end) and leaves at behind them, or at the first that is malformed. Returns
+// where the units end.
+wchar_t* decodePiece(std::string_view bytes, std::size_t& at, std::size_t end, wchar_t* to)
+{
+    while (at < end)
+    {
+        const std::size_t plain = copyPlainBlocks(bytes.substr(at, end - at), to);
+        at += plain;
+        to += plain;
+        if (at == end)
+            break;
+        const auto byte = static_cast<unsigned char>(bytes[at]);
+        if (byte < 0x80)
+        {
+            *to++ = static_cast<wchar_t>(byte);
+            ++at;
+            continue;
+        }
+        std::uint32_t character = 0;
+        const std::size_t length = readSequence(bytes.substr(at), character);
+        if (length == 0)
+            break;
+        to = putUnits(character, to);
+        at += length;
+    }
+    return to;
+}
+
+bool hasSurrogates(std::wstring_view units)
+{
+    // In blocks without branches, which are compared at once.
+    constexpr std::size_t kBlock = 16;
+    std::size_t at = 0;
+    for (; at + kBlock <= units.size(); at += kBlock)
+    {
+        std::uint32_t found = 0;
+        for (std::size_t i = 0; i < kBlock; ++i)
+            found |= (static_cast<std::uint32_t>(units[at + i]) & 0xFFFFF800) == 0xD800 ? 1 : 0;
+        if (found != 0)
+            return true;
+    }
+    return std::any_of(units.begin() + static_cast<std::ptrdiff_t>(at), units.end(), isSurrogate);
+}
+
 bool readEscapedUnit(const wchar_t* at, const wchar_t* end, wchar_t& unit)
 {
     if (end - at < 6 || at[0] != L'\\' || at[1] != L'u')
@@ -116,33 +160,32 @@ bool readEscapedUnit(const wchar_t* at, const wchar_t* end, wchar_t& unit)
 
 std::size_t decodeUtf8(std::string_view bytes, std::vector<wchar_t>& units)
 {
-    units.resize(bytes.size() + 1); // a sequence of bytes never becomes more units than it has bytes
-    wchar_t* to = units.data();
+    // Piece by piece, for a vector fills all that it is resized to. A sequence never becomes more units than it has
+    // bytes.
+    constexpr std::size_t kPiece = 4096;
+    constexpr std::size_t kLongestSequence = 4;
+    wchar_t piece[kPiece];
+    units.clear();
+    units.reserve(bytes.size() + 1);
     std::size_t at = 0;
     while (at < bytes.size())
     {
-        const std::size_t plain = copyPlainBlocks(bytes.substr(at), to);
-        at += plain;
-        to += plain;
-        if (at == bytes.size())
+        const std::size_t end = std::min(at + kPiece - kLongestSequence, bytes.size());
+        const wchar_t* const filled = decodePiece(bytes, at, end, piece);
+        units.insert(units.end(), static_cast<const wchar_t*>(piece), filled);
+        if (at < end)
             break;
-        const auto byte = static_cast<unsigned char>(bytes[at]);
-        if (byte < 0x80)
-        {
-            *to++ = static_cast<wchar_t>(byte);
-            ++at;
-            continue;
-        }
-        std::uint32_t character = 0;
-        const std::size_t length = readSequence(bytes.substr(at), character);
-        if (length == 0)
-            break;
-        to = putUnits(character, to);
-        at += length;
     }
-    *to++ = L'\0';
-    units.resize(static_cast<std::size_t>(to - units.data()));
+    units.push_back(L'\0');
     return at;
+}
+
+bool hasEscapedUnits(std::string_view bytes)
+{
+    for (std::size_t at = bytes.find('u', 1); at < bytes.size(); at = bytes.find('u', at + 1))
+        if (bytes[at - 1] == '\\')
+            return true;
+    return false;
 }
 
 std::size_t findLoneSurrogateEscape(const std::vector<wchar_t>& units)
@@ -169,7 +212,7 @@ std::size_t findLoneSurrogateEscape(const std::vector<wchar_t>& units)
 OdString joinSurrogates(const wchar_t* units, std::size_t length)
 {
     const wchar_t* const end = units + length;
-    if (std::find_if(units, end, isSurrogate) == end)
+    if (!hasSurrogates({units, length}))
         return OdString(std::wstring_view(units, length));
     std::wstring text;
     text.reserve(length);

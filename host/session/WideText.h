@@ -16,6 +16,9 @@ namespace session
 // than the size of bytes where they are not UTF-8 any more.
 std::size_t decodeUtf8(std::string_view bytes, std::vector<wchar_t>& units);
 
+// True when there may be escapes \u in these bytes.
+bool hasEscapedUnits(std::string_view bytes);
+
 // The position of the first escape that stands for half a character, std::wstring_view::npos without one. The JSON
 // parser takes such a half for a fault of its caller.
 std::size_t findLoneSurrogateEscape(const std::vector<wchar_t>& units);

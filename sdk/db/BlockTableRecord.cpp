@@ -85,7 +85,9 @@ bool isSpaceName(const OdString& name)
 
 OdDbBlockTableRecord::OdDbBlockTableRecord() : m_contents(std::make_unique<oddb::BlockContents>())
 {
-    ObjectCore::putGroups(*this, oddb::initialGroups(oddb::recordtables::kBlock, {2, 340, 70, 280, 281}));
+    // Copied rather than shared, for records of different drawings may be used by different threads.
+    static const oddb::Groups initial = oddb::initialGroups(oddb::recordtables::kBlock, {2, 340, 70, 280, 281});
+    ObjectCore::putGroups(*this, oddb::Groups::fromItems(initial.data()->bytes(), initial.byteSize()));
 }
 
 OdDbBlockTableRecord::~OdDbBlockTableRecord() = default;
@@ -221,10 +223,11 @@ OdDbBlockEndPtr OdDbBlockTableRecord::openBlockEnd(OdDb::OpenMode openMode) cons
     return id.isNull() ? OdDbBlockEndPtr() : OdDbBlockEndPtr(id.safeOpenObject(openMode));
 }
 
-static void appendEntityPart(GroupsBuilder& groups, const OdDbDatabase& database)
+static void appendEntityPart(GroupsBuilder& groups, OdDbStub* layer)
 {
-    groups.text(100, "AcDbEntity");
-    if (OdDbStub* layer = oddb::findSymbol(database, oddb::SymbolTable::Layer, "0"))
+    static const oddb::Atom marker{std::string_view("AcDbEntity")};
+    groups.atom(100, marker);
+    if (layer)
         groups.name(8, layer);
     else
         groups.text(8, "0");
@@ -232,15 +235,18 @@ static void appendEntityPart(GroupsBuilder& groups, const OdDbDatabase& database
 
 void BlockCore::makeFrame(OdDbBlockTableRecord& block)
 {
+    static const oddb::Atom beginMarker{std::string_view(kBeginMarker)};
+    static const oddb::Atom endMarker{std::string_view(kEndMarker)};
     BlockContents& contents = *block.m_contents;
     OdDbDatabase& database = *block.database();
+    OdDbStub* const layer = oddb::findSymbol(database, oddb::SymbolTable::Layer, "0");
     GroupsBuilder groups;
     if (!contents.begin)
     {
         const OdDbBlockBeginPtr begin = OdDbBlockBegin::createObject();
-        appendEntityPart(groups, database);
-        const std::string name = odStringToUtf8(block.getName());
-        groups.text(100, kBeginMarker).name(2, ObjectCore::stub(block));
+        appendEntityPart(groups, layer);
+        const std::string_view name = oddb::symbolName(ObjectCore::stub(block));
+        groups.atom(100, beginMarker).name(2, ObjectCore::stub(block));
         groups.integer(BeginCodes::kFlags, name.starts_with('*') && !isSpaceName(block.getName()) ? kAnonymous : 0);
         groups.point(BeginCodes::kOrigin, 0.0, 0.0, 0.0).text(BeginCodes::kName, name).text(BeginCodes::kPath, "");
         ObjectCore::putGroups(*begin, groups.finish());
@@ -249,8 +255,8 @@ void BlockCore::makeFrame(OdDbBlockTableRecord& block)
     if (!contents.end)
     {
         const OdDbBlockEndPtr end = OdDbBlockEnd::createObject();
-        appendEntityPart(groups, database);
-        groups.text(100, kEndMarker);
+        appendEntityPart(groups, layer);
+        groups.atom(100, endMarker);
         ObjectCore::putGroups(*end, groups.finish());
         contents.end = database.addOdDbObject(end, block.objectId());
     }

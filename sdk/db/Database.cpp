@@ -40,6 +40,7 @@ OdDbObjectId OdDbDatabase::addOdDbObject(OdDbObject* object, OdDbObjectId ownerI
         return OdDbObjectId();
     OdDbStub* stub = m_impl->newStub(handle);
     m_impl->journal.recordCreated(*stub);
+    m_impl->knownEdits.shareRow(*object);
     ObjectCore::attach(*object, *stub, ownerId);
     ObjectCore::beginNew(*object);
     ObjectCore::callSubMadeResident(*object);

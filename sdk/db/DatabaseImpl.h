@@ -12,6 +12,7 @@
 #include "DbDatabaseReactor.h"
 #include "DbObjectReactor.h"
 #include "Journal.h"
+#include "KnownEdits.h"
 #include "StubTable.h"
 #include "SymbolNames.h"
 #include "XData.h"
@@ -44,6 +45,7 @@ public:
     Journal journal;
     OdUInt64 handseed = 1;
     GroupsPool xdataPool; ///< values of XData that were set lately
+    KnownEdits knownEdits;
 
     std::array<OdDbStub*, kSymbolTableCount> tables{};           ///< by SymbolTable
     std::array<const SymbolIndex*, kSymbolTableCount> symbols{}; ///< by SymbolTable

@@ -203,15 +203,18 @@ Groups withName(const Groups& groups, const DxfClass& cls, const DxfSubclass& su
     return withGroups(groups, cls, subclass, code, group.name(code, record));
 }
 
+GroupsBuilder& appendPoint(GroupsBuilder& groups, const DxfSubclass& subclass, int code, Coordinates value)
+{
+    const DxfRow* row = subclass.row(code);
+    if (row && row->kind == DxfKind::Point2d)
+        return groups.point(code, value.x, value.y);
+    return groups.point(code, value.x, value.y, value.z);
+}
+
 Groups withPoint(const Groups& groups, const DxfClass& cls, const DxfSubclass& subclass, int code, Coordinates value)
 {
     GroupsBuilder group;
-    const DxfRow* row = subclass.row(code);
-    if (row && row->kind == DxfKind::Point2d)
-        group.point(code, value.x, value.y);
-    else
-        group.point(code, value.x, value.y, value.z);
-    return withGroups(groups, cls, subclass, code, group);
+    return withGroups(groups, cls, subclass, code, appendPoint(group, subclass, code, value));
 }
 
 Groups without(const Groups& groups, const DxfClass& cls, const DxfSubclass& subclass, int code)

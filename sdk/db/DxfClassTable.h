@@ -111,6 +111,8 @@ Groups withText(const Groups& groups, const DxfClass& cls, const DxfSubclass& su
 Groups withId(const Groups& groups, const DxfClass& cls, const DxfSubclass& subclass, int code, OdDbStub* value);
 Groups withName(const Groups& groups, const DxfClass& cls, const DxfSubclass& subclass, int code, OdDbStub* record);
 Groups withPoint(const Groups& groups, const DxfClass& cls, const DxfSubclass& subclass, int code, Coordinates value);
+/// The groups of a point's row.
+GroupsBuilder& appendPoint(GroupsBuilder& groups, const DxfSubclass& subclass, int code, Coordinates value);
 /// As these for any ready-made groups: those of the builder take the place of the groups of the row.
 Groups withGroups(const Groups& groups, const DxfClass& cls, const DxfSubclass& subclass, int code,
                   const GroupsBuilder& replacement);

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "OdError.h"
+#include "db/KnownEdits.h"
 #include "db/Stub.h"
 #include "db/SymbolNames.h"
 #include "entities/EntityClasses.h"
@@ -15,6 +16,7 @@ namespace entityfields
 using oddb::DxfClass;
 using oddb::DxfRow;
 using oddb::DxfSubclass;
+using oddb::GroupsBuilder;
 using oddb::ObjectCore;
 
 Reader::Reader(const OdDbObject& object, const DxfSubclass& table, oddb::Atom atom)
@@ -106,7 +108,8 @@ Groups groupsOf(const OdDbObject& object)
 
 void setReal(OdDbObject& object, const DxfSubclass& table, int code, double value)
 {
-    ObjectCore::changeGroups(object, withReal(groupsOf(object), classOf(object), table, code, value));
+    GroupsBuilder group;
+    setGroups(object, table, code, group.real(code, value));
 }
 
 void setAngle(OdDbObject& object, const DxfSubclass& table, int code, double radians)
@@ -116,7 +119,8 @@ void setAngle(OdDbObject& object, const DxfSubclass& table, int code, double rad
 
 void setInteger(OdDbObject& object, const DxfSubclass& table, int code, std::int64_t value)
 {
-    ObjectCore::changeGroups(object, withInteger(groupsOf(object), classOf(object), table, code, value));
+    GroupsBuilder group;
+    setGroups(object, table, code, group.integer(code, value));
 }
 
 void setFlag(OdDbObject& object, const DxfSubclass& table, int code, int bit, bool value)
@@ -127,8 +131,8 @@ void setFlag(OdDbObject& object, const DxfSubclass& table, int code, int bit, bo
 
 void setPoint(OdDbObject& object, const DxfSubclass& table, int code, const OdGePoint3d& point)
 {
-    ObjectCore::changeGroups(object,
-                             withPoint(groupsOf(object), classOf(object), table, code, {point.x, point.y, point.z}));
+    GroupsBuilder groups;
+    setGroups(object, table, code, oddb::appendPoint(groups, table, code, {point.x, point.y, point.z}));
 }
 
 void setVector(OdDbObject& object, const DxfSubclass& table, int code, const OdGeVector3d& vector)
@@ -138,27 +142,32 @@ void setVector(OdDbObject& object, const DxfSubclass& table, int code, const OdG
 
 void setText(OdDbObject& object, const DxfSubclass& table, int code, const OdString& text)
 {
-    ObjectCore::changeGroups(object, withText(groupsOf(object), classOf(object), table, code, odStringToUtf8(text)));
+    GroupsBuilder group;
+    setGroups(object, table, code, group.text(code, odStringToUtf8(text)));
 }
 
 void setId(OdDbObject& object, const DxfSubclass& table, int code, OdDbStub* stub)
 {
-    ObjectCore::changeGroups(object, withId(groupsOf(object), classOf(object), table, code, stub));
+    GroupsBuilder group;
+    setGroups(object, table, code, group.id(code, stub));
 }
 
 void setName(OdDbObject& object, const DxfSubclass& table, int code, OdDbStub* record)
 {
-    ObjectCore::changeGroups(object, withName(groupsOf(object), classOf(object), table, code, record));
+    GroupsBuilder group;
+    setGroups(object, table, code, group.name(code, record));
 }
 
 void remove(OdDbObject& object, const DxfSubclass& table, int code)
 {
-    ObjectCore::changeGroups(object, without(groupsOf(object), classOf(object), table, code));
+    setGroups(object, table, code, GroupsBuilder());
 }
 
-void setGroups(OdDbObject& object, const DxfSubclass& table, int code, const oddb::GroupsBuilder& groups)
+void setGroups(OdDbObject& object, const DxfSubclass& table, int code, const GroupsBuilder& groups)
 {
-    ObjectCore::changeGroups(object, withGroups(groupsOf(object), classOf(object), table, code, groups));
+    const Groups before = groupsOf(object);
+    const auto edit = [&] { return withGroups(before, classOf(object), table, code, groups); };
+    ObjectCore::changeGroups(object, resultOfEdit(object, before, {object.isA(), &table, code, groups}, edit));
 }
 
 OdGeVector3d requireDirection(const OdGeVector3d& vector)

@@ -3,6 +3,7 @@
 
 #include "DbHatch.h"
 #include "OdError.h"
+#include "db/KnownEdits.h"
 #include "entities/Fields.h"
 #include "entities/HatchLoops.h"
 #include "entities/HatchTransform.h"
@@ -26,14 +27,12 @@ const Loop& loopAt(const std::vector<Loop>& loops, int index)
     return loops[static_cast<std::size_t>(index)];
 }
 
-/// Puts groups in the place of items of the hatch and corrects the number of loops.
-void replaceItems(OdDbHatch& hatch, const std::uint8_t* begin, const std::uint8_t* end,
-                  const oddb::GroupsBuilder& replacement, std::size_t loopCount)
+/// The groups of the hatch with others in the place of some items, and with this number of loops.
+Groups withItems(const OdDbHatch& hatch, const Reader& fields, const std::uint8_t* begin, const std::uint8_t* end,
+                 const oddb::GroupsBuilder& replacement, std::size_t loopCount)
 {
-    const Reader fields = read<kHatch>(hatch);
     const Groups edited = fields.groups().spliced(begin, end, replacement);
-    oddb::ObjectCore::changeGroups(
-        hatch, oddb::withInteger(edited, classOf(hatch), kHatch, 91, static_cast<std::int64_t>(loopCount)));
+    return oddb::withInteger(edited, classOf(hatch), kHatch, 91, static_cast<std::int64_t>(loopCount));
 }
 
 /// Where a further loop goes: behind the last one, or behind the number of loops.
@@ -92,12 +91,18 @@ void OdDbHatch::appendLoop(OdInt32 loopType, const OdGePoint2dArray& vertices, c
     if (vertices.isEmpty() || (!bulges.isEmpty() && bulges.size() != vertices.size()))
         throw OdError(eInvalidInput);
     const Reader fields = read<kHatch>(*this);
-    const std::vector<Loop> loops = loopsOf(fields);
-    const std::uint8_t* place = endOfLoops(fields, loops);
     oddb::GroupsBuilder groups;
     groups.integer(92, loopType | kPolyline);
     appendPolyline(groups, vertices, bulges);
-    replaceItems(*this, place, place, groups, loops.size() + 1);
+    const auto append = [&]
+    {
+        const std::vector<Loop> loops = loopsOf(fields);
+        const std::uint8_t* place = endOfLoops(fields, loops);
+        return withItems(*this, fields, place, place, groups, loops.size() + 1);
+    };
+    static constexpr char kAppend = 0;
+    const oddb::RowEdit edit(&kAppend, isA(), 0, groups);
+    oddb::ObjectCore::changeGroups(*this, oddb::resultOfEdit(*this, fields.groups(), edit, append));
 }
 
 void OdDbHatch::removeLoopAt(int index)
@@ -105,7 +110,8 @@ void OdDbHatch::removeLoopAt(int index)
     const Reader fields = read<kHatch>(*this);
     const std::vector<Loop> loops = loopsOf(fields);
     const Loop& loop = loopAt(loops, index);
-    replaceItems(*this, loop.begin, loop.end, oddb::GroupsBuilder(), loops.size() - 1);
+    oddb::ObjectCore::changeGroups(
+        *this, withItems(*this, fields, loop.begin, loop.end, oddb::GroupsBuilder(), loops.size() - 1));
 }
 
 OdString OdDbHatch::patternName() const

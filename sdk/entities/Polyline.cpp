@@ -5,6 +5,7 @@
 #include "DbPolyline.h"
 #include "Gi/GiWorldDraw.h"
 #include "OdError.h"
+#include "db/KnownEdits.h"
 #include "entities/Drawing.h"
 #include "entities/Fields.h"
 
@@ -144,12 +145,16 @@ Groups withVertices(const Groups& groups, oddb::Atom atom, const std::vector<Ver
     return copy.finish();
 }
 
+/// As withVertices, with their number.
+Groups withVerticesCounted(const OdDbPolyline& polyline, const Reader& fields, const std::vector<Vertex>& vertices)
+{
+    const Groups edited = withVertices(fields.groups(), fields.atom(), vertices);
+    return oddb::withInteger(edited, classOf(polyline), kPolyline, 90, static_cast<std::int64_t>(vertices.size()));
+}
+
 void putVertices(OdDbPolyline& polyline, const std::vector<Vertex>& vertices)
 {
-    const Reader fields = read<kPolyline>(polyline);
-    const Groups edited = withVertices(fields.groups(), fields.atom(), vertices);
-    const auto count = static_cast<std::int64_t>(vertices.size());
-    oddb::ObjectCore::changeGroups(polyline, oddb::withInteger(edited, classOf(polyline), kPolyline, 90, count));
+    oddb::ObjectCore::changeGroups(polyline, withVerticesCounted(polyline, read<kPolyline>(polyline), vertices));
 }
 
 /// Reads the vertices, lets edit change the one at index, and puts them back.
@@ -182,8 +187,9 @@ LastVertex lastVertexOf(const Reader& fields)
     return last;
 }
 
-/// As putVertices, for one more behind all that are there.
-void appendVertex(OdDbPolyline& polyline, const Reader& fields, const LastVertex& last, const Vertex& vertex)
+/// As withVertices, for one more behind all that are there.
+Groups withVertexBehind(const OdDbPolyline& polyline, const Reader& fields, const LastVertex& last,
+                        const oddb::GroupsBuilder& vertex)
 {
     const Groups& groups = fields.groups();
     const std::int64_t count = last.count + 1;
@@ -193,11 +199,9 @@ void appendVertex(OdDbPolyline& polyline, const Reader& fields, const LastVertex
     edited.appendItems(groups.begin()->item(), isCountedBefore ? number->item() : last.end);
     if (isCountedBefore)
         edited.integer(90, count).appendItems(number->next(), last.end);
-    appendVertex(edited, vertex);
-    edited.appendItems(last.end, groups.end()->item());
+    edited.appendItems(vertex.begin(), vertex.end()).appendItems(last.end, groups.end()->item());
     const Groups built = edited.build();
-    oddb::ObjectCore::changeGroups(
-        polyline, isCountedBefore ? built : oddb::withInteger(built, classOf(polyline), kPolyline, 90, count));
+    return isCountedBefore ? built : oddb::withInteger(built, classOf(polyline), kPolyline, 90, count);
 }
 
 void putWidths(Vertex& vertex, double start, double end)
@@ -282,14 +286,22 @@ void OdDbPolyline::addVertexAt(unsigned int index, const OdGePoint2d& point, dou
     vertex.y = point.y;
     vertex.bulge = bulge;
     putWidths(vertex, startWidth, endWidth);
+    oddb::GroupsBuilder groups;
+    appendVertex(groups, vertex);
     const Reader fields = read<kPolyline>(*this);
-    if (const LastVertex last = lastVertexOf(fields); last.count > 0 && last.count == index)
-        return appendVertex(*this, fields, last, vertex);
-    std::vector<Vertex> vertices = verticesOf(fields);
-    if (index > vertices.size())
-        throw OdError(eInvalidIndex);
-    vertices.insert(vertices.begin() + index, vertex);
-    putVertices(*this, vertices);
+    const auto insert = [&]
+    {
+        if (const LastVertex last = lastVertexOf(fields); last.count > 0 && last.count == index)
+            return withVertexBehind(*this, fields, last, groups);
+        std::vector<Vertex> vertices = verticesOf(fields);
+        if (index > vertices.size())
+            throw OdError(eInvalidIndex);
+        vertices.insert(vertices.begin() + index, vertex);
+        return withVerticesCounted(*this, fields, vertices);
+    };
+    static constexpr char kInsert = 0;
+    const oddb::RowEdit edit(&kInsert, isA(), static_cast<int>(index), groups);
+    oddb::ObjectCore::changeGroups(*this, oddb::resultOfEdit(*this, fields.groups(), edit, insert));
 }
 
 void OdDbPolyline::reset(bool reuse, unsigned int numVerts)

@@ -92,16 +92,34 @@ void RequireImage(const AnnotationProperties& properties, Content& content, OdDb
     Erase(content.pText);
 }
 
-/// Makes the entity when it is missing.
+/// Empties an entity that is drawn anew.
+void Empty(OdDbHatch& hatch)
+{
+    while (hatch.numLoops() > 0)
+        hatch.removeLoopAt(hatch.numLoops() - 1);
+    if (hatch.associative())
+        hatch.setAssociative(false);
+}
+
+void Empty(OdDbPolyline& border)
+{
+    border.reset();
+}
+
+void Empty(const OdDbMText&) {}
+
+/// Makes the entity when it is missing, and empties it otherwise.
 template<class Entity>
-Entity& Require(OdSmartPtr<Entity>& pEntity, OdDbBlockTableRecord& definition)
+Entity& Require(OdSmartPtr<Entity>& pEntity, OdDbBlockTableRecord& definition, const OdDbObjectId& idLayer)
 {
     if (!pEntity)
     {
         pEntity = Entity::createObject();
         definition.appendOdDbEntity(pEntity);
     }
-    pEntity->setLayer(definition.database()->getLayerZeroId());
+    else
+        Empty(*pEntity);
+    pEntity->setLayer(idLayer);
     return *pEntity;
 }
 
@@ -111,12 +129,8 @@ Entity& Require(OdSmartPtr<Entity>& pEntity, OdDbBlockTableRecord& definition)
 // Vertices come last, for what is set behind them has to pass them.
 void FillBackground(const AnnotationProperties& properties, const Outline& outline, OdDbHatch& hatch)
 {
-    while (hatch.numLoops() > 0)
-        hatch.removeLoopAt(hatch.numLoops() - 1);
     hatch.setPattern(OdDbHatch::kPreDefined, L"SOLID");
     hatch.setHatchStyle(OdDbHatch::kOuter);
-    if (hatch.associative())
-        hatch.setAssociative(false);
     hatch.setColor(properties.backgroundColor, true);
     hatch.setTransparency(properties.backgroundTransparency, true);
     hatch.appendLoop(kLoopType, outline.points, outline.bulges);
@@ -124,7 +138,6 @@ void FillBackground(const AnnotationProperties& properties, const Outline& outli
 
 void FillBorder(const AnnotationProperties& properties, const Outline& outline, OdDbPolyline& border)
 {
-    border.reset();
     border.setClosed(true);
     border.setColor(properties.borderColor, true);
     border.setTransparency(properties.borderTransparency, true);
@@ -164,10 +177,11 @@ void BuildAnnotationContent(AnnotationProperties& properties, OdDbBlockReference
     PlaceReference(properties, reference, drawing);
     const OdDbBlockTableRecordPtr pDefinition = reference.blockTableRecord().safeOpenObject(OdDb::kForWrite);
     Content content = FindContent(*pDefinition);
-    OdDbHatch& background = Require(content.pBackground, *pDefinition);
+    const OdDbObjectId idLayer = drawing.LayerZero();
+    OdDbHatch& background = Require(content.pBackground, *pDefinition, idLayer);
     RequireImage(properties, content, *pDefinition, drawing);
-    OdDbPolyline& border = Require(content.pBorder, *pDefinition);
-    OdDbMText& text = Require(content.pText, *pDefinition);
+    OdDbPolyline& border = Require(content.pBorder, *pDefinition, idLayer);
+    OdDbMText& text = Require(content.pText, *pDefinition, idLayer);
 
     FillText(properties, text, drawing.TextStyle(), drawing.TextMeasure());
     const Outline outline = MakeOutline(properties);

@@ -14,7 +14,7 @@ namespace Annotation
 class CAnnotationDrawing
 {
 public:
-    explicit CAnnotationDrawing(OdDbDatabase& db) : m_db(db), m_pictures(db) {}
+    explicit CAnnotationDrawing(OdDbDatabase& db) : m_db(db), m_pictures(db), m_idLayerZero(db.getLayerZeroId()) {}
     CAnnotationDrawing(const CAnnotationDrawing&) = delete;
     CAnnotationDrawing& operator=(const CAnnotationDrawing&) = delete;
 
@@ -26,6 +26,9 @@ public:
     OdDbObjectId Layer();
     OdDbObjectId TextStyle();
 
+    /** The layer of what is in block definitions. */
+    const OdDbObjectId& LayerZero() const { return m_idLayerZero; }
+
     /** A new block definition with the first free of the names "Name", "Name_2", "Name_3" and so on, where all names
         before a free one are taken. Returns its id. */
     OdDbObjectId AddDefinition(const OdChar* pszName);
@@ -34,6 +37,7 @@ private:
     OdDbDatabase& m_db;
     CTextMeasure m_measure;
     CPictures m_pictures;
+    OdDbObjectId m_idLayerZero;
     OdDbObjectId m_idLayer;
     OdDbObjectId m_idTextStyle;
     std::map<std::wstring, int> m_lastNumbers; // of the names given so far

@@ -97,7 +97,7 @@ void FillImage(const AnnotationProperties& properties, const Outline& outline, O
         drawing.Pictures().Release(idBefore);
     }
     for (OdDbEntity* pEntity : {static_cast<OdDbEntity*>(&reference), static_cast<OdDbEntity*>(pImage.get())})
-        pEntity->setLayer(drawing.Database().getLayerZeroId());
+        pEntity->setLayer(drawing.LayerZero());
     PlaceImage(*pImage, picture, SizeOf(properties, picture));
     ClipToOutline(reference, properties, outline);
 }

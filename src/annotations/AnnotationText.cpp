@@ -122,6 +122,19 @@ double PlaceUpward(const AnnotationProperties& properties, const OdDbMText& text
     }
 }
 
+void SetPlace(const AnnotationProperties& properties, OdDbMText& text, const TextReach& reach)
+{
+    text.setLocation(OdGePoint3d(PlaceAcross(properties, text), PlaceUpward(properties, text, reach), 0.0));
+}
+
+// ---- Contents
+// --------------------------------------------------------------------------------------------------------
+
+void SetContents(const AnnotationProperties& properties, OdDbMText& text)
+{
+    text.setContents(NeedsPlaceholder(properties) ? OdString(kPlaceholder) : InFont(properties, properties.text));
+}
+
 OdGeExtents3d Probe(const AnnotationProperties& properties, OdDbMText& text, const OdChar* pszLetters)
 {
     text.setContents(InFont(properties, pszLetters));
@@ -152,18 +165,22 @@ TextReach CTextMeasure::Measure(const AnnotationProperties& properties, OdDbMTex
     return m_known[key] = {capital.maxPoint().y, line.maxPoint().y, line.minPoint().y};
 }
 
+// What differs from one text to the next comes last, for texts share what they were before.
 void FillText(AnnotationProperties& properties, OdDbMText& text, OdDbObjectId idTextStyle, CTextMeasure& measure)
 {
     SetLooks(properties, text, idTextStyle);
     SetBox(properties, text);
     const TextReach reach = measure.Measure(properties, text);
-    text.setContents(NeedsPlaceholder(properties) ? OdString(kPlaceholder) : InFont(properties, properties.text));
-    if (properties.fitToText)
+    if (!properties.fitToText)
     {
-        text.setLocation(OdGePoint3d::kOrigin);
-        FitBox(properties, text, reach);
+        SetPlace(properties, text, reach);
+        SetContents(properties, text);
+        return;
     }
-    text.setLocation(OdGePoint3d(PlaceAcross(properties, text), PlaceUpward(properties, text, reach), 0.0));
+    SetContents(properties, text);
+    text.setLocation(OdGePoint3d::kOrigin);
+    FitBox(properties, text, reach);
+    SetPlace(properties, text, reach);
 }
 
 } // namespace Annotation

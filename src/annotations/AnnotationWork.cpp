@@ -22,7 +22,7 @@ constexpr const OdChar* kEditorKey = L"EDITOROBJECT";
 // ---- What is answered
 // ------------------------------------------------------------------------------------------------
 
-/// The array of results as it is written.
+/// The array of results as it is written: piece by piece into the text that is answered.
 class CResults
 {
 public:
@@ -31,14 +31,26 @@ public:
     void Add(const AnnotationProperties& record, const OdDbObjectId& idReference)
     {
         Annotation::WriteAnnotationResult(record, idReference, m_writer);
+        if (m_buffer.GetSize() > kPiece)
+            TakePiece();
     }
     OdResBufPtr Chain()
     {
         m_writer.EndArray();
-        return CadCommands::SetParameterOdString(L"JSON", TextOfBuffer(m_buffer));
+        TakePiece();
+        return CadCommands::SetParameterOdString(L"JSON", m_strJson);
     }
 
 private:
+    static constexpr std::size_t kPiece = std::size_t{256} * 1024; // in bytes
+
+    void TakePiece()
+    {
+        m_strJson.append({m_buffer.GetString(), m_buffer.GetSize() / sizeof(OdChar)});
+        m_buffer.Clear();
+    }
+
+    OdString m_strJson;
     JsonBuffer m_buffer;
     JsonWriter m_writer;
 };

@@ -46,8 +46,8 @@ private:
     JsonDocument m_document;
 };
 
-/** Parses a text as CJsonText does, and hands over the root when it is an object, or each element when it is an array, as
-    soon as it is read: long arrays need no more memory than their longest element. Returns false when the root is
+/** Parses a text as CJsonText does, and hands over the root when it is an object, or each element when it is an array,
+    as soon as it is read: long arrays need no more memory than their longest element. Returns false when the root is
     neither, with nothing handed over. Throws as CJsonText; what was read before the fault has been handed over then. */
 bool ReadJsonElements(const OdString& strText, const std::function<void(const JsonValue&)>& take);
 

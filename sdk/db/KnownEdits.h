@@ -1,0 +1,96 @@
+// What edits have made of rows that several objects of a drawing share. Objects that are made alike go through the same
+// edits one after the other: they share what comes out, and each edit but the first few costs a look-up.
+//
+//   row of new texts --layer "0"--> row --height 2.5--> row --width 38--> row --contents--> a row of one object
+//                         known            known           known
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "Groups.h"
+
+class OdDbObject;
+
+namespace oddb
+{
+
+/// One edit: what is done, told apart by two addresses and a number, and with which groups.
+struct RowEdit
+{
+    RowEdit(const void* editSubject, const void* editPart, int editCode, const GroupsBuilder& editGroups)
+        : subject(editSubject), part(editPart), code(editCode),
+          groups(reinterpret_cast<const char*>(editGroups.begin()), editGroups.size())
+    {
+    }
+
+    const void* subject;
+    const void* part;
+    int code;
+    std::string_view groups;
+};
+
+class KnownEdits
+{
+public:
+    /// The edits of the drawing that the object is resident in, null when it is in none.
+    static KnownEdits* of(const OdDbObject& object);
+
+    /// Gives a new object the row of the one of its class that was made before it, when both are the same.
+    void shareRow(OdDbObject& object);
+
+    /// What the edit makes of a row: as it is known, or by make(), which depends on nothing but row and edit.
+    template<class Make>
+    Groups result(const Groups& row, const RowEdit& edit, Make make)
+    {
+        if (!isShared(row) || edit.groups.size() > kLongest)
+            return make();
+        const std::size_t hash = hashOf(row, edit);
+        Place& place = placeOf(hash);
+        if (place.answers(row, edit))
+            return place.after;
+        Groups after = make();
+        place.remember(hash, row, edit, after);
+        return after;
+    }
+
+private:
+    static constexpr std::size_t kPlaces = 1024;
+    static constexpr std::size_t kLongest = 1024; ///< in bytes: longer groups are not compared
+
+    /// Keeps an edit that is asked for twice in a row, so that those that come once push none out.
+    struct Place
+    {
+        bool answers(const Groups& row, const RowEdit& edit) const;
+        void remember(std::size_t hash, const Groups& row, const RowEdit& edit, const Groups& result);
+
+        std::size_t asked = 0; ///< the hash of the last edit that was not known
+        const void* subject = nullptr;
+        const void* part = nullptr;
+        int code = 0;
+        std::string groups;
+        Groups before; ///< held, so that no other row gets its address
+        Groups after;
+    };
+
+    /// True when others have the row than one object and who is editing it.
+    static bool isShared(const Groups& row) { return row.data() && row.data()->references > 2; }
+    static std::size_t hashOf(const Groups& row, const RowEdit& edit);
+    Place& placeOf(std::size_t hash);
+
+    std::vector<Place> m_places;                       ///< by hash; none before the first edit
+    std::unordered_map<const void*, Groups> m_newRows; ///< by class
+};
+
+/// What an edit makes of the row of an object.
+template<class Make>
+Groups resultOfEdit(const OdDbObject& object, const Groups& row, const RowEdit& edit, Make make)
+{
+    KnownEdits* known = KnownEdits::of(object);
+    return known ? known->result(row, edit, make) : make();
+}
+
+} // namespace oddb
