@@ -2,7 +2,8 @@
 #pragma once
 
 #include <cstddef>
-#include <string>
+#include <cstdlib>
+#include <memory>
 #include <string_view>
 
 namespace session
@@ -14,7 +15,7 @@ public:
     // A line may have this many bytes. What is beyond is read and dropped.
     static constexpr std::size_t kLongestLine = std::size_t{256} << 20;
 
-    explicit LineReader(int descriptor) : m_descriptor(descriptor) {}
+    explicit LineReader(int descriptor);
 
     // Reads up to the next line feed or the end. line is without its line feed and valid until the next call. Returns
     // false at the end, when nothing is left. A read that fails counts as the end.
@@ -24,11 +25,18 @@ public:
     bool wasTooLong() const { return m_wasTooLong; }
 
 private:
+    struct Free
+    {
+        void operator()(char* memory) const { std::free(memory); }
+    };
+
     bool fill();
+    void grow(std::size_t size);
 
     int m_descriptor;
-    std::string m_buffer;
-    std::size_t m_begin = 0; // what has not been read yet
+    std::unique_ptr<char, Free> m_buffer; // grows where it lies, if it can
+    std::size_t m_size = 0;               // of the buffer
+    std::size_t m_begin = 0;              // what has not been read yet
     std::size_t m_end = 0;
     bool m_wasTooLong = false;
 };

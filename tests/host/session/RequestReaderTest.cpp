@@ -188,6 +188,42 @@ TEST(RequestReader, ReadsALineOfTenMegabytes)
     EXPECT_EQ(reader.read(R"({"command":"Y"})").command, L"Y");
 }
 
+TEST(RequestReader, GivesParametersBackButNotWhatIsStillAskedFor)
+{
+    RequestReader reader;
+    const std::string text = repeat("x", 2'000'000);
+    const Request& request = reader.read("{\"id\":7,\"command\":\"X\",\"parameters\":{\"A\":\"" + text +
+                                         "\"},\"input\":[\"" + text + "\"]}");
+    reader.releaseParameters();
+    EXPECT_EQ(request.parameters, nullptr);
+    ASSERT_NE(request.input, nullptr);
+    EXPECT_EQ((*request.input)[0].GetStringLength(), text.size());
+    reader.read("{\"id\":7,\"command\":\"X\",\"parameters\":{\"A\":\"" + text + "\"}}");
+    reader.releaseParameters();
+    EXPECT_EQ(request.id, "7");
+    EXPECT_EQ(request.command, L"X");
+    EXPECT_EQ(reader.read(R"({"command":"Y","parameters":{"A":1}})").parameters->MemberCount(), 1u);
+}
+
+// Long texts are decoded in pieces, which may end anywhere in a character.
+TEST(WideText, DecodesCharactersOfAllLengthsAtAllPlaces)
+{
+    const std::wstring character = L"a\u00E9\u20AC\U0001F600";
+    for (std::size_t shift = 0; shift < 10; ++shift)
+    {
+        OdString expected(std::wstring(shift, L'x'));
+        for (int i = 0; i < 3000; ++i)
+            expected.append(character);
+        std::string bytes = odStringToUtf8(expected.view());
+        std::vector<wchar_t> units;
+        EXPECT_EQ(session::decodeUtf8(bytes, units), bytes.size());
+        EXPECT_EQ(units.back(), L'\0');
+        EXPECT_EQ(session::joinSurrogates(units.data(), units.size() - 1), expected);
+        bytes.pop_back();
+        EXPECT_EQ(session::decodeUtf8(bytes, units), bytes.size() - 3);
+    }
+}
+
 TEST(WideText, JoinsHalvesAndLeavesLoneOnesAlone)
 {
     const wchar_t units[] = {L'a', 0xD83D, 0xDE00, 0xDE00, 0xD83D, L'b', 0xD83D};

@@ -245,6 +245,18 @@ TEST_F(AnnotationJson, ColoursOfOtherKindsAreRefused)
     EXPECT_EQ(transparency.alpha(), 9);
 }
 
+TEST_F(AnnotationJson, TextsThatAreNoJsonAreRefusedForThatWhateverTheirRecordsAre)
+{
+    const auto codeOf = [](const OdChar* json)
+    { return thrownBy([&] { Annotation::ReadAnnotationsFromJson(json); }).code; };
+    for (const OdChar* json : {L"[{}, 1", L"[{}] 2", L"[[{\"X\": \"\\udc00\"}]]", L"{\"X\": [1}", L"[1, 2,]", L""})
+        EXPECT_EQ(codeOf(json), 926) << odStringToUtf8(json);
+    for (const OdChar* json : {L"[{}]", L"[[]]", L"[[[1, {}], 2], 3]", L"{}", L"[\"a\", {}]", L"[null]"})
+        EXPECT_EQ(codeOf(json), eInvalidInput) << odStringToUtf8(json);
+    for (const OdChar* json : {L"1", L"null", L"true", L"'\"'"})
+        EXPECT_NE(codeOf(json), eInvalidInput) << odStringToUtf8(json);
+}
+
 TEST_F(AnnotationJson, TextsOfAllScriptsComeWhole)
 {
     const struct
