@@ -1,6 +1,8 @@
-// The table of edits: a place for each hash, where the last edit that was asked for twice stays.
+// The table of edits. Each has the choice between a few places. An edit that comes for the first time leaves its hash
+// there, so that those that come once keep no rows; who finds its hash stays as long as it is asked for.
 #include "KnownEdits.h"
 
+#include <algorithm>
 #include <functional>
 
 #include "DatabaseImpl.h"
@@ -27,16 +29,55 @@ bool KnownEdits::Place::answers(const Groups& row, const RowEdit& edit) const
            groups == edit.groups;
 }
 
-void KnownEdits::Place::remember(std::size_t hash, const Groups& row, const RowEdit& edit, const Groups& result)
+KnownEdits::Place* KnownEdits::placesOf(std::size_t hash)
 {
-    if (std::exchange(asked, hash) != hash)
+    if (m_places.empty())
+        m_places.resize(kPlaces);
+    return &m_places[hash % (kPlaces / kChoice) * kChoice];
+}
+
+KnownEdits::Place* KnownEdits::find(Place* places, const Groups& row, const RowEdit& edit)
+{
+    Place* const found =
+        std::find_if(places, places + kChoice, [&](const Place& place) { return place.answers(row, edit); });
+    if (found == places + kChoice)
+        return nullptr;
+    found->isUsed = true;
+    return found;
+}
+
+// The first that was not asked for; when all were, they begin anew.
+KnownEdits::Place& KnownEdits::placeToGive(Place* places)
+{
+    Place* const end = places + kChoice;
+    Place* given = std::find_if(places, end, [](const Place& place) { return !place.isUsed; });
+    if (given == end)
+    {
+        std::for_each(places, end, [](Place& place) { place.isUsed = false; });
+        given = places;
+    }
+    std::rotate(given, given + 1, end); // the next one is another
+    return *(end - 1);
+}
+
+void KnownEdits::remember(Place* places, std::size_t hash, const Groups& row, const RowEdit& edit, const Groups& result)
+{
+    Place* const end = places + kChoice;
+    Place* const again = std::find_if(places, end, [&](const Place& place) { return place.hash == hash; });
+    if (again == end)
+    {
+        Place& given = placeToGive(places);
+        given = Place();
+        given.hash = hash;
         return;
-    subject = edit.subject;
-    part = edit.part;
-    code = edit.code;
-    groups = edit.groups;
-    before = row;
-    after = result;
+    }
+    again->isUsed = true;
+    again->subject = edit.subject;
+    again->part = edit.part;
+    again->code = edit.code;
+    again->groups = edit.groups;
+    again->before = row;
+    again->after = result;
 }
 
 std::size_t KnownEdits::hashOf(const Groups& row, const RowEdit& edit)
@@ -44,13 +85,6 @@ std::size_t KnownEdits::hashOf(const Groups& row, const RowEdit& edit)
     const std::size_t hash =
         mixed(std::hash<std::string_view>()(edit.groups), reinterpret_cast<std::size_t>(row.data()));
     return mixed(hash, reinterpret_cast<std::size_t>(edit.part) + static_cast<std::size_t>(edit.code));
-}
-
-KnownEdits::Place& KnownEdits::placeOf(std::size_t hash)
-{
-    if (m_places.empty())
-        m_places.resize(kPlaces);
-    return m_places[hash % kPlaces];
 }
 
 KnownEdits* KnownEdits::of(const OdDbObject& object)

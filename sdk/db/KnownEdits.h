@@ -49,25 +49,26 @@ public:
         if (!isShared(row) || edit.groups.size() > kLongest)
             return make();
         const std::size_t hash = hashOf(row, edit);
-        Place& place = placeOf(hash);
-        if (place.answers(row, edit))
-            return place.after;
+        Place* const places = placesOf(hash);
+        if (Place* const known = find(places, row, edit))
+            return known->after;
         Groups after = make();
-        place.remember(hash, row, edit, after);
+        remember(places, hash, row, edit, after);
         return after;
     }
 
 private:
     static constexpr std::size_t kPlaces = 1024;
+    static constexpr std::size_t kChoice = 4;     ///< places next to each other where an edit may be kept
     static constexpr std::size_t kLongest = 1024; ///< in bytes: longer groups are not compared
 
-    /// Keeps an edit that is asked for twice in a row, so that those that come once push none out.
+    /// An edit that was asked for once, and with the rows one that came again.
     struct Place
     {
         bool answers(const Groups& row, const RowEdit& edit) const;
-        void remember(std::size_t hash, const Groups& row, const RowEdit& edit, const Groups& result);
 
-        std::size_t asked = 0; ///< the hash of the last edit that was not known
+        std::size_t hash = 0;
+        bool isUsed = false; ///< since places were sought among these last: not to be given away
         const void* subject = nullptr;
         const void* part = nullptr;
         int code = 0;
@@ -79,7 +80,10 @@ private:
     /// True when others have the row than one object and who is editing it.
     static bool isShared(const Groups& row) { return row.data() && row.data()->references > 2; }
     static std::size_t hashOf(const Groups& row, const RowEdit& edit);
-    Place& placeOf(std::size_t hash);
+    Place* placesOf(std::size_t hash);
+    static Place* find(Place* places, const Groups& row, const RowEdit& edit);
+    static void remember(Place* places, std::size_t hash, const Groups& row, const RowEdit& edit, const Groups& result);
+    static Place& placeToGive(Place* places);
 
     std::vector<Place> m_places;                       ///< by hash; none before the first edit
     std::unordered_map<const void*, Groups> m_newRows; ///< by class
