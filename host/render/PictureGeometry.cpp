@@ -418,21 +418,25 @@ void PictureGeometry::text(const OdGePoint3d& position, const OdGeVector3d& norm
         return;
     if (!isSeen(OdGeExtents2d(place.origin - OdGeVector2d(room, room), place.origin + OdGeVector2d(room, room))))
         return;
-    drawText(odgiShapeText(style, message, length, raw), place, height);
-}
-
-void PictureGeometry::drawText(const OdGiShapedText& shaped, const TextPlace& place, double height)
-{
-    if (!shaped.ink.isValidExtents() || shaped.fonts.empty())
-        return;
     const Color color = m_looks.colorOf(worldDraw().effectiveTraits());
     if (color.alpha == 0)
         return;
-    const bool isReadable = height >= kReadableText || !m_canvas.showsPixels();
-    if (isReadable && !shaped.fonts.front().file->path.empty())
-        return m_canvas.text(shaped, place, color);
-    // A bar, as dark as letters are, stands for what cannot be read, and for what there is no font for.
-    OdGeExtents2d bar = shaped.ink;
+    if (height < kReadableText && m_canvas.showsPixels())
+        return drawTextBar(odgiTextInk(style, message, length, raw), place, color);
+    const OdGiShapedText shaped = odgiShapeText(style, message, length, raw);
+    if (!shaped.ink.isValidExtents() || shaped.fonts.empty())
+        return;
+    if (shaped.fonts.front().file->path.empty())
+        return drawTextBar({shaped.ink, shaped.fonts.front().slant}, place, color);
+    m_canvas.text(shaped, place, color);
+}
+
+/// A bar, as dark as letters are, stands for what cannot be read, and for what there is no font for.
+void PictureGeometry::drawTextBar(const OdGiTextInk& ink, const TextPlace& place, const Color& color)
+{
+    OdGeExtents2d bar = ink.box;
+    if (!bar.isValidExtents())
+        return;
     const double middle = bar.center().y;
     const double half = (bar.maxPoint().y - bar.minPoint().y) * kBarPart / 2.0;
     bar.set({bar.minPoint().x, middle - half}, {bar.maxPoint().x, middle + half});
@@ -446,7 +450,7 @@ void PictureGeometry::drawText(const OdGiShapedText& shaped, const TextPlace& pl
             m_canvas.stroke(m_path, color, pixels);
         return;
     }
-    const Path path = barPath(bar, place, shaped.fonts.front().slant);
+    const Path path = barPath(bar, place, ink.slant);
     if (isSeen(path.bounds()))
         m_canvas.fillBar(path, color);
 }

@@ -58,7 +58,7 @@ private:
     void fillArea(const Path& path, bool evenOdd);
     void drawDot(const OdGePoint2d& at);
     void drawEndless(const OdGePoint3d& first, const OdGePoint3d& second, bool isOpenAtStart);
-    void drawText(const OdGiShapedText& shaped, const TextPlace& place, double height);
+    void drawTextBar(const OdGiTextInk& ink, const TextPlace& place, const Color& color);
 
     Canvas& m_canvas;
     Looks& m_looks;

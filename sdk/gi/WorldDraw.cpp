@@ -152,12 +152,12 @@ void OdGiGeometrySimplifier::text(const OdGePoint3d& position, const OdGeVector3
                                   const OdGiTextStyle* textStyle)
 {
     const OdGiTextStyle usual;
-    const OdGiShapedText shaped = odgiShapeText(textStyle ? *textStyle : usual, message, length, raw);
-    if (!shaped.ink.isValidExtents())
+    const OdGiTextInk ink = odgiTextInk(textStyle ? *textStyle : usual, message, length, raw);
+    if (!ink.box.isValidExtents())
         return;
-    const gi::TextPlane plane(position, normal, direction, shaped.fonts.front().slant);
-    const OdGePoint2d& low = shaped.ink.minPoint();
-    const OdGePoint2d& high = shaped.ink.maxPoint();
+    const gi::TextPlane plane(position, normal, direction, ink.slant);
+    const OdGePoint2d& low = ink.box.minPoint();
+    const OdGePoint2d& high = ink.box.maxPoint();
     const OdGePoint3d corners[4] = {plane.at(low.x, low.y), plane.at(high.x, low.y), plane.at(high.x, high.y),
                                     plane.at(low.x, high.y)};
     polygon(4, corners);

@@ -64,10 +64,15 @@ unsigned char barOf(textcodes::CodeKind kind)
     }
 }
 
+bool mayHaveCodes(std::wstring_view message)
+{
+    return message.find_first_of(L"%\\") != std::wstring_view::npos;
+}
+
 Decoded decode(std::wstring_view message, unsigned char bars, bool raw)
 {
     Decoded decoded;
-    if (raw || message.find_first_of(L"%\\") == std::wstring_view::npos)
+    if (raw || !mayHaveCodes(message))
     {
         decoded.text = message;
         if (bars)
@@ -160,14 +165,14 @@ void standUpright(std::vector<PlacedGlyph>& placed)
     }
 }
 
-void addInk(OdGiShapedText& shaped, const PlacedGlyph& glyph, double size, double widthScale)
+void addInk(OdGeExtents2d& box, const PlacedGlyph& glyph, double size, double widthScale)
 {
     const OdGeExtents2d& ink = glyph.found.measures->ink;
     if (!ink.isValidExtents())
         return;
     const double part = glyph.found.widthPart;
-    shaped.ink.addPoint({(glyph.x + ink.minPoint().x * part) * widthScale, (glyph.y + ink.minPoint().y) * size});
-    shaped.ink.addPoint({(glyph.x + ink.maxPoint().x * part) * widthScale, (glyph.y + ink.maxPoint().y) * size});
+    box.addPoint({(glyph.x + ink.minPoint().x * part) * widthScale, (glyph.y + ink.minPoint().y) * size});
+    box.addPoint({(glyph.x + ink.maxPoint().x * part) * widthScale, (glyph.y + ink.maxPoint().y) * size});
 }
 
 } // namespace
@@ -191,7 +196,7 @@ OdGiShapedText shape(const OdGiTextStyle& style, std::wstring_view message, bool
     {
         const OdUInt32 index = fontIndex(shaped, glyph.found, style, slant);
         shaped.glyphs.push_back({index, glyph.found.glyph, glyph.character, glyph.x * widthScale, glyph.y * size});
-        addInk(shaped, glyph, size, widthScale);
+        addInk(shaped.ink, glyph, size, widthScale);
         bars.add(glyph, decoded.barsAt(glyph.character));
     }
     for (const OdGiTextBar& bar : shaped.bars)
@@ -200,9 +205,39 @@ OdGiShapedText shape(const OdGiTextStyle& style, std::wstring_view message, bool
     return shaped;
 }
 
+OdGiTextInk inkOf(const OdGiTextStyle& style, std::wstring_view message, bool raw)
+{
+    const Font& font = Font::of(style);
+    OdGiTextInk ink{{}, slantOf(style, font)};
+    if (style.isVertical() || barsOf(style) || (!raw && mayHaveCodes(message)) || isJoining(font, message))
+    {
+        ink.box = shape(style, message, raw).ink;
+        return ink;
+    }
+    const double size = style.textSize();
+    visitSimple(font, message, style.trackingPercent(),
+                [&](const PlacedGlyph& glyph) { addInk(ink.box, glyph, size, size * style.xScale()); });
+    return ink;
+}
+
 } // namespace fonts
+
+namespace
+{
+
+std::wstring_view viewOf(const OdChar* message, OdInt32 length)
+{
+    return {message, static_cast<std::size_t>(std::max<OdInt32>(length, 0))};
+}
+
+} // namespace
 
 OdGiShapedText odgiShapeText(const OdGiTextStyle& style, const OdChar* message, OdInt32 length, bool raw)
 {
-    return fonts::shape(style, {message, static_cast<std::size_t>(std::max<OdInt32>(length, 0))}, raw);
+    return fonts::shape(style, viewOf(message, length), raw);
+}
+
+OdGiTextInk odgiTextInk(const OdGiTextStyle& style, const OdChar* message, OdInt32 length, bool raw)
+{
+    return fonts::inkOf(style, viewOf(message, length), raw);
 }

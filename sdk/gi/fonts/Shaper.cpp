@@ -14,8 +14,6 @@ namespace fonts
 namespace
 {
 
-constexpr int kTabSpaces = 4;
-
 struct Range
 {
     wchar_t first;
@@ -35,26 +33,6 @@ bool joins(wchar_t character)
     return character >= kJoiningRanges[0].first &&
            std::any_of(std::begin(kJoiningRanges), std::end(kJoiningRanges),
                        [character](const Range& range) { return character >= range.first && character <= range.last; });
-}
-
-bool isControl(wchar_t character)
-{
-    return character < 0x20 || (character >= 0x7F && character < 0xA0);
-}
-
-void placeSimple(const Font& font, std::wstring_view text, double tracking, std::vector<PlacedGlyph>& placed)
-{
-    double x = 0.0;
-    for (std::size_t i = 0; i < text.size(); ++i)
-    {
-        const bool tab = text[i] == L'\t';
-        if (isControl(text[i]) && !tab)
-            continue;
-        const FoundGlyph found = font.find(tab ? L' ' : text[i]);
-        const double advance = found.advance() * (tab ? kTabSpaces : 1) * tracking;
-        placed.push_back({found, static_cast<OdUInt32>(i), x, 0.0, advance});
-        x += advance;
-    }
 }
 
 /// Characters that are set together.
@@ -183,12 +161,17 @@ void placeJoining(const Font& font, std::wstring_view text, double tracking, std
         x = placePiece(font, piece, text, x, tracking, buffer.get(), placed);
 }
 
+} // namespace
+
+bool isControl(wchar_t character)
+{
+    return character < 0x20 || (character >= 0x7F && character < 0xA0);
+}
+
 bool isJoining(const Font& font, std::wstring_view text)
 {
     return font.typeface().hasOutlines() && std::any_of(text.begin(), text.end(), joins);
 }
-
-} // namespace
 
 double widthOf(const Font& font, std::wstring_view text, double tracking)
 {
@@ -216,7 +199,7 @@ std::vector<PlacedGlyph> placeGlyphs(const Font& font, std::wstring_view text, d
     if (isJoining(font, text))
         placeJoining(font, text, tracking, placed);
     else
-        placeSimple(font, text, tracking, placed);
+        visitSimple(font, text, tracking, [&placed](const PlacedGlyph& glyph) { placed.push_back(glyph); });
     return placed;
 }
 

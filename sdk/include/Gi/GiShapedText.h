@@ -56,3 +56,13 @@ struct OdGiShapedText
     installed fonts. Never fails: without any installed font, glyphs have widths of their own kind and no shape. Not to
     be called by two threads at a time. */
 OdGiShapedText odgiShapeText(const OdGiTextStyle& style, const OdChar* message, OdInt32 length, bool raw);
+
+/** Where a line of text is, without its glyphs. */
+struct OdGiTextInk
+{
+    OdGeExtents2d box;  ///< as OdGiShapedText::ink
+    double slant = 0.0; ///< as OdGiGlyphFont::slant of the first font
+};
+
+/** The same as odgiShapeText finds, for less work. */
+OdGiTextInk odgiTextInk(const OdGiTextStyle& style, const OdChar* message, OdInt32 length, bool raw);

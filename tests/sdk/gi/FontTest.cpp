@@ -179,6 +179,36 @@ TEST(ShapedText, SurvivesAnyCharacters)
     }
 }
 
+TEST(ShapedText, LiesWhereTheShortWaySays)
+{
+    for (const std::wstring_view text : {L"", L" ", L"Plain, gjy", L"two\twords", L"%%uline%%u", L"\u05D0\u05D1 a",
+                                         L"e\u0301", L"\U0010FFFD", L"\x7F", L"\\U+2205"})
+    {
+        for (const bool raw : {true, false})
+        {
+            for (const bool isVertical : {false, true})
+            {
+                OdGiTextStyle style = typeface(L"Arial");
+                style.setTextSize(2.5);
+                style.setXScale(0.8);
+                style.setTrackingPercent(1.2);
+                style.setObliquingAngle(0.3);
+                style.setVertical(isVertical);
+                style.setUnderlined(raw && isVertical);
+                const auto length = static_cast<OdInt32>(text.size());
+                const OdGiShapedText shaped = odgiShapeText(style, text.data(), length, raw);
+                const OdGiTextInk ink = odgiTextInk(style, text.data(), length, raw);
+                ASSERT_EQ(ink.box.isValidExtents(), shaped.ink.isValidExtents()) << odStringToUtf8(OdString(text));
+                if (!ink.box.isValidExtents())
+                    continue;
+                EXPECT_EQ(ink.slant, shaped.fonts.front().slant);
+                EXPECT_EQ(ink.box.minPoint(), shaped.ink.minPoint()) << odStringToUtf8(OdString(text));
+                EXPECT_EQ(ink.box.maxPoint(), shaped.ink.maxPoint()) << odStringToUtf8(OdString(text));
+            }
+        }
+    }
+}
+
 TEST(ShapedText, TakesTimeInProportionToItsLength)
 {
     for (const std::wstring_view piece : {L"word ", L"\u05D0\u05D1 a ", L"e\u0301", L"\U0010FFFD"})
