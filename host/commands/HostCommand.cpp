@@ -46,30 +46,35 @@ private:
 class HostCommand : public OdEdCommand
 {
 public:
-    const CommandRow* row = nullptr;
+    explicit HostCommand(const CommandRow& row) : m_row(row), m_group(row.group), m_name(row.name) {}
 
-    OdString groupName() const override { return row->group; }
-    OdString globalName() const override { return row->name; }
-    OdUInt32 flags() const override { return row->flags; }
+    OdString groupName() const override { return m_group; }
+    OdString globalName() const override { return m_name; }
+    OdUInt32 flags() const override { return m_row.flags; }
 
     void execute(OdEdCommandContext* context) override
     {
         OdDbCommandContext* const drawingContext = OdDbCommandContext::cast(context).get();
         if (drawingContext == nullptr)
-            throw OdError(eNullPtr, OdString(L"the command ") + row->name + L" runs on a drawing only");
+            throw OdError(eNullPtr, OdString(L"the command ") + m_row.name + L" runs on a drawing only");
         OdDbDatabase* const database = drawingContext->database();
         if (database == nullptr)
             throw OdError(eNoDatabase);
         OdEdFunctionIO* const io = drawingContext->funcIO();
         if (io == nullptr)
-            throw OdError(eNullPtr, OdString(L"the command ") + row->name + L" has no place for its results");
+            throw OdError(eNullPtr, OdString(L"the command ") + m_row.name + L" has no place for its results");
         const OdResBufPtr parameters = OdResBuf::cast(io->param());
         CommandRun run{*database, Parameters(parameters), drawingContext->dbUserIO(), Results()};
-        Transaction transaction(*database, (row->flags & kInTransaction) != 0);
-        row->run(run);
+        Transaction transaction(*database, (m_row.flags & kInTransaction) != 0);
+        m_row.run(run);
         transaction.end();
         io->setResult(run.results.chain());
     }
+
+private:
+    const CommandRow& m_row;
+    const OdString m_group;
+    const OdString m_name;
 };
 
 std::vector<std::unique_ptr<OdStaticRxObject<HostCommand>>>& commands()
@@ -91,8 +96,7 @@ void registerHostCommands()
 {
     for (const CommandRow& row : commandTable())
     {
-        auto command = std::make_unique<OdStaticRxObject<HostCommand>>();
-        command->row = &row;
+        auto command = std::make_unique<OdStaticRxObject<HostCommand>>(row);
         odedRegCmds()->addCommand(command.get());
         commands().push_back(std::move(command));
     }

@@ -47,7 +47,9 @@ const OdResBuf* skipValue(const OdString& name, const OdResBuf* element)
 
 bool namesObjectList(const OdString& name)
 {
-    return name.right(5).iCompare(L"ARRAY") == 0;
+    constexpr std::wstring_view kEnd = L"ARRAY";
+    const std::wstring_view text = name.view();
+    return text.size() >= kEnd.size() && odEqualsNoCase(text.substr(text.size() - kEnd.size()), kEnd);
 }
 
 Parameters::Found Parameters::find(const OdChar* name) const

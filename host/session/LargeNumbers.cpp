@@ -2,6 +2,7 @@
 #include "session/LargeNumbers.h"
 
 #include <algorithm>
+#include <string_view>
 
 namespace session
 {
@@ -22,12 +23,17 @@ bool mayBePartOfNumber(wchar_t unit)
     return isDigit(unit) || unit == L'+' || unit == L'-' || unit == L'.' || unit == L'e' || unit == L'E';
 }
 
+// Behind the string that begins there: the next quote that no odd number of backslashes escapes.
 const wchar_t* skipString(const wchar_t* at, const wchar_t* end)
 {
-    for (++at; at < end && *at != L'"'; ++at)
-        if (*at == L'\\')
-            ++at;
-    return std::min(at + 1, end);
+    const std::wstring_view text(at, end);
+    for (std::size_t quote = text.find(L'"', 1); quote != std::wstring_view::npos; quote = text.find(L'"', quote + 1))
+    {
+        const std::size_t last = text.find_last_not_of(L'\\', quote - 1);
+        if ((quote - last) % 2 == 1)
+            return at + quote + 1;
+    }
+    return end;
 }
 
 const wchar_t* skipDigits(const wchar_t* at, const wchar_t* end)

@@ -232,6 +232,7 @@ private:
 RequestReader::RequestReader() : m_memory(kReusedMemory)
 {
     m_allocator = std::make_unique<rapidjson::MemoryPoolAllocator<>>(m_memory.data(), m_memory.size());
+    m_document = std::make_unique<WideDocument>(m_allocator.get());
 }
 
 const Request& RequestReader::read(std::string_view line)
@@ -248,9 +249,14 @@ void RequestReader::releaseParameters()
     m_request.parameters = nullptr;
     if (m_request.input != nullptr || m_units.capacity() < kLongRequest)
         return;
-    m_document.reset();
-    m_allocator->Clear();
+    forgetDocument();
     m_units = std::vector<wchar_t>();
+}
+
+void RequestReader::forgetDocument()
+{
+    m_document->SetNull();
+    m_allocator->Clear();
 }
 
 void RequestReader::decode(std::string_view line)
@@ -268,9 +274,7 @@ void RequestReader::decode(std::string_view line)
 
 void RequestReader::parse()
 {
-    m_document.reset();
-    m_allocator->Clear();
-    m_document = std::make_unique<WideDocument>(m_allocator.get());
+    forgetDocument();
     m_largeNumbers.takeOut(m_units);
     RequestHandler handler(*m_document, m_request, m_largeNumbers);
     rapidjson::ParseResult outcome;

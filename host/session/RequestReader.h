@@ -59,6 +59,7 @@ public:
 private:
     void decode(std::string_view line);
     void parse();
+    void forgetDocument();
     void takeMembers();
 
     Request m_request;

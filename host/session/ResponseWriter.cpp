@@ -9,13 +9,13 @@ namespace session
 namespace
 {
 
-const wchar_t* const kOutputNames[] = {L"prompt", L"text", L"error"}; // by OutputKind
+const char* const kOutputNames[] = {"prompt", "text", "error"}; // by OutputKind
 
 void writeId(rapidjson::StringBuffer& text, JsonWriter& writer, const std::string& id)
 {
     if (id.empty())
         return;
-    writer.Key(L"id");
+    writer.printed("id");
     writer.RawValue(L"", 0, rapidjson::kNullType); // the separator; the text itself is in bytes already
     for (const char byte : id)
         text.Put(byte);
@@ -29,43 +29,37 @@ void writeOptional(JsonWriter& writer, const std::optional<OdString>& text)
         writer.Null();
 }
 
-void writeAscii(JsonWriter& writer, std::string_view text)
-{
-    const std::wstring wide(text.begin(), text.end());
-    writer.String(wide.data(), static_cast<rapidjson::SizeType>(wide.size()));
-}
-
 void writeFailure(JsonWriter& writer, const Failure& failure)
 {
-    writer.Key(L"error");
+    writer.printed("error");
     writer.StartObject();
-    writer.Key(L"code");
+    writer.printed("code");
     writer.Int(failure.code);
-    writer.Key(L"type");
+    writer.printed("type");
     writeText(writer, failure.type);
     if (failure.name)
     {
-        writer.Key(L"name");
+        writer.printed("name");
         writeText(writer, *failure.name);
     }
     if (failure.function)
     {
-        writer.Key(L"function");
+        writer.printed("function");
         writeText(writer, *failure.function);
     }
-    writer.Key(L"text");
+    writer.printed("text");
     writeText(writer, failure.text);
     writer.EndObject();
 }
 
 void writeOutput(JsonWriter& writer, const std::vector<Output>& output)
 {
-    writer.Key(L"output");
+    writer.printed("output");
     writer.StartArray();
     for (const Output& piece : output)
     {
         writer.StartObject();
-        writer.Key(kOutputNames[static_cast<std::size_t>(piece.kind)]);
+        writer.printed(kOutputNames[static_cast<std::size_t>(piece.kind)]);
         writeText(writer, piece.text);
         writer.EndObject();
     }
@@ -77,18 +71,19 @@ void writeOutput(JsonWriter& writer, const std::vector<Output>& output)
 std::string_view ResponseWriter::write(const Response& response)
 {
     m_text.Clear();
-    JsonWriter writer(m_text);
+    m_writer.Reset(m_text);
+    JsonWriter& writer = m_writer;
     writer.StartObject();
     writeId(m_text, writer, response.id);
-    writer.Key(L"command");
+    writer.printed("command");
     writeOptional(writer, response.command);
-    writer.Key(L"state");
-    writeAscii(writer, response.state);
-    writer.Key(L"flags");
+    writer.printed("state");
+    writer.printed(response.state);
+    writer.printed("flags");
     writer.Uint(response.flags);
-    writer.Key(L"message");
+    writer.printed("message");
     writeOptional(writer, response.message);
-    writer.Key(L"result");
+    writer.printed("result");
     if (response.result.isNull() || response.failure)
         writer.Null();
     else

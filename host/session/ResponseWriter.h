@@ -61,6 +61,7 @@ public:
 
 private:
     rapidjson::StringBuffer m_text;
+    JsonWriter m_writer;
 };
 
 } // namespace session

@@ -510,6 +510,8 @@ void writeChain(JsonWriter& writer, const OdResBuf* chain)
 void writeText(JsonWriter& writer, const OdString& text)
 {
     const std::wstring_view view = text.view();
+    if (writer.printed(view))
+        return;
     if (std::none_of(view.begin(), view.end(), isHalfCharacter))
     {
         writer.String(view.data(), static_cast<rapidjson::SizeType>(view.size()));

@@ -75,8 +75,10 @@ std::size_t copyPlainBlocks(std::string_view bytes, wchar_t* to)
         std::memcpy(&block, bytes.data() + at, kBlock);
         if ((block & 0x8080808080808080) != 0)
             break;
+        unsigned char each[kBlock]; // which the writing cannot change, so that all are widened at once
+        std::memcpy(each, &block, kBlock);
         for (std::size_t i = 0; i < kBlock; ++i)
-            to[at + i] = static_cast<wchar_t>(bytes[at + i]);
+            to[at + i] = static_cast<wchar_t>(each[i]);
     }
     return at;
 }
@@ -192,7 +194,9 @@ std::size_t findLoneSurrogateEscape(const std::vector<wchar_t>& units)
 {
     const wchar_t* const begin = units.data();
     const wchar_t* const end = begin + units.size();
-    for (const wchar_t* at = std::find(begin, end, L'\\'); at != end; at = std::find(at, end, L'\\'))
+    const auto findEscape = [end](const wchar_t* from)
+    { return from + std::min(std::wstring_view(from, end).find(L'\\'), static_cast<std::size_t>(end - from)); };
+    for (const wchar_t* at = findEscape(begin); at != end; at = findEscape(at))
     {
         wchar_t unit = 0;
         if (!readEscapedUnit(at, end, unit))

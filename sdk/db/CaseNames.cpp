@@ -1,7 +1,8 @@
 // Folding of names, and a hash table of numbers.
 #include "CaseNames.h"
 
-#include <array>
+#include <algorithm>
+#include <cstring>
 #include <string>
 
 #include "OdString.h"
@@ -11,9 +12,6 @@ namespace oddb
 
 namespace
 {
-
-constexpr std::uint32_t kHashStart = 2166136261u;
-constexpr std::uint32_t kHashPrime = 16777619u;
 
 bool isAscii(std::string_view name)
 {
@@ -29,17 +27,62 @@ constexpr std::uint32_t foldAscii(char c)
     return static_cast<std::uint32_t>(c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c);
 }
 
-std::uint32_t hashStep(std::uint32_t hash, std::uint32_t character)
+// Eight characters of a name at a time.
+using Block = std::uint64_t;
+
+constexpr Block kEach = 0x0101010101010101;
+constexpr Block kHighBits = 0x80 * kEach;
+
+Block readBlock(std::string_view name, std::size_t at)
 {
-    return (hash ^ character) * kHashPrime;
+    Block block = 0;
+    if (name.size() - at >= sizeof block)
+        std::memcpy(&block, name.data() + at, sizeof block);
+    else
+        std::memcpy(&block, name.data() + at, name.size() - at);
+    return block;
 }
 
-// The low bits choose the slot, so the high ones have to reach them.
-std::uint32_t finishHash(std::uint32_t hash)
+// As foldAscii, for each of the characters, none of which may be above 127.
+Block foldBlock(Block characters)
 {
-    hash ^= hash >> 15;
-    hash *= 0x2C1B3C6Du;
-    return hash ^ hash >> 13;
+    const Block fromA = characters + (0x80 - 'A') * kEach;
+    const Block aboveZ = characters + (0x80 - 'Z' - 1) * kEach;
+    return characters | (fromA & ~aboveZ & kHighBits) >> 2;
+}
+
+constexpr std::uint64_t kHashPrime = 0x9E3779B97F4A7C15;
+
+std::uint64_t hashStep(std::uint64_t hash, std::uint64_t part)
+{
+    hash = (hash ^ part) * kHashPrime;
+    return hash ^ hash >> 32;
+}
+
+// Sets the hash of an ASCII name; false for others.
+bool hashAscii(std::string_view name, std::uint64_t& hash)
+{
+    hash = name.size();
+    for (std::size_t at = 0; at < name.size(); at += sizeof(Block))
+    {
+        const Block block = readBlock(name, at);
+        if (block & kHighBits)
+            return false;
+        hash = hashStep(hash, foldBlock(block));
+    }
+    return true;
+}
+
+// Characters that are not ASCII may be the same as some that are.
+std::uint64_t hashFolded(std::wstring_view folded)
+{
+    std::uint64_t hash = 0;
+    if (std::all_of(folded.begin(), folded.end(), odIsAscii) &&
+        hashAscii(std::string(folded.begin(), folded.end()), hash))
+        return hash;
+    for (const OdChar c : folded)
+        hash = hashStep(hash, static_cast<std::uint64_t>(c));
+    return hash;
 }
 
 } // namespace
@@ -55,14 +98,8 @@ std::wstring foldedName(std::string_view name)
 
 std::uint32_t nameHash(std::string_view name)
 {
-    std::uint32_t hash = kHashStart;
-    if (isAscii(name))
-        for (const char c : name)
-            hash = hashStep(hash, foldAscii(c));
-    else
-        for (const OdChar c : foldedName(name))
-            hash = hashStep(hash, static_cast<std::uint32_t>(c));
-    return finishHash(hash);
+    std::uint64_t hash = 0;
+    return static_cast<std::uint32_t>(hashAscii(name, hash) ? hash : hashFolded(foldedName(name)));
 }
 
 bool isSameName(std::string_view first, std::string_view second)

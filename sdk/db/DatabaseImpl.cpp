@@ -2,12 +2,47 @@
 #include "DatabaseImpl.h"
 
 #include <algorithm>
+#include <array>
 
 #include "ObjectCore.h"
 #include "OdError.h"
 
 namespace oddb
 {
+
+namespace
+{
+
+/// A list that takes no memory of its own while it is short, as lists of listeners are.
+template<class T>
+class ShortList
+{
+public:
+    ShortList() = default;
+    explicit ShortList(const std::vector<T>& elements)
+    {
+        for (const T& element : elements)
+            append(element);
+    }
+
+    void append(T element)
+    {
+        if (m_count < m_few.size())
+            m_few[m_count] = element;
+        else
+            m_more.push_back(element);
+        ++m_count;
+    }
+    std::size_t size() const { return m_count; }
+    T operator[](std::size_t at) const { return at < m_few.size() ? m_few[at] : m_more[at - m_few.size()]; }
+
+private:
+    std::array<T, 4> m_few;
+    std::vector<T> m_more;
+    std::size_t m_count = 0;
+};
+
+} // namespace
 
 DatabaseImpl::DatabaseImpl(OdDbDatabase& owner) : database(owner), stubs(&owner), journal(owner) {}
 
@@ -74,10 +109,10 @@ void DatabaseImpl::tellReactors(const Tell& tell)
 {
     if (reactors.empty())
         return;
-    const std::vector<OdDbDatabaseReactor*> told = reactors;
-    for (OdDbDatabaseReactor* reactor : told)
-        if (hasReactor(reactor))
-            tell(*reactor);
+    const ShortList<OdDbDatabaseReactor*> told(reactors);
+    for (std::size_t i = 0; i < told.size(); ++i)
+        if (hasReactor(told[i]))
+            tell(*told[i]);
 }
 
 template<class Tell>
@@ -88,10 +123,10 @@ void DatabaseImpl::tellObjectReactors(const OdDbObject& object, const Tell& tell
     auto found = objectReactors.find(ObjectCore::stub(object));
     if (found == objectReactors.end())
         return;
-    const std::vector<OdDbObjectReactor*> told = found->second;
-    for (OdDbObjectReactor* reactor : told)
-        if (hasReactor(*ObjectCore::stub(object), reactor))
-            tell(*reactor);
+    const ShortList<OdDbObjectReactor*> told(found->second);
+    for (std::size_t i = 0; i < told.size(); ++i)
+        if (hasReactor(*ObjectCore::stub(object), told[i]))
+            tell(*told[i]);
 }
 
 void DatabaseImpl::tellPersistentReactors(const OdDbObject& object, const std::function<void(OdDbObject&)>& tell)
@@ -99,10 +134,10 @@ void DatabaseImpl::tellPersistentReactors(const OdDbObject& object, const std::f
     const ObjectExtras* extras = ObjectCore::extras(object);
     if (!extras || extras->reactors.empty() || loading || journal.isReplaying())
         return;
-    std::vector<OdDbStub*> told;
-    extras->reactors.visit([&](OdDbStub* reactor) { told.push_back(reactor); });
-    for (OdDbStub* reactor : told)
-        if (OdDbObjectPtr opened = OdDbObjectId(reactor).openObject(OdDb::kForNotify))
+    ShortList<OdDbStub*> told;
+    extras->reactors.visit([&](OdDbStub* reactor) { told.append(reactor); });
+    for (std::size_t i = 0; i < told.size(); ++i)
+        if (OdDbObjectPtr opened = OdDbObjectId(told[i]).openObject(OdDb::kForNotify))
             tell(*opened);
 }
 

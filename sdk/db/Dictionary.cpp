@@ -141,20 +141,21 @@ OdDbObjectId OdDbDictionary::setAt(const OdString& name, OdDbObject* object)
     }
     if (!entry.object)
         entry.object = database()->addOdDbObject(object, objectId());
-    const std::uint32_t own = m_entries->find(entry.object);
+    OdDbStub* const stub = entry.object;
+    const std::uint32_t own = m_entries->find(stub);
     if (own != DictionaryEntries::kNone)
     {
         if (other != DictionaryEntries::kNone && other != own)
             DictionaryCore::remove(*this, other);
         if ((*m_entries)[own].name != entry.name)
-            DictionaryCore::replace(*this, own, entry);
+            DictionaryCore::replace(*this, own, std::move(entry));
     }
     else if (other != DictionaryEntries::kNone)
-        DictionaryCore::replace(*this, other, entry);
+        DictionaryCore::replace(*this, other, std::move(entry));
     else
-        DictionaryCore::add(*this, entry);
-    DictionaryCore::adoptObject(*this, *entry.object);
-    return entry.object;
+        DictionaryCore::add(*this, std::move(entry));
+    DictionaryCore::adoptObject(*this, *stub);
+    return stub;
 }
 
 bool OdDbDictionary::setName(const OdString& oldName, const OdString& newName)

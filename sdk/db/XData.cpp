@@ -141,7 +141,8 @@ const std::vector<XDataEntry>& GroupsPool::read(const OdResBuf& chain, OdDbDatab
     if (isReadAgain(chain, database))
         return m_read;
     m_readChain.release();
-    const std::vector<XDataEntry> before = std::exchange(m_read, {});
+    m_readBefore.swap(m_read);
+    m_read.clear();
     for (const OdResBuf* element = &chain; element;)
     {
         OdDbStub* application = findApplication(*element, database);
@@ -150,7 +151,7 @@ const std::vector<XDataEntry>& GroupsPool::read(const OdResBuf& chain, OdDbDatab
         m_read.push_back({application, intern(values)});
     }
     // what came twice may come a third time
-    if (areSame(before, m_read) && meansTheSameAgain(chain))
+    if (areSame(m_readBefore, m_read) && meansTheSameAgain(chain))
         m_readChain = OdResBuf::cast(chain.clone());
     return m_read;
 }

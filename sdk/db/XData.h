@@ -45,6 +45,7 @@ private:
 
     GroupsBuilder m_builder;
     std::vector<XDataEntry> m_read;
+    std::vector<XDataEntry> m_readBefore; ///< what was read in front of that
     OdResBufPtr m_readChain; ///< a copy of the chain that became m_read, null when it has to be read once more
     std::array<Groups, 64> m_recent;
 };

@@ -97,13 +97,11 @@ private:
     void runCommand(OdEdCommand* command, OdEdCommandContext* context) const;
     OdEdCommandPtr askForUnknown(const OdString& commandName, OdEdCommandContext* context) const;
 
-    /** A listener, numbered so that it is not mistaken for a later one at the same address. */
+    /** A listener, numbered in the order in which they came. */
     struct Attached
     {
         OdEdCommandStackReactor* reactor;
         OdUInt64 number;
-
-        bool operator==(const Attached&) const = default;
     };
 
     oded::CommandTable m_commands;
@@ -131,14 +129,20 @@ OdEdCommandPtr CommandStack::addCommand(const OdString& groupName, const OdStrin
     return command;
 }
 
-// Listeners may come and go while they are told, so this goes over a copy and leaves out those that are gone.
+// Listeners may come and go while they are told. Their numbers ascend: this goes on behind the one that was told last,
+// and ends in front of those that came meanwhile.
 template<class Tell>
 void CommandStack::forEachReactor(Tell tell) const
 {
-    const std::vector<Attached> all = m_reactors;
-    for (const Attached& attached : all)
-        if (std::find(m_reactors.begin(), m_reactors.end(), attached) != m_reactors.end())
-            tell(OdEdCommandStackReactorPtr(attached.reactor));
+    const OdUInt64 end = m_nextNumber;
+    for (OdUInt64 next = 0; next < end;)
+    {
+        const auto attached = std::ranges::lower_bound(m_reactors, next, {}, &Attached::number);
+        if (attached == m_reactors.end() || attached->number >= end)
+            return;
+        next = attached->number + 1;
+        tell(OdEdCommandStackReactorPtr(attached->reactor));
+    }
 }
 
 void CommandStack::tell(Event event, OdEdCommand* command, OdEdCommandContext* context) const

@@ -11,22 +11,9 @@ namespace oded
 namespace
 {
 
-std::wstring folded(const OdString& name)
-{
-    std::wstring key(name.view());
-    std::transform(key.begin(), key.end(), key.begin(), odCaseFold);
-    return key;
-}
-
-template<class Index>
-bool isNew(const Index& byName, const OdString& name)
-{
-    return byName.find(folded(name)) == byName.end();
-}
-
 bool isIn(const OdEdCommand& command, const OdString& groupName)
 {
-    return groupName.isEmpty() || command.groupName().iCompare(groupName) == 0;
+    return groupName.isEmpty() || odEqualsNoCase(command.groupName(), groupName);
 }
 
 } // namespace
@@ -53,7 +40,7 @@ void CommandTable::add(OdEdCommand* command)
         group = &m_groups.emplace_back(CommandGroup{groupName, {}});
     group->commands.push_back(command);
     // only among commands of one name does it matter which group comes first
-    if (isNew(m_byGlobalName, command->globalName()) && isNew(m_byLocalName, command->localName()))
+    if (!m_byGlobalName.contains(command->globalName()) && !m_byLocalName.contains(command->localName()))
         index(command);
     else
         rebuildIndex();
@@ -100,8 +87,8 @@ bool CommandTable::removeGroup(const OdString& groupName)
 
 void CommandTable::index(OdEdCommand* command)
 {
-    m_byGlobalName[folded(command->globalName())].push_back(command);
-    m_byLocalName[folded(command->localName())].push_back(command);
+    m_byGlobalName[command->globalName()].push_back(command);
+    m_byLocalName[command->localName()].push_back(command);
 }
 
 void CommandTable::rebuildIndex()
@@ -117,10 +104,9 @@ OdEdCommandPtr CommandTable::find(const OdString& name, bool global, bool local,
 {
     if (name.isEmpty()) // as local names may be
         return OdEdCommandPtr();
-    const std::wstring key = folded(name);
-    const auto findIn = [&](const auto& byName) -> OdEdCommand*
+    const auto findIn = [&](const Index& byName) -> OdEdCommand*
     {
-        const auto found = byName.find(key);
+        const auto found = byName.find(name);
         if (found == byName.end())
             return nullptr;
         const auto command = std::find_if(found->second.begin(), found->second.end(),

@@ -1,11 +1,11 @@
 // The commands of the program in their groups, found by name.
 #pragma once
 
-#include <string>
 #include <unordered_map>
 #include <vector>
 
 #include "Ed/EdCommand.h"
+#include "rx/FoldedKeys.h"
 
 namespace oded
 {
@@ -35,7 +35,7 @@ public:
     std::vector<OdEdCommandPtr> all() const;
 
 private:
-    using Found = std::vector<OdEdCommand*>;
+    using Index = std::unordered_map<OdString, std::vector<OdEdCommand*>, odkeys::FoldedHash, odkeys::FoldedEqual>;
 
     CommandGroup* findGroup(const OdString& name);
     template<class Matches>
@@ -44,8 +44,8 @@ private:
     void index(OdEdCommand* command);
 
     std::vector<CommandGroup> m_groups;
-    std::unordered_map<std::wstring, Found> m_byGlobalName; ///< folded names; commands in the order of lookup
-    std::unordered_map<std::wstring, Found> m_byLocalName;
+    Index m_byGlobalName; ///< commands in the order of lookup
+    Index m_byLocalName;
 };
 
 } // namespace oded

@@ -350,6 +350,9 @@ private:
     static constexpr std::size_t kAlignment = std::max(alignof(Header), alignof(T));
     static constexpr std::size_t kHeaderSize = (sizeof(Header) + kAlignment - 1) / kAlignment * kAlignment;
 
+    /** True for elements that need more than what memory is aligned to anyway. */
+    static constexpr bool kNeedsAlignment = kAlignment > __STDCPP_DEFAULT_NEW_ALIGNMENT__;
+
     Header* header() const noexcept
     {
         return reinterpret_cast<Header*>(reinterpret_cast<char*>(const_cast<std::remove_const_t<T>*>(m_data)) -
@@ -369,16 +372,22 @@ private:
     }
     void unshare() noexcept
     {
-        if (m_data && header()->references.fetch_sub(1, std::memory_order_acq_rel) == 1)
+        if (m_data && (!isShared() || header()->references.fetch_sub(1, std::memory_order_acq_rel) == 1))
         {
             std::destroy(m_data, m_data + header()->length);
             release(m_data);
         }
     }
+    static void* allocateBytes(std::size_t size) noexcept
+    {
+        if constexpr (kNeedsAlignment)
+            return ::operator new(size, std::align_val_t(kAlignment), std::nothrow);
+        else
+            return ::operator new(size, std::nothrow);
+    }
     static T* allocate(size_type capacity)
     {
-        void* memory =
-            ::operator new(kHeaderSize + std::size_t(capacity) * sizeof(T), std::align_val_t(kAlignment), std::nothrow);
+        void* memory = allocateBytes(kHeaderSize + std::size_t(capacity) * sizeof(T));
         if (!memory)
             odThrowOutOfMemory();
         new (memory) Header{{1}, 0, capacity};
@@ -386,7 +395,11 @@ private:
     }
     static void release(T* data) noexcept
     {
-        ::operator delete(reinterpret_cast<char*>(data) - kHeaderSize, std::align_val_t(kAlignment));
+        void* memory = reinterpret_cast<char*>(data) - kHeaderSize;
+        if constexpr (kNeedsAlignment)
+            ::operator delete(memory, std::align_val_t(kAlignment));
+        else
+            ::operator delete(memory);
     }
     /** Gives the array memory of its own for that many elements, with those it has. */
     void reallocate(size_type capacity)

@@ -195,9 +195,11 @@ inline void OdString::share() const noexcept
 inline void OdString::unshare() noexcept
 {
     Header* shared = header();
-    if (shared->references.load(std::memory_order_relaxed) < 0)
+    const int references = shared->references.load(std::memory_order_acquire);
+    if (references < 0)
         return;
-    if (shared->references.fetch_sub(1, std::memory_order_acq_rel) == 1)
+    // nobody can share what only this string has
+    if (references == 1 || shared->references.fetch_sub(1, std::memory_order_acq_rel) == 1)
         destroy(m_text);
 }
 
@@ -265,17 +267,43 @@ inline bool operator>=(const OdString& first, const OdString& second)
 
 /** The form of a character in which upper and lower case are the same: independent of the user's language, one
     character to one. Used for every comparison without regard to case. */
-OdChar odCaseFold(OdChar character);
+inline OdChar odCaseFold(OdChar character);
 
 /** The character in upper or lower case, independent of the user's language. */
-OdChar odToUpper(OdChar character);
-OdChar odToLower(OdChar character);
+inline OdChar odToUpper(OdChar character);
+inline OdChar odToLower(OdChar character);
+
+/** As the operations above, for characters that are not ASCII. */
+OdChar odCaseFoldBeyondAscii(OdChar character);
+OdChar odToUpperBeyondAscii(OdChar character);
+OdChar odToLowerBeyondAscii(OdChar character);
+
+inline bool odIsAscii(OdChar character)
+{
+    return character >= 0 && character < 0x80;
+}
+inline OdChar odToUpper(OdChar character)
+{
+    if (!odIsAscii(character))
+        return odToUpperBeyondAscii(character);
+    return character >= L'a' && character <= L'z' ? character - 32 : character;
+}
+inline OdChar odToLower(OdChar character)
+{
+    if (!odIsAscii(character))
+        return odToLowerBeyondAscii(character);
+    return character >= L'A' && character <= L'Z' ? character + 32 : character;
+}
+inline OdChar odCaseFold(OdChar character)
+{
+    return odIsAscii(character) ? odToLower(character) : odCaseFoldBeyondAscii(character);
+}
 
 /** True when both texts are the same without regard to case. */
 bool odEqualsNoCase(std::wstring_view first, std::wstring_view second);
 inline bool odEqualsNoCase(const OdString& first, const OdString& second)
 {
-    return odEqualsNoCase(first.view(), second.view());
+    return first.c_str() == second.c_str() || odEqualsNoCase(first.view(), second.view());
 }
 
 /** Compares as OdString::iCompare. */

@@ -18,7 +18,9 @@ public:
     void addRef() override { m_references.fetch_add(1, std::memory_order_relaxed); }
     void release() override
     {
-        if (m_references.fetch_sub(1, std::memory_order_acq_rel) == 1)
+        // nobody can add a reference to the last one
+        if (m_references.load(std::memory_order_acquire) == 1 ||
+            m_references.fetch_sub(1, std::memory_order_acq_rel) == 1)
             delete this;
     }
     long numRefs() const override { return m_references.load(std::memory_order_relaxed); }

@@ -18,38 +18,22 @@ locale_t neutralLocale()
     return locale;
 }
 
-constexpr bool isAsciiLetter(OdChar character, OdChar first)
-{
-    return character >= first && character <= first + 25;
-}
-
-constexpr bool isAscii(OdChar character)
-{
-    return character >= 0 && character < 0x80;
-}
-
 } // namespace
 
-OdChar odToUpper(OdChar character)
+OdChar odToUpperBeyondAscii(OdChar character)
 {
-    if (isAscii(character))
-        return isAsciiLetter(character, L'a') ? character - 32 : character;
     return static_cast<OdChar>(towupper_l(static_cast<wint_t>(character), neutralLocale()));
 }
 
-OdChar odToLower(OdChar character)
+OdChar odToLowerBeyondAscii(OdChar character)
 {
-    if (isAscii(character))
-        return isAsciiLetter(character, L'A') ? character + 32 : character;
     return static_cast<OdChar>(towlower_l(static_cast<wint_t>(character), neutralLocale()));
 }
 
-OdChar odCaseFold(OdChar character)
+OdChar odCaseFoldBeyondAscii(OdChar character)
 {
     constexpr OdChar kDottedCapitalI = 0x130;
     constexpr OdChar kDotlessSmallI = 0x131;
-    if (isAscii(character))
-        return isAsciiLetter(character, L'A') ? character + 32 : character;
     if (character == kDottedCapitalI || character == kDotlessSmallI)
         return character;
     return odToLower(odToUpper(character));
@@ -72,5 +56,10 @@ int odCompareNoCase(std::wstring_view first, std::wstring_view second)
 
 bool odEqualsNoCase(std::wstring_view first, std::wstring_view second)
 {
-    return first.size() == second.size() && odCompareNoCase(first, second) == 0;
+    if (first.size() != second.size())
+        return false;
+    for (std::size_t i = 0; i < first.size(); ++i)
+        if (first[i] != second[i] && odCaseFold(first[i]) != odCaseFold(second[i]))
+            return false;
+    return true;
 }

@@ -2,6 +2,7 @@
 #include "RxDictionary.h"
 
 #include <algorithm>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <unordered_map>
@@ -9,6 +10,7 @@
 
 #include "OdError.h"
 #include "RxObjectImpl.h"
+#include "rx/FoldedKeys.h"
 
 ODRX_NO_CONS_DEFINE_MEMBERS(OdRxIterator, OdRxObject)
 ODRX_NO_CONS_DEFINE_MEMBERS(OdRxDictionaryIterator, OdRxIterator)
@@ -21,24 +23,13 @@ struct KeyRule
 {
     bool caseSensitive;
 
-    OdChar fold(OdChar character) const
-    {
-        if (caseSensitive)
-            return character;
-        if (character >= L'a' && character <= L'z') // most characters of most keys; small letters are what is folded to
-            return character;
-        return odCaseFold(character);
-    }
     std::size_t operator()(const OdString& key) const
     {
-        std::size_t hash = 14695981039346656037u;
-        for (const OdChar character : key.view())
-            hash = (hash ^ static_cast<std::size_t>(fold(character))) * 1099511628211u;
-        return hash;
+        return caseSensitive ? odkeys::hashOf(key.view(), std::identity()) : odkeys::FoldedHash()(key);
     }
     bool operator()(const OdString& first, const OdString& second) const
     {
-        return caseSensitive ? first == second : odEqualsNoCase(first.view(), second.view());
+        return caseSensitive ? first == second : odkeys::FoldedEqual()(first, second);
     }
     bool isLess(const OdString& first, const OdString& second) const
     {

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cwctype>
+#include <functional>
 
 #include "OdError.h"
 
@@ -21,6 +22,23 @@ std::wstring_view viewOf(const OdChar* text)
 int positionOf(std::size_t found)
 {
     return found == std::wstring_view::npos ? -1 : static_cast<int>(found);
+}
+
+// The sets are short: looking through one costs less than a call.
+auto isOneOf(std::wstring_view set)
+{
+    return [set](OdChar character)
+    {
+        for (const OdChar candidate : set)
+            if (candidate == character)
+                return true;
+        return false;
+    };
+}
+
+std::size_t countLeading(std::wstring_view text, auto condition)
+{
+    return static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), condition) - text.begin());
 }
 
 std::size_t startAt(int start)
@@ -47,7 +65,7 @@ void OdString::setAt(int index, OdChar character)
 
 bool OdString::isAscii() const
 {
-    return std::ranges::all_of(view(), [](OdChar character) { return character >= 0 && character < 0x80; });
+    return std::ranges::all_of(view(), odIsAscii);
 }
 
 int OdString::compare(const OdChar* other) const
@@ -93,14 +111,12 @@ OdString OdString::right(int count) const
 
 OdString OdString::spanIncluding(const OdChar* characters) const
 {
-    const std::size_t end = view().find_first_not_of(viewOf(characters));
-    return end == std::wstring_view::npos ? *this : left(static_cast<int>(end));
+    return left(static_cast<int>(countLeading(view(), isOneOf(viewOf(characters)))));
 }
 
 OdString OdString::spanExcluding(const OdChar* characters) const
 {
-    const std::size_t end = view().find_first_of(viewOf(characters));
-    return end == std::wstring_view::npos ? *this : left(static_cast<int>(end));
+    return left(static_cast<int>(countLeading(view(), std::not_fn(isOneOf(viewOf(characters))))));
 }
 
 int OdString::find(OdChar character, int start) const
@@ -159,13 +175,13 @@ void mapCharacters(OdString& text, Map map)
 
 OdString& OdString::makeUpper()
 {
-    mapCharacters(*this, odToUpper);
+    mapCharacters(*this, [](OdChar character) { return odToUpper(character); });
     return *this;
 }
 
 OdString& OdString::makeLower()
 {
-    mapCharacters(*this, odToLower);
+    mapCharacters(*this, [](OdChar character) { return odToLower(character); });
     return *this;
 }
 
@@ -210,7 +226,9 @@ OdString& OdString::trimRight(OdChar character)
 
 OdString& OdString::trimRight(const OdChar* characters)
 {
-    return keep(0, view().find_last_not_of(viewOf(characters)) + 1);
+    const std::wstring_view text = view();
+    const auto last = std::find_if_not(text.rbegin(), text.rend(), isOneOf(viewOf(characters)));
+    return keep(0, static_cast<std::size_t>(text.rend() - last));
 }
 
 OdString& OdString::trimLeft()
@@ -226,7 +244,7 @@ OdString& OdString::trimLeft(OdChar character)
 
 OdString& OdString::trimLeft(const OdChar* characters)
 {
-    const std::size_t first = std::min(view().find_first_not_of(viewOf(characters)), view().size());
+    const std::size_t first = countLeading(view(), isOneOf(viewOf(characters)));
     return keep(first, view().size() - first);
 }
 
@@ -316,8 +334,43 @@ OdString formatLong(const OdChar* format, va_list arguments)
 
 } // namespace
 
+namespace
+{
+
+// Puts texts in the places of a format that has places for nothing else, as most messages are. False, with nothing
+// done, for other formats.
+bool formatTexts(std::wstring_view format, va_list arguments, OdString& text)
+{
+    constexpr std::wstring_view kPlace = L"%ls";
+    std::wstring made;
+    made.reserve(2 * format.size());
+    while (!format.empty())
+    {
+        const std::size_t place = std::min(format.find(L'%'), format.size());
+        made.append(format.substr(0, place));
+        format.remove_prefix(place);
+        if (format.empty())
+            break;
+        const OdChar* const argument = format.starts_with(kPlace) ? va_arg(arguments, const OdChar*) : nullptr;
+        if (!argument)
+            return false;
+        made.append(argument);
+        format.remove_prefix(kPlace.size());
+    }
+    text = OdString(made);
+    return true;
+}
+
+} // namespace
+
 OdString& OdString::formatV(const OdChar* format, va_list arguments)
 {
+    va_list texts;
+    va_copy(texts, arguments);
+    const bool isFormatted = formatTexts(viewOf(format), texts, *this);
+    va_end(texts);
+    if (isFormatted)
+        return *this;
     OdChar small[256];
     va_list again;
     va_copy(again, arguments);

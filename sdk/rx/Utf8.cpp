@@ -4,7 +4,7 @@
 #include "OdString.h"
 
 #include <algorithm>
-#include <type_traits>
+#include <cstring>
 
 namespace odutf8
 {
@@ -107,20 +107,18 @@ std::size_t countCharacters(std::string_view utf8)
 } // namespace odutf8
 
 // Most texts are ASCII from the first to the last character, and take no more than a copy.
-template<class Character>
-static std::size_t countAscii(std::basic_string_view<Character> text)
+static std::size_t countAscii(std::string_view text)
 {
-    using Unsigned = std::make_unsigned_t<Character>;
     constexpr std::size_t kBlock = 16;
     std::size_t count = 0;
-    for (Unsigned all = 0; count + kBlock <= text.size(); count += kBlock)
+    for (unsigned char all = 0; count + kBlock <= text.size(); count += kBlock)
     {
         for (std::size_t i = 0; i < kBlock; ++i)
-            all |= static_cast<Unsigned>(text[count + i]);
+            all |= static_cast<unsigned char>(text[count + i]);
         if (all >= 0x80)
             break;
     }
-    while (count < text.size() && static_cast<Unsigned>(text[count]) < 0x80)
+    while (count < text.size() && static_cast<unsigned char>(text[count]) < 0x80)
         ++count;
     return count;
 }
@@ -140,13 +138,35 @@ OdString odUtf8ToString(std::string_view utf8)
     return text;
 }
 
+// Copies the ASCII characters that the text begins with, and returns how many they are. There is room for all of it.
+static std::size_t copyAscii(std::wstring_view text, char* target)
+{
+    constexpr std::size_t kBlock = 8;
+    std::size_t count = 0;
+    for (; count + kBlock <= text.size(); count += kBlock)
+    {
+        wchar_t all = 0;
+        char block[kBlock];
+        for (std::size_t i = 0; i < kBlock; ++i)
+        {
+            all |= text[count + i];
+            block[i] = static_cast<char>(text[count + i]);
+        }
+        if (!odIsAscii(all))
+            break;
+        std::memcpy(target + count, block, kBlock);
+    }
+    for (; count < text.size() && odIsAscii(text[count]); ++count)
+        target[count] = static_cast<char>(text[count]);
+    return count;
+}
+
 void odAppendUtf8(std::string& buffer, std::wstring_view text)
 {
-    const std::size_t ascii = countAscii(text);
     const std::size_t before = buffer.size();
+    buffer.resize(before + text.size());
+    const std::size_t ascii = copyAscii(text, buffer.data() + before);
     buffer.resize(before + ascii);
-    for (std::size_t i = 0; i < ascii; ++i)
-        buffer[before + i] = static_cast<char>(text[i]);
     for (std::size_t i = ascii; i < text.size();)
         odutf8::appendCharacter(buffer, odutf8::takeCharacter(text, i));
 }

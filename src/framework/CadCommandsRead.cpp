@@ -68,10 +68,15 @@ static bool IsString(const OdResBufPtr& pElement)
     return pElement && pElement->restype() == OdResBuf::kRtString;
 }
 
+static bool NamesArray(const OdString& strName)
+{
+    return strName.view().ends_with(L"ARRAY"); // names are in upper case
+}
+
 static OdResBufPtr SkipValue(OdResBufPtr pElement, const OdString& strName)
 {
     if (IsString(pElement))
-        return strName.right(5).iCompare(L"ARRAY") == 0 ? pElement : pElement->next();
+        return NamesArray(strName) ? pElement : pElement->next();
     while (pElement && !IsString(pElement))
         pElement = pElement->next();
     return pElement;

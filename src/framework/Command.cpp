@@ -44,8 +44,9 @@ static CheckedObject ObjectOf(EFrameCheck eCheck, OdEdCommandContext* pContext)
     return {};
 }
 
-[[noreturn]] static void Refuse(const FrameCheckRow& row, const CheckedObject& object, const OdString& strFunction)
+[[noreturn]] static void Refuse(const FrameCheckRow& row, const CheckedObject& object, const CommandRow& command)
 {
+    const OdString strFunction = command.FunctionName();
     switch (row.eError)
     {
     case EFrameError::InvalidArgument:
@@ -57,11 +58,11 @@ static CheckedObject ObjectOf(EFrameCheck eCheck, OdEdCommandContext* pContext)
     }
 }
 
-static void RequireAll(FrameChecks checks, OdEdCommandContext* pContext, const OdString& strFunction)
+static void RequireAll(FrameChecks checks, OdEdCommandContext* pContext, const CommandRow& command)
 {
     for (const FrameCheckRow& row : checks)
         if (const CheckedObject object = ObjectOf(row.eCheck, pContext); !object.IsThere())
-            Refuse(row, object, strFunction);
+            Refuse(row, object, command);
 }
 
 // ---- Work
@@ -69,7 +70,7 @@ static void RequireAll(FrameChecks checks, OdEdCommandContext* pContext, const O
 
 void CCommand::execute(OdEdCommandContext* context)
 {
-    RequireAll(m_checks, context, OdString(m_row.pszClass) + L"::execute");
+    RequireAll(m_checks, context, m_row);
     const OdDbCommandContextPtr pContext = OdDbCommandContext::cast(context);
     CCommandCall call(m_row, *pContext);
     if (flags() & eCommandFlagTransaction)
@@ -118,12 +119,12 @@ OdString CCommandCall::JsonText(const OdString& strPrompt, int iOptions)
     return bHasParameters ? CadCommands::FindJsonText(Parameters()) : AskString(strPrompt, OdString(), iOptions);
 }
 
-OdResBufPtr CCommandCall::Call(const OdChar* pszGroup, const OdChar* pszCommand, const OdResBufPtr& pParameters,
-                               const OdChar* pszResult)
+OdResBufPtr CCommandCall::Call(const OdString& strGroup, const OdString& strCommand, const OdResBufPtr& pParameters,
+                               const OdString& strResult)
 {
     const CFunctionIOScope own(*FunctionIO());
-    CadCommands::Execute(&m_context, pszCommand, pszGroup, pParameters);
-    return CadCommands::GetValueFromResult(&m_context, pszResult);
+    CadCommands::Execute(&m_context, strCommand, strGroup, pParameters);
+    return CadCommands::GetValueFromResult(&m_context, strResult);
 }
 
 OdDbObjectId CCommandCall::CallForId(const OdChar* pszGroup, const OdChar* pszCommand, const OdResBufPtr& pParameters)

@@ -15,6 +15,9 @@ struct CommandRow
     const OdChar* pszGroup;
     const OdChar* pszName;
     OdUInt32 uiFlags;
+
+    /** What errors name as their function. */
+    OdString FunctionName() const { return OdString(pszClass) + L"::execute"; }
 };
 
 /** What a frame requires of the context of a command: that something is there and of the right class. */
@@ -67,7 +70,7 @@ public:
     OdEdFunctionIO* FunctionIO() { return m_context.funcIO(); }
 
     /** What errors name as their function: the class and "::execute". */
-    OdString FunctionName() const { return OdString(m_row.pszClass) + L"::execute"; }
+    OdString FunctionName() const { return m_row.FunctionName(); }
 
     /** The parameter chain, null when there is none. */
     OdResBufPtr Parameters();
@@ -83,8 +86,8 @@ public:
 
     /** Runs another command and returns the value of that name in its result, null when it has none. Afterwards the
         parameters and the result of this command are what they were before, also when the other one throws. */
-    OdResBufPtr Call(const OdChar* pszGroup, const OdChar* pszCommand, const OdResBufPtr& pParameters,
-                     const OdChar* pszResult);
+    OdResBufPtr Call(const OdString& strGroup, const OdString& strCommand, const OdResBufPtr& pParameters,
+                     const OdString& strResult);
 
     /** As Call, for the results "OBJECTID" and "OBJECTIDARRAY"; null and empty when there is none. */
     OdDbObjectId CallForId(const OdChar* pszGroup, const OdChar* pszCommand, const OdResBufPtr& pParameters);
@@ -106,10 +109,13 @@ class CCommand : public OdEdCommand
 {
 public:
     /** Both have to outlive the command. */
-    CCommand(const CommandRow& row, FrameChecks checks) : m_row(row), m_checks(checks) {}
+    CCommand(const CommandRow& row, FrameChecks checks)
+        : m_row(row), m_checks(checks), m_strGroup(row.pszGroup), m_strName(row.pszName)
+    {
+    }
 
-    OdString groupName() const override { return m_row.pszGroup; }
-    OdString globalName() const override { return m_row.pszName; }
+    OdString groupName() const override { return m_strGroup; }
+    OdString globalName() const override { return m_strName; }
     OdUInt32 flags() const override { return (OdEdCommand::flags() & eCommandFlagsOfSdk) | m_row.uiFlags; }
 
     /** Checks the context, works (in a transaction when the flags say so, which is aborted when anything is thrown,
@@ -128,4 +134,6 @@ private:
 
     const CommandRow& m_row;
     FrameChecks m_checks;
+    OdString m_strGroup;
+    OdString m_strName;
 };

@@ -1,6 +1,8 @@
 // One row for each parameter: its name and how its value is read.
 #include "labels/LabelParameters.h"
 
+#include <functional>
+
 #include "module/ground/Text.h"
 
 namespace
@@ -54,15 +56,15 @@ const ParameterRow* FindRow(const OdString& strName, unsigned uiKnown)
 LabelParameters ReadLabelParameters(CCommandCall& call, unsigned uiKnown)
 {
     LabelParameters parameters;
-    CadCommands::WalkParameters(call.Parameters(),
-                                [&](const OdString& strName, OdResBufPtr& pElement)
-                                {
-                                    const ParameterRow* pRow = FindRow(strName, uiKnown);
-                                    if (!pRow)
-                                        return false;
-                                    pElement = pRow->read(pElement, call.Database(), parameters);
-                                    parameters.uiGiven |= pRow->eParameter;
-                                    return true;
-                                });
+    const auto Read = [&](const OdString& strName, OdResBufPtr& pElement)
+    {
+        const ParameterRow* pRow = FindRow(strName, uiKnown);
+        if (!pRow)
+            return false;
+        pElement = pRow->read(pElement, call.Database(), parameters);
+        parameters.uiGiven |= pRow->eParameter;
+        return true;
+    };
+    CadCommands::WalkParameters(call.Parameters(), std::cref(Read));
     return parameters;
 }

@@ -22,10 +22,15 @@ enum EObjectFlags : OdUInt32
     eFlagTable = 0x2000
 };
 
-OdResBufPtr ReadMarks(const OdDbObject& object)
+const OdString& Application()
 {
     static const OdString strApplication(kDefaultApplication);
-    return object.xData(strApplication);
+    return strApplication;
+}
+
+OdResBufPtr ReadMarks(const OdDbObject& object)
+{
+    return object.xData(Application());
 }
 
 // Goes over the elements of the marks; the first one that is missing or of another type ends the reading.
@@ -139,7 +144,7 @@ OdDbObjectId CZolExtendedData::DataReadFromObject() const
 
 OdResBufPtr CZolExtendedData::GetResultBuffer() const
 {
-    OdResBufPtr pHead = OdResBuf::newRb(OdResBuf::kDxfRegAppName, kDefaultApplication);
+    OdResBufPtr pHead = OdResBuf::newRb(OdResBuf::kDxfRegAppName, Application());
     OdResBufPtr pLast = pHead;
     for (const OdUInt32 uiWord : {m_uiCurrentVersion, m_uiFlags, OdUInt32(m_eExtendedCharacteristicFlags)})
         pLast = pLast->setNext(OdResBuf::newRb(OdResBuf::kDxfXdInteger32, static_cast<OdInt32>(uiWord)).get());
@@ -193,7 +198,7 @@ void CZolExtendedData::RemoveFrom(const OdDbObjectId& id)
 {
     const OdDbObjectPtr pObject = RequireObject(id.openObject(OdDb::kForWrite, true), L"CZolExtendedData::RemoveFrom");
     if (MarksOf(pObject))
-        pObject->setXData(OdResBuf::newRb(OdResBuf::kDxfRegAppName, kDefaultApplication).get());
+        pObject->setXData(OdResBuf::newRb(OdResBuf::kDxfRegAppName, Application()).get());
 }
 
 // ---- Fields

@@ -23,7 +23,8 @@ CUserIOPtr CUserIO::createObject(CCommandHandler* pHandler)
 void CUserIO::Init(CCommandHandler* pHandler)
 {
     m_pHandler = pHandler;
-    m_pModule = odrxDynamicLinker()->lookupModule(kModuleName);
+    static const OdString strModule(kModuleName);
+    m_pModule = odrxDynamicLinker()->lookupModule(strModule);
     if (!m_pModule)
         throw OdError_ModuleInitialization(eNullPtr, kModuleName, L"CUserIO::Init");
 }

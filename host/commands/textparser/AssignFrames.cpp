@@ -37,6 +37,8 @@ void assignFramesOf(Scope& scope, std::vector<FoundText>& texts, std::vector<dou
 
 void assignFrames(FoundTexts& found)
 {
+    if (found.scopes.empty())
+        return;
     std::vector<double> areas(found.texts.size(), std::numeric_limits<double>::infinity());
     for (Scope& scope : found.scopes)
         assignFramesOf(scope, found.texts, areas);

@@ -1,7 +1,9 @@
 // What one list of entities holds for the text parser.
 #include "commands/textparser/BlockContent.h"
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <unordered_set>
 
 #include "Db2dPolyline.h"
@@ -133,6 +135,8 @@ struct ContentReader::Reading
     bool isOne = false; // nothing but one given entity
     LineRectangles lines;
     std::unordered_set<OdDbStub*> taken;
+
+    bool isNew(OdDbObjectId id) { return isOne || taken.insert(static_cast<OdDbStub*>(id)).second; }
 };
 
 void ContentReader::addLineRectangles(Reading& reading)
@@ -188,6 +192,8 @@ BlockContent ContentReader::read(const OdDbObjectIdArray& ids, Source source)
     reading.source = source;
     reading.isOne = source == Source::kGivenEntities && ids.size() == 1;
     take(reading, ids, Stage::kTexts);
+    if (reading.isOne && !reading.content.texts.empty())
+        return std::move(reading.content);
     take(reading, ids, Stage::kAttributes);
     // Most selections are many shapes without any text, which are not worth opening then.
     if (reading.content.texts.empty() && reading.content.blocks.empty())
@@ -205,25 +211,21 @@ void ContentReader::take(Reading& reading, const OdDbObjectIdArray& ids, Stage s
         if (row == nullptr || row->stage != stage)
             continue;
         const Take takeEntity = reading.source == Source::kGivenEntities ? row->takeGiven : row->takeFromDefinition;
-        if (takeEntity != nullptr && reading.taken.insert(static_cast<OdDbStub*>(id)).second)
+        if (takeEntity != nullptr && reading.isNew(id))
             takeEntity(reading, id);
     }
 }
 
 const ContentReader::ClassRow* ContentReader::findRow(OdRxClass* entityClass)
 {
-    const auto [entry, isNew] = m_rows.try_emplace(entityClass, nullptr);
-    if (isNew && entityClass != nullptr)
-    {
-        for (const ClassRow& row : kClasses)
-        {
-            if (!entityClass->isDerivedFrom(row.entityClass()))
-                continue;
-            entry->second = &row;
-            break;
-        }
-    }
-    return entry->second;
+    if (entityClass == m_recentClass)
+        return m_recentRow;
+    const auto row = std::find_if(std::begin(kClasses), std::end(kClasses),
+                                  [entityClass](const ClassRow& candidate)
+                                  { return entityClass->isDerivedFrom(candidate.entityClass()); });
+    m_recentClass = entityClass;
+    m_recentRow = row == std::end(kClasses) ? nullptr : row;
+    return m_recentRow;
 }
 
 void ContentReader::takeText(Reading& reading, OdDbObjectId id)

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <cstddef>
-#include <unordered_map>
 #include <vector>
 
 #include "DbObjectId.h"
@@ -104,7 +103,8 @@ private:
     void take(Reading& reading, const OdDbObjectIdArray& ids, Stage stage);
     const ClassRow* findRow(OdRxClass* entityClass);
 
-    std::unordered_map<OdRxClass*, const ClassRow*> m_rows; // what was found in kClasses, by class
+    OdRxClass* m_recentClass = nullptr; // entities of a class mostly come in a row
+    const ClassRow* m_recentRow = nullptr;
 };
 
 } // namespace textparser

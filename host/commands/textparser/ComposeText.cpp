@@ -84,22 +84,24 @@ std::vector<Line> gatherLines(const std::vector<FoundText>& texts)
     return lines;
 }
 
+void appendText(std::wstring& composed, const FoundText& text)
+{
+    const Markers& markers = kMarkers[static_cast<std::size_t>(text.frame)];
+    if (!composed.empty())
+        composed += L' ';
+    composed.append(markers.before).append(text.characters.view()).append(markers.behind);
+}
+
 } // namespace
 
 OdString composeText(const std::vector<FoundText>& texts)
 {
+    if (texts.size() == 1 && texts.front().frame == FrameKind::kNone)
+        return texts.front().characters;
     std::wstring composed;
     for (const Line& line : gatherLines(texts))
-    {
-        for (const std::size_t index : line)
-        {
-            const FoundText& text = texts[index];
-            const Markers& markers = kMarkers[static_cast<std::size_t>(text.frame)];
-            if (!composed.empty())
-                composed += L' ';
-            composed.append(markers.before).append(text.characters.view()).append(markers.behind);
-        }
-    }
+        for (const std::size_t text : line)
+            appendText(composed, texts[text]);
     return OdString(composed);
 }
 

@@ -83,6 +83,19 @@ bool isBlank(wchar_t character)
     return character <= L' ' || character == 0xA0;
 }
 
+// True for words with single blanks between them already.
+bool isJoined(std::wstring_view text)
+{
+    bool isBehindBlank = true;
+    for (const wchar_t character : text)
+    {
+        if (isBlank(character) && (isBehindBlank || character != L' '))
+            return false;
+        isBehindBlank = isBlank(character);
+    }
+    return text.empty() || !isBehindBlank;
+}
+
 } // namespace
 
 SeenText seenTextOf(const OdDbEntity& entity)
@@ -94,6 +107,8 @@ SeenText seenTextOf(const OdDbEntity& entity)
 
 OdString joinWords(const OdString& text)
 {
+    if (isJoined(text.view()))
+        return text;
     std::wstring joined;
     joined.reserve(static_cast<std::size_t>(text.getLength()));
     bool isBetweenWords = false;
