@@ -186,8 +186,7 @@ int countOfType(const OdResBuf* element, int type)
 
 void writeHandle(JsonWriter& writer, const OdDbObjectId& id)
 {
-    const OdString handle = id.getHandle().ascii();
-    writer.String(handle.c_str(), static_cast<rapidjson::SizeType>(handle.getLength()));
+    writer.printed(id.getHandle().text());
 }
 
 void writePointOf(JsonWriter& writer, const OdResBuf* element)

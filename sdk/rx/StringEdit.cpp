@@ -2,6 +2,7 @@
 #include "OdString.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <cwctype>
@@ -337,28 +338,43 @@ OdString formatLong(const OdChar* format, va_list arguments)
 namespace
 {
 
-// Puts texts in the places of a format that has places for nothing else, as most messages are. False, with nothing
-// done, for other formats.
-bool formatTexts(std::wstring_view format, va_list arguments, OdString& text)
+// A text in the making that is not to be long.
+class SmallText
+{
+public:
+    bool append(std::wstring_view text)
+    {
+        if (text.size() > m_characters.size() - m_length)
+            return false;
+        std::wmemcpy(m_characters.data() + m_length, text.data(), text.size());
+        m_length += text.size();
+        return true;
+    }
+    std::wstring_view view() const { return {m_characters.data(), m_length}; }
+
+private:
+    std::array<OdChar, 256> m_characters;
+    std::size_t m_length = 0;
+};
+
+// Puts texts in the places of a format that has places for nothing else, as most messages are. False for other formats,
+// and for what gets long.
+bool formatTexts(std::wstring_view format, va_list arguments, SmallText& text)
 {
     constexpr std::wstring_view kPlace = L"%ls";
-    std::wstring made;
-    made.reserve(2 * format.size());
-    while (!format.empty())
+    for (;;)
     {
         const std::size_t place = std::min(format.find(L'%'), format.size());
-        made.append(format.substr(0, place));
+        if (!text.append(format.substr(0, place)))
+            return false;
         format.remove_prefix(place);
         if (format.empty())
-            break;
+            return true;
         const OdChar* const argument = format.starts_with(kPlace) ? va_arg(arguments, const OdChar*) : nullptr;
-        if (!argument)
+        if (!argument || !text.append(argument))
             return false;
-        made.append(argument);
         format.remove_prefix(kPlace.size());
     }
-    text = OdString(made);
-    return true;
 }
 
 } // namespace
@@ -367,10 +383,11 @@ OdString& OdString::formatV(const OdChar* format, va_list arguments)
 {
     va_list texts;
     va_copy(texts, arguments);
-    const bool isFormatted = formatTexts(viewOf(format), texts, *this);
+    SmallText text;
+    const bool isFormatted = formatTexts(viewOf(format), texts, text);
     va_end(texts);
     if (isFormatted)
-        return *this;
+        return *this = OdString(text.view());
     OdChar small[256];
     va_list again;
     va_copy(again, arguments);

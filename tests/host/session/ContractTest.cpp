@@ -332,6 +332,23 @@ TEST_F(Session, AnswersEveryLineOfRubbishAndGoesOn)
     EXPECT_EQ(session().finish(), 1);
 }
 
+TEST_F(Session, AnswersWithTheTextsThatWereSent)
+{
+    const struct
+    {
+        const char* sent;
+        const char* text;
+    } kTexts[] = {
+        {R"(A\"B\\C/D)", "A\"B\\C/D"},
+        {R"(A\u007f\")", "A\x7F\""},
+        {R"(\u0001\u001F\"\\)", "\x01\x1F\"\\"},
+        {R"(\u00e9\")", "\xC3\xA9\""},
+        {R"(\\\ud83d\ude00)", "\\\xF0\x9F\x98\x80"},
+    };
+    for (const auto& [sent, text] : kTexts)
+        EXPECT_EQ(session().send(std::string(R"({"command": ")") + sent + "\"}").text("/command"), text);
+}
+
 TEST_F(Session, AnswersALastLineWithoutALineFeed)
 {
     SessionClient fresh;

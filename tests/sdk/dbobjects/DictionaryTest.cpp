@@ -54,6 +54,9 @@ TEST_F(DictionaryTest, ComparesNamesWithoutCaseInAnyScript)
         {L"\u00C9t\u00E9", L"\u00E9T\u00C9", true},
         {L"\u0416\u0443\u043A", L"\u0436\u0423\u041A", true},
         {L"\u03A3", L"\u03C3", true},
+        {L"Kelvin and more", L"\u212Aelvin AND more", true}, // the sign for kelvin
+        {L"01234567@AZ[az`{", L"01234567@az[AZ`{", true},
+        {L"@AZ[", L"`az{", false},
         {L"stra\u00DFe", L"strasse", false},
         {L"e\u0301", L"\u00E9", false},
         {L"\U0001F600", L"\U0001F601", false},

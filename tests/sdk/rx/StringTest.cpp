@@ -158,6 +158,9 @@ TEST(String, FormatsTextsOfAnyLength)
     EXPECT_EQ(text.format(L"<%ls>%d", big.c_str(), -5).getLength(), 100004);
     EXPECT_EQ(text.right(4).compare(L"é>-5"), 0);
     EXPECT_TRUE(text.format(L"%s", "plain") == L"plain");
+    EXPECT_TRUE(text.format(L"%ls%ls, \"%ls\"", L"a%ls", L"", L"\u00E9") == L"a%ls, \"\u00E9\"");
+    EXPECT_TRUE(text.format(L"%ls is %3ls%%", L"it", L"9") == L"it is   9%");
+    EXPECT_TRUE(text.format(L"<%ls>", static_cast<const OdChar*>(nullptr)) == L"<(null)>");
     text = L"kept";
     EXPECT_EQ(support::codeOf([&] { text.format(L"%lc", static_cast<wint_t>(0x7FFFFFFF)); }), eOk);
     text = L"kept";
