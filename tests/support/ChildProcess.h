@@ -174,8 +174,7 @@ private:
 struct Transcript
 {
     int code;
-    std::string output;
-    std::string errors;
+    std::string output, errors;
 };
 
 inline Transcript transcriptOf(const std::vector<std::string>& command, const std::string& input = {},

@@ -1,4 +1,4 @@
-// The codes of errors, for tests that attack.
+// Errors and their codes, for tests that attack.
 #pragma once
 
 #include "OdError.h"
@@ -6,19 +6,25 @@
 namespace support
 {
 
-/// The code of the OdError that the work throws, eOk when it throws none.
+/// The OdError that the work throws, one of the code eOk when it throws none.
 template<class Work>
-OdResult codeOf(Work work)
+OdError caught(Work work)
 {
     try
     {
         work();
-        return eOk;
     }
     catch (const OdError& error)
     {
-        return error.code();
+        return error;
     }
+    return OdError(eOk);
+}
+
+template<class Work>
+OdResult codeOf(Work work)
+{
+    return caught(work).code();
 }
 
 } // namespace support

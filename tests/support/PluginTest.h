@@ -7,7 +7,6 @@
 #include <deque>
 #include <functional>
 #include <map>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -28,6 +27,7 @@
 #include "framework/CadCommands.h"
 #include "module/ground/ModuleName.h"
 #include "module/registration/ModuleCad.h"
+#include "support/ErrorCode.h"
 
 namespace plugintest
 {
@@ -74,15 +74,8 @@ inline Fault faultOf(const OdError& error)
 /// The error that work throws, copied as hosts copy errors; a fault of code 0 when it throws none.
 inline Fault thrownBy(const std::function<void()>& work)
 {
-    try
-    {
-        work();
-    }
-    catch (const OdError& error)
-    {
-        return faultOf(OdError(error));
-    }
-    return {};
+    const OdError error = support::caught(work);
+    return error.code() == eOk ? Fault() : faultOf(error);
 }
 
 // ---- The host -------------------------------------------------------------------------------------------------------

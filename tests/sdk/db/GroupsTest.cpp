@@ -2,11 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <bit>
-#include <cmath>
 #include <limits>
 #include <random>
 #include <string>
-#include <variant>
 #include <vector>
 
 #include "db/Groups.h"
@@ -21,7 +19,9 @@ struct Plain
 {
     int code;
     GroupType type;
-    std::variant<std::string, double, std::int64_t, OdDbStub*> value;
+    std::string text;
+    std::int64_t number = 0; ///< of a real its bits
+    OdDbStub* stub = nullptr;
 };
 
 OdDbStub theStubs[8];
@@ -61,13 +61,13 @@ Plain randomGroup(std::mt19937& random)
     case 0:
         return {code, GroupType::Text, strangeText(random)};
     case 1:
-        return {code, GroupType::Real, strangeDouble(random)};
+        return {code, GroupType::Real, {}, std::bit_cast<std::int64_t>(strangeDouble(random))};
     case 2:
-        return {code, GroupType::Integer, strangeInteger(random)};
+        return {code, GroupType::Integer, {}, strangeInteger(random)};
     case 3:
-        return {code, GroupType::Boolean, std::int64_t(random() % 2)};
+        return {code, GroupType::Boolean, {}, std::int64_t(random() % 2)};
     case 4:
-        return {code, GroupType::Id, random() % 4 ? &theStubs[random() % 8] : nullptr};
+        return {code, GroupType::Id, {}, 0, random() % 4 ? &theStubs[random() % 8] : nullptr};
     default:
         return {code, GroupType::Binary, strangeText(random)};
     }
@@ -75,51 +75,29 @@ Plain randomGroup(std::mt19937& random)
 
 void append(GroupsBuilder& builder, const Plain& plain)
 {
-    switch (plain.type)
-    {
-    case GroupType::Text:
-        builder.text(plain.code, std::get<std::string>(plain.value));
-        break;
-    case GroupType::Real:
-        builder.real(plain.code, std::get<double>(plain.value));
-        break;
-    case GroupType::Integer:
-        builder.integer(plain.code, std::get<std::int64_t>(plain.value));
-        break;
-    case GroupType::Boolean:
-        builder.boolean(plain.code, std::get<std::int64_t>(plain.value) != 0);
-        break;
-    case GroupType::Binary:
-        builder.binary(plain.code, std::get<std::string>(plain.value));
-        break;
-    default:
-        builder.id(plain.code, std::get<OdDbStub*>(plain.value));
-    }
+    if (plain.type == GroupType::Text)
+        builder.text(plain.code, plain.text);
+    else if (plain.type == GroupType::Real)
+        builder.real(plain.code, std::bit_cast<double>(plain.number));
+    else if (plain.type == GroupType::Integer)
+        builder.integer(plain.code, plain.number);
+    else if (plain.type == GroupType::Boolean)
+        builder.boolean(plain.code, plain.number != 0);
+    else if (plain.type == GroupType::Binary)
+        builder.binary(plain.code, plain.text);
+    else
+        builder.id(plain.code, plain.stub);
 }
 
 void expectSame(const GroupView& group, const Plain& plain)
 {
     ASSERT_EQ(group.code(), plain.code);
     ASSERT_EQ(group.type(), plain.type);
-    switch (plain.type)
-    {
-    case GroupType::Text:
-        ASSERT_EQ(group.text(), std::get<std::string>(plain.value));
-        break;
-    case GroupType::Binary:
-        ASSERT_EQ(group.binary(), std::get<std::string>(plain.value));
-        break;
-    case GroupType::Real: // to the bit, also for what is no number and for the two zeros
-        ASSERT_EQ(std::bit_cast<std::uint64_t>(group.real()),
-                  std::bit_cast<std::uint64_t>(std::get<double>(plain.value)));
-        break;
-    case GroupType::Integer:
-    case GroupType::Boolean:
-        ASSERT_EQ(group.integer(), std::get<std::int64_t>(plain.value));
-        break;
-    default:
-        ASSERT_EQ(group.stub(), std::get<OdDbStub*>(plain.value));
-    }
+    ASSERT_EQ(plain.type == GroupType::Binary ? group.binary() : group.text(), plain.text);
+    // Reals to the bit, also what is no number and the two zeros.
+    ASSERT_EQ(plain.type == GroupType::Real ? std::bit_cast<std::int64_t>(group.real()) : group.integer(),
+              plain.number);
+    ASSERT_EQ(group.stub(), plain.stub);
 }
 
 TEST(Groups, GiveBackWhatWasAppended)

@@ -10,14 +10,7 @@
 namespace
 {
 
-struct TextCase
-{
-    const char* text;
-    bool isHandle;
-    OdUInt64 value;
-};
-
-constexpr TextCase kTexts[] = {
+constexpr std::tuple<const char*, bool, OdUInt64> kTexts[] = {
     {"0", true, 0},
     {"2A", true, 0x2A},
     {"2a", true, 0x2A},
@@ -39,12 +32,12 @@ constexpr TextCase kTexts[] = {
 
 TEST(Handle, ReadsHexadecimalTextAndNothingElse)
 {
-    for (const TextCase& test : kTexts)
+    for (const auto& [text, isHandle, value] : kTexts)
     {
         OdDbHandle handle(OdUInt64(77));
-        EXPECT_EQ(OdDbHandle::parse(test.text, handle), test.isHandle) << '"' << test.text << '"';
-        EXPECT_EQ(OdUInt64(handle), test.isHandle ? test.value : 77) << '"' << test.text << '"';
-        EXPECT_EQ(OdUInt64(OdDbHandle(odUtf8ToString(test.text))), test.value) << '"' << test.text << '"';
+        EXPECT_EQ(OdDbHandle::parse(text, handle), isHandle) << '"' << text << '"';
+        EXPECT_EQ(OdUInt64(handle), isHandle ? value : 77) << '"' << text << '"';
+        EXPECT_EQ(OdUInt64(OdDbHandle(odUtf8ToString(text))), value) << '"' << text << '"';
     }
 }
 

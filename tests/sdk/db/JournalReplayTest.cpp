@@ -43,51 +43,50 @@ protected:
     std::string before, after;
 };
 
-struct Misdeed
+struct Scene
 {
-    const char* name;
-    std::function<void(CoreDrawing&, Ledger& itself, const OdDbObjectId& other, const OdDbObjectId& record)> act;
+    CoreDrawing& drawing;
+    Ledger& itself;
+    OdDbObjectId other, record;
+
+    LedgerPtr openOther() const { return other.safeOpenObject(OdDb::kForWrite); }
 };
 
-const Misdeed kMisdeeds[] = {
+const std::pair<const char*, std::function<void(const Scene&)>> kMisdeeds[] = {
     {"adds a reactor to another object",
-     [](CoreDrawing&, Ledger& itself, const OdDbObjectId& other, const OdDbObjectId&)
-     { other.safeOpenObject(OdDb::kForWrite)->addPersistentReactor(itself.objectId()); }},
+     [](const Scene& scene) { scene.openOther()->addPersistentReactor(scene.itself.objectId()); }},
     {"removes a reactor of another object",
-     [](CoreDrawing&, Ledger&, const OdDbObjectId& other, const OdDbObjectId& record)
-     { other.safeOpenObject(OdDb::kForWrite)->removePersistentReactor(record); }},
+     [](const Scene& scene) { scene.openOther()->removePersistentReactor(scene.record); }},
     {"sets XData of itself and of another",
-     [](CoreDrawing&, Ledger& itself, const OdDbObjectId& other, const OdDbObjectId&)
+     [](const Scene& scene)
      {
-         itself.setXData(xdataChain(L"TWO", 9, L"x"));
-         other.safeOpenObject(OdDb::kForWrite)->setXData(xdataRemoval(L"ONE"));
+         scene.itself.setXData(xdataChain(L"TWO", 9, L"x"));
+         scene.openOther()->setXData(xdataRemoval(L"ONE"));
      }},
-    {"erases another object", [](CoreDrawing&, Ledger&, const OdDbObjectId& other, const OdDbObjectId&)
-     { other.safeOpenObject(OdDb::kForWrite)->erase(); }},
+    {"erases another object", [](const Scene& scene) { scene.openOther()->erase(); }},
     {"changes the fields of another object",
-     [](CoreDrawing&, Ledger& itself, const OdDbObjectId& other, const OdDbObjectId&)
+     [](const Scene& scene)
      {
-         if (itself.objectId() != other)
-             LedgerPtr(other.safeOpenObject(OdDb::kForWrite))->put(L"from outside");
+         if (scene.itself.objectId() != scene.other)
+             scene.openOther()->put(L"from outside");
      }},
-    {"changes the groups of another object", [](CoreDrawing& drawing, Ledger&, const OdDbObjectId&,
-                                                const OdDbObjectId& record) { drawing.setRecord(record, 99); }},
-    {"gives another object away", [](CoreDrawing&, Ledger& itself, const OdDbObjectId& other, const OdDbObjectId&)
-     { other.safeOpenObject(OdDb::kForWrite)->setOwnerId(itself.objectId()); }},
-    {"makes an object", [](CoreDrawing& drawing, Ledger&, const OdDbObjectId&, const OdDbObjectId&)
-     { EXPECT_TRUE(drawing.db->addOdDbObject(Ledger::createObject()).isNull()); }},
+    {"changes the groups of another object", [](const Scene& scene) { scene.drawing.setRecord(scene.record, 99); }},
+    {"gives another object away", [](const Scene& scene) { scene.openOther()->setOwnerId(scene.itself.objectId()); }},
+    {"makes an object",
+     [](const Scene& scene) { EXPECT_TRUE(scene.drawing.db->addOdDbObject(Ledger::createObject()).isNull()); }},
 };
 
 TEST_F(JournalReplay, EndsInTheRecordedStateWhateverObjectsDo)
 {
-    for (const Misdeed& misdeed : kMisdeeds)
+    for (const auto& misdeed : kMisdeeds)
     {
-        Ledger::whileReading = [&](Ledger& ledger) { misdeed.act(drawing, ledger, second, record); };
+        SCOPED_TRACE(misdeed.first);
+        Ledger::whileReading = [&](Ledger& ledger) { misdeed.second({drawing, ledger, second, record}); };
         drawing.db->undo();
-        EXPECT_EQ(drawing.snapshot(), before) << misdeed.name;
+        EXPECT_EQ(drawing.snapshot(), before);
         drawing.db->redo();
-        EXPECT_EQ(drawing.snapshot(), after) << misdeed.name;
-        EXPECT_EQ(drawing.journal().recordCount(), 1u) << misdeed.name;
+        EXPECT_EQ(drawing.snapshot(), after);
+        EXPECT_EQ(drawing.journal().recordCount(), 1u);
     }
 }
 

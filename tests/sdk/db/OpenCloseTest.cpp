@@ -36,14 +36,7 @@ OdDbObjectPtr hold(const OdDbObjectId& id, Held held)
     return object;
 }
 
-struct OpenCase
-{
-    Held held;
-    OdDb::OpenMode mode;
-    OdResult result;
-};
-
-constexpr OpenCase kOpenCases[] = {
+constexpr std::tuple<Held, OdDb::OpenMode, OdResult> kOpenCases[] = {
     {Held::Nothing, OdDb::kForRead, eOk},
     {Held::Nothing, OdDb::kForWrite, eOk},
     {Held::Nothing, OdDb::kForNotify, eOk},
@@ -64,12 +57,11 @@ TEST(OpenClose, WhoMayOpenWhatIsHeld)
 {
     CoreDrawing drawing;
     const OdDbObjectId id = drawing.addLedger();
-    for (const OpenCase& test : kOpenCases)
+    for (const auto& [first, mode, result] : kOpenCases)
     {
-        const OdDbObjectPtr held = hold(id, test.held);
-        EXPECT_EQ(codeOf([&] { id.safeOpenObject(test.mode); }), test.result)
-            << int(test.held) << " then " << test.mode;
-        EXPECT_EQ(id.openObject(test.mode).isNull(), test.result != eOk);
+        const OdDbObjectPtr held = hold(id, first);
+        EXPECT_EQ(codeOf([&, how = mode] { id.safeOpenObject(how); }), result) << int(first) << " then " << mode;
+        EXPECT_EQ(id.openObject(mode).isNull(), result != eOk);
     }
     // Nothing is left open by any of these.
     EXPECT_EQ(codeOf([&] { id.safeOpenObject(OdDb::kForWrite); }), eOk);

@@ -98,45 +98,23 @@ TEST_F(XData, CarriesEveryKindOfValue)
 TEST_F(XData, RefusesWhatIsNoneAndChangesNothing)
 {
     object->setXData(xdataChain(L"TWO", 2, L"b"));
-    struct
+    const auto before = [](const OdResBufPtr& tail)
     {
-        OdResBufPtr chain;
-        OdResult result;
-    } const cases[] = {
+        const OdResBufPtr chain = xdataChain(L"TWO", 9, L"");
+        chain->last()->setNext(tail);
+        return chain;
+    };
+    const std::pair<OdResBufPtr, OdResult> cases[] = {
         {OdResBuf::newRb(1000, L"no name first"), eInvalidResBuf},
         {xdataChain(L"NOBODY", 1, L""), eRegappIdNotFound},
-        {[]
-         {
-             OdResBufPtr c = xdataChain(L"TWO", 9, L"");
-             c->last()->setNext(OdResBuf::newRb(40, 1.0));
-             return c;
-         }(),
-         eInvalidResBuf},
-        {[]
-         {
-             OdResBufPtr c = xdataChain(L"TWO", 9, L"");
-             c->last()->setNext(OdResBuf::newRb(1000, 1.0));
-             return c;
-         }(),
-         eInvalidResBuf},
-        {[]
-         {
-             OdResBufPtr c = xdataChain(L"TWO", 9, L"");
-             c->last()->setNext(OdResBuf::newRb(1072, 1));
-             return c;
-         }(),
-         eInvalidResBuf},
-        {[]
-         {
-             OdResBufPtr c = xdataChain(L"TWO", 9, L"");
-             c->last()->setNext(xdataChain(L"NOBODY", 1, L""));
-             return c;
-         }(),
-         eRegappIdNotFound},
+        {before(OdResBuf::newRb(40, 1.0)), eInvalidResBuf},
+        {before(OdResBuf::newRb(1000, 1.0)), eInvalidResBuf},
+        {before(OdResBuf::newRb(1072, 1)), eInvalidResBuf},
+        {before(xdataChain(L"NOBODY", 1, L"")), eRegappIdNotFound},
     };
     for (const auto& test : cases)
     {
-        EXPECT_EQ(codeOf([&] { object->setXData(test.chain); }), test.result);
+        EXPECT_EQ(codeOf([&] { object->setXData(test.first); }), test.second);
         EXPECT_EQ(print(object->xData()), "1001=TWO 1071=2 1000=b ");
     }
     EXPECT_EQ(codeOf([] { Ledger::createObject()->setXData(xdataChain(L"ONE", 1, L"")); }), eNoDatabase);

@@ -6,7 +6,6 @@
 
 #include "DbBlockTable.h"
 #include "DbBlockTableRecord.h"
-#include "DbDimStyleTableRecord.h"
 #include "DbLayerTable.h"
 #include "DbLayerTableRecord.h"
 #include "DbLine.h"
@@ -15,6 +14,7 @@
 #include "DbRegAppTableRecord.h"
 #include "DbTextStyleTableRecord.h"
 #include "DbUCSTableRecord.h"
+#include "DbViewport.h"
 #include "DbViewportTable.h"
 #include "DbViewportTableRecord.h"
 #include "ObjectsTest.h"
@@ -101,19 +101,6 @@ TEST_F(SymbolTableTest, FollowsNamesThroughErasingAndUndo)
         database->redo();
     EXPECT_EQ(layers()->getAt(L"else"), second);
     EXPECT_FALSE(layers()->has(OdString(L"name")));
-}
-
-TEST_F(SymbolTableTest, IsFollowedByThoseWhoReferToARecord)
-{
-    const OdDbObjectId id = addLayer(L"Before");
-    OdDbLinePtr line = OdDbLine::createObject();
-    open<OdDbBlockTableRecord>(database->getModelSpaceId(), OdDb::kForWrite)->appendOdDbEntity(line);
-    ASSERT_EQ(line->setLayer(id), eOk);
-    recorded([&] { layer(id)->setName(L"Behind"); });
-    EXPECT_TRUE(line->layer() == L"Behind");
-    database->undo();
-    EXPECT_TRUE(line->layer() == L"Before");
-    EXPECT_EQ(line->layerId(), id);
 }
 
 TEST_F(SymbolTableTest, KeepsWhatEveryDrawingNeeds)
@@ -250,6 +237,7 @@ TEST_F(SymbolTableTest, RefusesNumbersWithoutMeaning)
     const OdDbTextStyleTableRecordPtr style = OdDbTextStyleTableRecord::createObject();
     const OdDbUCSTableRecordPtr ucs = OdDbUCSTableRecord::createObject();
     const OdDbViewportTableRecordPtr view = OdDbViewportTableRecord::createObject();
+    const OdDbViewportPtr sheet = OdDbViewport::createObject();
     const OdDbLinetypeTableRecordPtr linetype = OdDbLinetypeTableRecord::createObject();
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const std::function<void()> kRefused[] = {
@@ -261,6 +249,9 @@ TEST_F(SymbolTableTest, RefusesNumbersWithoutMeaning)
         [&] { ucs->setAxes(OdGeVector3d(0, 0, 0), OdGeVector3d(1, 1, 0)); },
         [&] { view->setHeight(0.0); },
         [&] { view->setWidth(nan); },
+        [&] { view->setWidth(-1.0); },
+        [&] { sheet->setViewHeight(std::numeric_limits<double>::infinity()); },
+        [&] { sheet->setViewCenter(OdGePoint2d(nan, 0)); },
         [&] { view->setViewDirection(OdGeVector3d(0, 0, 0)); },
         [&] {
             linetype->setDashes({1.0, nan});
@@ -279,24 +270,6 @@ TEST_F(SymbolTableTest, RefusesNumbersWithoutMeaning)
     view->setWidth(25.0);
     EXPECT_EQ(view->width(), 25.0);
     EXPECT_TRUE(view->viewDirection() == OdGeVector3d::kZAxis);
-}
-
-TEST_F(SymbolTableTest, KeepsTheFontOfATextStyle)
-{
-    const OdDbTextStyleTableRecordPtr style = OdDbTextStyleTableRecord::createObject();
-    style->setName(L"Arial");
-    open<OdDbSymbolTable>(database->getTextStyleTableId(), OdDb::kForWrite)->add(style);
-    OdString typeface;
-    bool bold = true, italic = true;
-    int charset = -1, pitch = -1;
-    style->font(typeface, bold, italic, charset, pitch);
-    EXPECT_TRUE(typeface.isEmpty() && !bold && !italic);
-    style->setFont(L"Arial", true, false, 238, 34);
-    style->font(typeface, bold, italic, charset, pitch);
-    EXPECT_TRUE(typeface == L"Arial" && bold && !italic);
-    EXPECT_EQ(charset, 238);
-    EXPECT_EQ(pitch, 34);
-    EXPECT_TRUE(style->fileName() == L"Arial.ttf");
 }
 
 } // namespace

@@ -2,10 +2,10 @@
 #pragma once
 
 #include "DbDatabase.h"
-#include "OdError.h"
 #include "dxf/DrawingReader.h"
 #include "dxf/DrawingWriter.h"
 #include "support/DxfRecords.h"
+#include "support/ErrorCode.h"
 #include "support/SdkProgram.h"
 #include "support/TemporaryFolder.h"
 
@@ -39,13 +39,6 @@ inline std::string reportOf(const OdDbDatabase& database)
 template<class Operation>
 std::string errorOf(Operation operation)
 {
-    try
-    {
-        operation();
-    }
-    catch (const OdError& error)
-    {
-        return odStringToUtf8(error.description());
-    }
-    return {};
+    const OdError error = support::caught(operation);
+    return error.code() == eOk ? "" : odStringToUtf8(error.description());
 }

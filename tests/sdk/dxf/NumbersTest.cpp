@@ -55,9 +55,26 @@ TEST(Numbers, ReadDecimalsLikeTheLibrary)
 
 TEST(Numbers, PrintShort)
 {
-    const std::pair<double, const char*> cases[] = {{0.0, "0.0"},    {-0.0, "-0.0"},    {5.0, "5.0"},
-                                                    {0.1, "0.1"},    {1e20, "1e+20"},   {-2.5, "-2.5"},
-                                                    {1e-9, "1e-09"}, {INFINITY, "0.0"}, {NAN, "0.0"}};
+    const std::pair<double, const char*> cases[] = {{0.0, "0.0"},
+                                                    {-0.0, "-0.0"},
+                                                    {5.0, "5.0"},
+                                                    {0.1, "0.1"},
+                                                    {1e20, "1e+20"},
+                                                    {-2.5, "-2.5"},
+                                                    {1e-9, "1e-09"},
+                                                    {INFINITY, "0.0"},
+                                                    {NAN, "0.0"},
+                                                    // round numbers without exponent
+                                                    {100000.0, "100000.0"},
+                                                    {999999.9999999999, "999999.9999999999"},
+                                                    {1e6, "1000000.0"},
+                                                    {-1e9, "-1000000000.0"},
+                                                    {999999999999.125, "999999999999.125"},
+                                                    {1e14, "100000000000000.0"},
+                                                    {0.0001, "0.0001"},
+                                                    {123456789.000001, "123456789.000001"},
+                                                    {0.30000000000000004, "0.30000000000000004"},
+                                                    {999999999999999, "999999999999999.0"}};
     for (const auto& [value, text] : cases)
         EXPECT_EQ(printed(value), text);
 }
@@ -80,22 +97,6 @@ TEST(Numbers, PrintDecimalsAsTheyAreWritten)
             EXPECT_EQ(printed(value), text);
         }
     }
-}
-
-TEST(Numbers, PrintRoundNumbersWithoutExponent)
-{
-    const std::pair<double, const char*> cases[] = {{100000.0, "100000.0"},
-                                                    {999999.9999999999, "999999.9999999999"},
-                                                    {1e6, "1000000.0"},
-                                                    {-1e9, "-1000000000.0"},
-                                                    {999999999999.125, "999999999999.125"},
-                                                    {1e14, "100000000000000.0"},
-                                                    {0.0001, "0.0001"},
-                                                    {123456789.000001, "123456789.000001"},
-                                                    {0.30000000000000004, "0.30000000000000004"},
-                                                    {999999999999999, "999999999999999.0"}};
-    for (const auto& [value, text] : cases)
-        EXPECT_EQ(printed(value), text);
 }
 
 TEST(Handles, PrintWithoutLeadingZeros)

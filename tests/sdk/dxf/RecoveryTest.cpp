@@ -36,11 +36,7 @@ struct FaultCase
 /// Groups of a whole drawing that stand there as others.
 constexpr struct
 {
-    const char* what;
-    const char* before;
-    const char* now;
-    const char* report;
-    const char* kept;
+    const char *what, *before, *now, *report, *kept;
     bool isMended = true;
 } kFaults[] = {
     {"a handle twice", "0 TEXT|5 51", "0 TEXT|5 50", "the handle 50 is taken", "TEXT"},

@@ -2,10 +2,8 @@
 #include "Drawings.h"
 
 #include "dxf/FileVersions.h"
+#include "support/DrawingFiles.h"
 #include "support/DrawingText.h"
-
-#include <cstdlib>
-#include <filesystem>
 
 #include <gtest/gtest.h>
 
@@ -86,16 +84,6 @@ TEST(Reading, MakesTheNewestVersionOfOldFiles)
     EXPECT_EQ(savedText(*again, OdDb::vAC32), saved);
 }
 
-// The drawings of other programs that the developer has at hand.
-std::vector<std::string> drawingsIn(const std::string& folder)
-{
-    std::vector<std::string> paths;
-    for (const auto& entry : std::filesystem::directory_iterator(folder))
-        if (entry.path().extension() == ".dxf")
-            paths.push_back(entry.path().string());
-    return paths;
-}
-
 // Handles and subclass markers come to old files, so only what they have can be compared: kinds and their numbers.
 std::map<std::string, int> countKinds(std::string_view file)
 {
@@ -114,10 +102,10 @@ void expectKindsKept(std::string_view before, std::string_view after, const std:
 
 TEST(OtherPrograms, LosesNothing)
 {
-    const char* const folder = std::getenv("ZOLCAD_DRAWINGS");
-    if (folder == nullptr)
-        GTEST_SKIP() << "ZOLCAD_DRAWINGS names no folder with drawings";
-    for (const std::string& path : drawingsIn(folder))
+    const std::vector<std::string> paths = support::realDrawings();
+    if (paths.empty())
+        GTEST_SKIP() << support::kNoRealDrawings;
+    for (const std::string& path : paths)
     {
         const std::string before = support::readWholeFile(path);
         const OdDbDatabasePtr database = openText(before);
@@ -136,10 +124,10 @@ TEST(OtherPrograms, LosesNothing)
 
 TEST(OtherPrograms, BrokenOnesAreMendedOrRefused)
 {
-    const char* const folder = std::getenv("ZOLCAD_DRAWINGS");
-    if (folder == nullptr)
-        GTEST_SKIP() << "ZOLCAD_DRAWINGS names no folder with drawings";
-    for (const std::string& path : drawingsIn(std::string(folder) + "/broken"))
+    const std::vector<std::string> paths = support::realDrawings("broken");
+    if (paths.empty())
+        GTEST_SKIP() << support::kNoRealDrawings;
+    for (const std::string& path : paths)
     {
         const std::string file = support::readWholeFile(path);
         OdDbDatabasePtr database;

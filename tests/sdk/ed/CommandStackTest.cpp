@@ -128,13 +128,7 @@ TEST_F(CommandStackTest, FindsByNameInAnyCaseWithinTheGroup)
     add(L"Two", L"éclair");
     add(
         L"Two", L"ЖУК", [](OdEdCommandContext*) {}, L"Beetle");
-    const struct
-    {
-        const OdChar* name;
-        OdUInt32 flags;
-        const OdChar* group;
-        const char* found;
-    } rows[] = {
+    const std::tuple<const OdChar*, OdUInt32, const OdChar*, const char*> rows[] = {
         {L"éclair", 17, L"", "One"},    {L"éCLAIR", 21, L"", "One"},
         {L"ÉCLAIR", 17, L"TWO", "Two"}, {L"ÉCLAIR", 17, L"Three", "none"},
         {L"жук", 3, L"", "Two"},        {L"BEETLE", 3, L"", "Two"},
@@ -142,8 +136,8 @@ TEST_F(CommandStackTest, FindsByNameInAnyCaseWithinTheGroup)
         {L"жук", 17, L"One", "none"},   {L"", 3, L"", "none"},
         {L"éclair ", 3, L"", "none"},   {L"éclair", 16, L"", "none"},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(groupOf(row.name, row.flags, row.group), row.found) << odStringToUtf8(row.name) << row.flags;
+    for (const auto& [name, flags, group, found] : rows)
+        EXPECT_EQ(groupOf(name, flags, group), found) << odStringToUtf8(name) << flags;
 }
 
 TEST_F(CommandStackTest, RefusesCommandsThatCannotBeFound)
@@ -202,11 +196,7 @@ TEST_F(CommandStackTest, TellsHowACommandCameToItsEnd)
             }
         });
     const ListenerPtr listener = listen("L");
-    const struct
-    {
-        const OdChar* name;
-        const char* log;
-    } rows[] = {
+    const std::pair<const OdChar*, const char*> rows[] = {
         {L"fine", "L:start FINE L:ended FINE "},
         {L"CANCEL", "L:start CANCEL L:cancelled CANCEL threw cancel"},
         {L"EMPTY", "L:start EMPTY L:failed EMPTY threw 3"},
@@ -217,8 +207,8 @@ TEST_F(CommandStackTest, TellsHowACommandCameToItsEnd)
         {L"SWALLOW", "L:start SWALLOW L:start STD L:failed STD L:ended SWALLOW "},
         {L"nobody", "L:unknown nobody "},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(runLogged(row.name), row.log);
+    for (const auto& [name, log] : rows)
+        EXPECT_EQ(runLogged(name), log);
 }
 
 TEST_F(CommandStackTest, UnknownCommandsGoToTheFirstListenerThatHasOne)

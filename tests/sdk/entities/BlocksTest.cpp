@@ -1,9 +1,7 @@
 // Entities in drawings: references to blocks, attributes, vertices, erasing, undo, copies.
 #include <chrono>
-#include <ctime>
 
 #include "Db2dPolyline.h"
-#include "DbArc.h"
 #include "DbAttribute.h"
 #include "DbAttributeDefinition.h"
 #include "DbBlockReference.h"
@@ -11,18 +9,17 @@
 #include "DbBlockTableRecord.h"
 #include "DbCircle.h"
 #include "DbDatabase.h"
-#include "DbDimension.h"
-#include "DbIdMapping.h"
 #include "DbLayerTable.h"
 #include "DbLayerTableRecord.h"
 #include "DbLine.h"
 #include "EntityTest.h"
-#include "ShapeRecorder.h"
+#include "support/ShapeRecorder.h"
 
 namespace
 {
 
 using namespace entitytest;
+using namespace support;
 
 class DrawingTest : public EntityTest
 {
@@ -288,31 +285,6 @@ TEST_F(DrawingTest, VerticesMakeTheShapeOfTheirPolyline)
     EXPECT_NEAR(stood.x1, 2, 1e-9);
 }
 
-TEST_F(DrawingTest, EveryChangeIsUndoneAndRedone)
-{
-    OdDbBlockTableRecordPtr model = modelSpace();
-    const OdDbObjectId id = addLine(*model, OdGePoint3d(0, 0, 0), OdGePoint3d(1, 0, 0));
-    model.release();
-    database->startUndoRecord();
-    {
-        OdDbLinePtr line = id.safeOpenObject(OdDb::kForWrite);
-        line->setEndPoint(OdGePoint3d(5, 5, 5));
-        line->setThickness(3);
-        line->setColorIndex(2);
-        line->transformBy(OdGeMatrix3d::translation(OdGeVector3d(1, 1, 1)));
-    }
-    const oddb::Groups changed = oddb::ObjectCore::groups(*OdDbObjectPtr(id.safeOpenObject()));
-    database->undo();
-    {
-        const OdDbLinePtr line = id.safeOpenObject();
-        EXPECT_EQ(line->endPoint(), OdGePoint3d(1, 0, 0));
-        EXPECT_EQ(line->thickness(), 0.0);
-        EXPECT_EQ(line->colorIndex(), 256);
-    }
-    database->redo();
-    EXPECT_TRUE(oddb::ObjectCore::groups(*OdDbObjectPtr(id.safeOpenObject())) == changed);
-}
-
 TEST_F(DrawingTest, SettersRefuseEntitiesThatAreOpenForRead)
 {
     OdDbBlockTableRecordPtr model = modelSpace();
@@ -324,37 +296,6 @@ TEST_F(DrawingTest, SettersRefuseEntitiesThatAreOpenForRead)
     EXPECT_EQ(line->endPoint(), OdGePoint3d(1, 0, 0));
     EXPECT_EQ(line->setLayer(L"no such layer"), eKeyNotFound);
     EXPECT_EQ(line->layer(), OdString(L"0"));
-}
-
-TEST_F(DrawingTest, ExtentsOfManyEntitiesAreQuick)
-{
-    constexpr int kCount = 100000;
-    OdDbBlockTableRecordPtr model = modelSpace();
-    std::vector<OdDbObjectId> ids;
-    for (int i = 0; i < kCount; ++i)
-    {
-        if (i % 2)
-            ids.push_back(addLine(*model, OdGePoint3d(i, 0, 0), OdGePoint3d(i, 1, 0)));
-        else
-        {
-            OdDbArcPtr arc = OdDbArc::createObject();
-            arc->setRadius(1);
-            arc->setEndAngle(1 + i % 5);
-            ids.push_back(model->appendOdDbEntity(arc));
-        }
-    }
-    const std::clock_t start = std::clock();
-    OdGeExtents3d all;
-    for (const OdDbObjectId& id : ids)
-    {
-        OdGeExtents3d one;
-        if (OdDbEntityPtr(id.safeOpenObject())->getGeomExtents(one) == eOk)
-            all.addExt(one);
-    }
-    const double seconds = static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
-    EXPECT_NEAR(all.maxPoint().x, kCount - 1, 1e-9);
-    EXPECT_LT(seconds, 2.0);
-    RecordProperty("milliseconds", static_cast<int>(seconds * 1000));
 }
 
 TEST_F(DrawingTest, ColoursByBlockComeFromTheReferenceAtAnyDepth)

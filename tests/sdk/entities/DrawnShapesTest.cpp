@@ -8,16 +8,16 @@
 #include "DbDimStyleTableRecord.h"
 #include "DbLeader.h"
 #include "DbLine.h"
-#include "DbMText.h"
 #include "DbPoint.h"
 #include "EntityTest.h"
-#include "ShapeRecorder.h"
 #include "entities/FitCurve.h"
+#include "support/ShapeRecorder.h"
 
 namespace
 {
 
 using namespace entitytest;
+using namespace support;
 
 constexpr double kPi = 3.14159265358979323846;
 
@@ -31,13 +31,7 @@ double filledArea(const std::vector<DrawnShape>& shapes)
 
 TEST_F(EntityTest, WidePolylinesFillTheirWidthAndNoMore)
 {
-    const struct
-    {
-        const char* what;
-        const char* groups;
-        double area;
-        double tolerance;
-    } rows[] = {
+    const std::tuple<const char*, const char*, double, double> rows[] = {
         {"a line", "90 2|70 0|43 2|10 0|20 0|10 10|20 0", 20, 1e-9},
         {"a closed square, mitred", "90 4|70 1|43 2|10 0|20 0|10 10|20 0|10 10|20 10|10 0|20 10", 80, 1e-9},
         {"a taper", "90 2|70 0|10 0|20 0|40 4|41 0|10 10|20 0", 20, 1e-9},
@@ -46,12 +40,12 @@ TEST_F(EntityTest, WidePolylinesFillTheirWidthAndNoMore)
         {"widths that change at the corner", "90 3|70 0|10 0|20 0|40 2|41 2|10 10|20 0|40 4|41 4|10 10|20 10|40 0|41 0",
          61, 1e-9},
     };
-    for (const auto& row : rows)
+    for (const auto& [what, groups, area, tolerance] : rows)
     {
         const std::vector<DrawnShape> shapes =
-            drawnBy(*entityFrom("LWPOLYLINE", std::string("100 AcDbPolyline|") + row.groups));
-        EXPECT_NEAR(filledArea(shapes), row.area, row.tolerance) << row.what;
-        EXPECT_EQ(countOf(shapes, ShapeKind::kLine), 0u) << row.what;
+            drawnBy(*entityFrom("LWPOLYLINE", std::string("100 AcDbPolyline|") + groups));
+        EXPECT_NEAR(filledArea(shapes), area, tolerance) << what;
+        EXPECT_EQ(countOf(shapes, ShapeKind::kLine), 0u) << what;
     }
     // However sharp a corner is, it does not reach far beyond its vertex.
     const Box box = boxOf(*entityFrom("LWPOLYLINE", "90 3|70 0|43 2|10 0|20 0|10 100|20 0|10 0|20 0.001"));
@@ -111,20 +105,17 @@ TEST_F(SettingsTest, PointsLookAsTheDrawingSays)
 {
     const OdDbPointPtr point = inModel<OdDbPoint>();
     point->setPosition(OdGePoint3d(5, 5, 0));
-    const struct
-    {
-        OdInt16 mode;
-        std::size_t lines, arcs, areas;
-    } rows[] = {{0, 1, 0, 0},  {1, 0, 0, 0},  {2, 2, 0, 0},  {3, 2, 0, 0},   {4, 1, 0, 0},
-                {32, 1, 1, 0}, {33, 0, 1, 0}, {66, 2, 0, 1}, {100, 1, 1, 1}, {999, 0, 1, 1}};
+    const std::tuple<OdInt16, std::size_t, std::size_t, std::size_t> rows[] = {
+        {0, 1, 0, 0},  {1, 0, 0, 0},  {2, 2, 0, 0},  {3, 2, 0, 0},   {4, 1, 0, 0},
+        {32, 1, 1, 0}, {33, 0, 1, 0}, {66, 2, 0, 1}, {100, 1, 1, 1}, {999, 0, 1, 1}};
     set(L"PDSIZE", OdResBuf::newRb(40, 4.0));
-    for (const auto& row : rows)
+    for (const auto& [mode, lines, arcs, areas] : rows)
     {
-        set(L"PDMODE", OdResBuf::newRb(70, row.mode));
+        set(L"PDMODE", OdResBuf::newRb(70, mode));
         const std::vector<DrawnShape> shapes = drawnBy(*point);
-        EXPECT_EQ(countOf(shapes, ShapeKind::kLine), row.lines) << row.mode;
-        EXPECT_EQ(countOf(shapes, ShapeKind::kArc), row.arcs) << row.mode;
-        EXPECT_EQ(countOf(shapes, ShapeKind::kArea), row.areas) << row.mode;
+        EXPECT_EQ(countOf(shapes, ShapeKind::kLine), lines) << mode;
+        EXPECT_EQ(countOf(shapes, ShapeKind::kArc), arcs) << mode;
+        EXPECT_EQ(countOf(shapes, ShapeKind::kArea), areas) << mode;
         expectBox(OdGeExtents3d(OdGePoint3d(5, 5, 0), OdGePoint3d(5, 5, 0)), boxOf(*point), 1e-12, "the point alone");
     }
 }
@@ -189,29 +180,25 @@ TEST_F(EntityTest, TextsFillTheirColumnsOneAfterTheOther)
 {
     const std::string text = "100 AcDbMText|10 0|20 100|30 0|40 1|41 50|71 1|72 1|1 a\\Pb\\Pc\\Pd\\Pe|73 1|44 1";
     const std::string columns = "|101 Embedded Object|70 1|10 1|20 0|30 0|40 50|41 3|71 ";
-    const struct
-    {
-        const char* what;
-        std::string groups;
-        const wchar_t* lastOfColumns; ///< the line at the bottom of each column
-    } rows[] = {
+    // Columns, and the line at the bottom of each.
+    const std::tuple<const char*, std::string, const wchar_t*> rows[] = {
         {"none", "0|72 2|44 10|45 5", L"e"},
         {"static of two lines each", "1|72 3|44 10|45 5|73 1|74 0", L"bde"},
         {"dynamic of one line and the rest", "2|72 2|44 10|45 5|73 0|74 0|46 1|46 0", L"ae"},
         {"from right to left", "1|72 3|44 10|45 5|73 1|74 1", L"bde"},
         {"no width", "1|72 2|44 0|45 5|73 1", L"e"},
     };
-    for (const auto& row : rows)
+    for (const auto& [what, groups, lastOfColumns] : rows)
     {
-        const std::vector<DrawnShape> shapes = drawnBy(*entityFrom("MTEXT", text + columns + row.groups));
-        ASSERT_EQ(shapes.size(), 5u) << row.what;
+        const std::vector<DrawnShape> shapes = drawnBy(*entityFrom("MTEXT", text + columns + groups));
+        ASSERT_EQ(shapes.size(), 5u) << what;
         std::wstring last;
         for (std::size_t i = 0; i < shapes.size(); ++i)
         {
             if (i + 1 == shapes.size() || std::fabs(shapes[i + 1].points()[0].x - shapes[i].points()[0].x) > 5)
                 last += shapes[i].text;
         }
-        EXPECT_EQ(last, row.lastOfColumns) << row.what;
+        EXPECT_EQ(last, lastOfColumns) << what;
     }
     const std::vector<DrawnShape> broken = drawnBy(*entityFrom(
         "MTEXT", "10 0|20 0|30 0|40 1|41 50|71 1|72 1|1 a\\Nb" + columns + "2|72 2|44 10|45 5|73 0|74 0|46 0"));
@@ -221,21 +208,17 @@ TEST_F(EntityTest, TextsFillTheirColumnsOneAfterTheOther)
 TEST_F(EntityTest, TextsPaintTheirBackgroundFirst)
 {
     const std::string text = "100 AcDbMText|10 0|20 0|30 0|40 2|41 20|71 1|72 1|1 H|73 1|44 1|45 1.5|90 ";
-    const struct
+    const std::tuple<const char*, std::size_t, bool> rows[] = {
+        {"0", 0, false}, {"1|63 3", 1, true}, {"3", 1, true}, {"16", 1, false}, {"17|63 3|421 255", 2, true}};
+    for (const auto& [groups, areas, isFilled] : rows)
     {
-        const char* groups;
-        std::size_t areas;
-        bool isFilled;
-    } rows[] = {{"0", 0, false}, {"1|63 3", 1, true}, {"3", 1, true}, {"16", 1, false}, {"17|63 3|421 255", 2, true}};
-    for (const auto& row : rows)
-    {
-        const std::vector<DrawnShape> shapes = drawnBy(*entityFrom("MTEXT", text + row.groups));
-        ASSERT_EQ(countOf(shapes, ShapeKind::kArea), row.areas) << row.groups;
-        EXPECT_EQ(shapes.back().kind, ShapeKind::kText) << row.groups;
-        if (row.areas > 0)
+        const std::vector<DrawnShape> shapes = drawnBy(*entityFrom("MTEXT", text + groups));
+        ASSERT_EQ(countOf(shapes, ShapeKind::kArea), areas) << groups;
+        EXPECT_EQ(shapes.back().kind, ShapeKind::kText) << groups;
+        if (areas > 0)
         {
-            EXPECT_EQ(shapes.front().isFilled, row.isFilled) << row.groups;
-            EXPECT_NEAR(areaOf(shapes.front().points()), (20 + 2) * (2 + 2), 1e-9) << row.groups;
+            EXPECT_EQ(shapes.front().isFilled, isFilled) << groups;
+            EXPECT_NEAR(areaOf(shapes.front().points()), (20 + 2) * (2 + 2), 1e-9) << groups;
         }
     }
 }

@@ -107,13 +107,7 @@ Groups filed(const OdDbObject& object, OdDbDatabase* database)
     return ObjectCore::groups(*made);
 }
 
-struct FilingCase
-{
-    const char* dxfName;
-    const char* groups;
-};
-
-constexpr FilingCase kCases[] = {
+constexpr std::pair<const char*, const char*> kCases[] = {
     {"LINE", "10 1|20 2|30 3|11 4|21 5|31 6"},
     {"LWPOLYLINE", "90 2|70 0|10 1|20 2|42 0.5|10 3|20 4"},
     {"HATCH", "10 0|20 0|30 5|210 0|220 0|230 1|2 SOLID|70 1|71 0|91 1|92 2|72 0|73 1|93 2|10 1|20 2|10 3|20 4|97 0|75 "
@@ -126,10 +120,10 @@ constexpr FilingCase kCases[] = {
 
 TEST_F(EntityTest, AForeignFilerCarriesPointsOfTwoAndThreeCoordinates)
 {
-    for (const FilingCase& each : kCases)
+    for (const auto& [dxfName, groups] : kCases)
     {
-        const OdDbEntityPtr entity = entityFrom(each.dxfName, each.groups);
-        EXPECT_TRUE(filed(*entity, nullptr) == ObjectCore::groups(*entity)) << each.dxfName;
+        const OdDbEntityPtr entity = entityFrom(dxfName, groups);
+        EXPECT_TRUE(filed(*entity, nullptr) == ObjectCore::groups(*entity)) << dxfName;
     }
 }
 

@@ -2,12 +2,13 @@
 #include <random>
 
 #include "EntityTest.h"
-#include "ShapeRecorder.h"
+#include "support/ShapeRecorder.h"
 
 namespace
 {
 
 using namespace entitytest;
+using namespace support;
 
 constexpr double kPi = 3.14159265358979323846;
 
@@ -41,18 +42,16 @@ TEST_F(EntityTest, HatchesFillTheirIslandsByTheirStyle)
 {
     const std::string loops = polylineLoop(square(0, 100), 3) + polylineLoop(square(10, 90), 18) +
                               polylineLoop(square(30, 70)) + polylineLoop(square(45, 55));
-    const struct
+    // Places on the diagonal, and whether each of the styles paints them.
+    const std::tuple<double, bool, bool, bool> rows[] = {{5, true, true, true},   {20, false, false, true},
+                                                         {40, true, false, true}, {50, false, false, true},
+                                                         {95, true, true, true},  {105, false, false, false}};
+    for (const auto& [at, normal, outer, ignore] : rows)
     {
-        double at; // on the diagonal
-        bool normal, outer, ignore;
-    } rows[] = {{5, true, true, true},    {20, false, false, true}, {40, true, false, true},
-                {50, false, false, true}, {95, true, true, true},   {105, false, false, false}};
-    for (const auto& row : rows)
-    {
-        const bool expected[] = {row.normal, row.outer, row.ignore};
+        const bool expected[] = {normal, outer, ignore};
         for (int style = 0; style < 3; ++style)
-            EXPECT_EQ(isPainted(drawnBy(*hatch(loops, 4, style)), row.at, row.at), expected[style])
-                << "style " << style << " at " << row.at;
+            EXPECT_EQ(isPainted(drawnBy(*hatch(loops, 4, style)), at, at), expected[style])
+                << "style " << style << " at " << at;
     }
 }
 
@@ -60,13 +59,7 @@ TEST_F(EntityTest, HatchesFillLoopsOfAllKindsOfEdges)
 {
     // Each is the upper half of something on the base line from -10 to 10, closed by that line.
     const std::string base = "72 1|10 -10|20 0|11 10|21 0|";
-    const struct
-    {
-        const char* what;
-        std::string edges;
-        double area;
-        double tolerance;
-    } rows[] = {
+    const std::tuple<const char*, std::string, double, double> rows[] = {
         {"arc", "72 2|10 0|20 0|40 10|50 0|51 180|73 1|", 50 * kPi, 0.5},
         {"clockwise arc", "72 2|10 0|20 0|40 10|50 180|51 360|73 0|", 50 * kPi, 0.5},
         {"ellipse", "72 3|10 0|20 0|11 10|21 0|40 0.5|50 0|51 180|73 1|", 25 * kPi, 0.5},
@@ -74,13 +67,13 @@ TEST_F(EntityTest, HatchesFillLoopsOfAllKindsOfEdges)
         {"spline of degree 1",
          "72 4|94 1|73 0|74 0|95 5|96 3|40 0|40 0|40 1|40 2|40 2|10 10|20 0|10 0|20 10|10 -10|20 0|", 100, 1e-9},
     };
-    for (const auto& row : rows)
+    for (const auto& [what, edges, area, tolerance] : rows)
     {
-        const bool isThree = std::string_view(row.what) == "lines";
-        const std::string loop = "92 1|93 " + std::string(isThree ? "4|" : "2|") + base + row.edges + "97 0|";
+        const bool isThree = std::string_view(what) == "lines";
+        const std::string loop = "92 1|93 " + std::string(isThree ? "4|" : "2|") + base + edges + "97 0|";
         const std::vector<DrawnShape> shapes = drawnBy(*hatch(loop, 1, 0), 0.001);
-        ASSERT_EQ(shapes.size(), 1u) << row.what;
-        EXPECT_NEAR(areaOf(shapes[0].points()), row.area, row.tolerance) << row.what;
+        ASSERT_EQ(shapes.size(), 1u) << what;
+        EXPECT_NEAR(areaOf(shapes[0].points()), area, tolerance) << what;
     }
 }
 

@@ -14,6 +14,7 @@
 #include "DbRasterImageDefReactor.h"
 #include "DbRasterVariables.h"
 #include "DbSpatialFilter.h"
+#include "support/DrawingFiles.h"
 #include "support/DxfRecords.h"
 #include "support/TemporaryFolder.h"
 
@@ -158,19 +159,6 @@ TEST_F(ImagesTest, DefinitionsForgetErasedImagesUntilTheyComeBack)
     EXPECT_TRUE(opened->isWriteEnabled());
 }
 
-TEST_F(ImagesTest, MakingAnImageUndoes)
-{
-    const OdDbObjectId definition = addDefinition(L"A");
-    database->startUndoRecord();
-    const OdDbObjectId image = addImage(definition);
-    const OdDbObjectId reactor = OdDbRasterImagePtr(image.safeOpenObject())->reactorId();
-    database->undo();
-    EXPECT_FALSE(definition.safeOpenObject()->hasPersistentReactor(reactor));
-    EXPECT_TRUE(reactor.isErased());
-    database->redo();
-    EXPECT_TRUE(knows(definition, image));
-}
-
 TEST_F(ImagesTest, VariablesAreMadeOnce)
 {
     const OdDbRasterVariablesPtr made = OdDbRasterVariables::openRasterVariables(database, OdDb::kForWrite);
@@ -240,11 +228,7 @@ TEST_F(ImagesTest, AllOfItIsReadAgain)
     OdDbRasterVariables::openRasterVariables(database);
     for (const OdDb::SaveType type : {OdDb::kDxf, OdDb::kDxb})
     {
-        const OdString path(folder.path("images.dxf").c_str());
-        database->writeFile(path, type);
-        const OdDbDatabasePtr again = OdDbDatabase::createObject();
-        again->readFile(path);
-        EXPECT_TRUE(again->recoveryReport().isEmpty());
+        const OdDbDatabasePtr again = support::savedAndRead(*database, type);
         const auto reopen = [&](const OdDbObjectId& old) { return again->getOdDbObjectId(old.getHandle()); };
         EXPECT_TRUE(knows(reopen(definition), reopen(image)));
         const OdDbBlockReferencePtr reference = reopen(id).safeOpenObject();

@@ -5,20 +5,13 @@
 #include "EntityTest.h"
 #include "entities/MTextLayout.h"
 #include "entities/MTextParser.h"
-#include "gi/TextCodes.h"
 
 namespace
 {
 
 using namespace entitytest;
 
-struct PlainCase
-{
-    const wchar_t* contents;
-    const wchar_t* plain;
-};
-
-const PlainCase kPlain[] = {
+const std::pair<const wchar_t*, const wchar_t*> kPlain[] = {
     {L"", L""},
     {L"plain", L"plain"},
     {L"one\\Ptwo", L"one\ntwo"},
@@ -74,8 +67,8 @@ const PlainCase kPlain[] = {
 
 TEST(MTextContents, ShowTheirPlainText)
 {
-    for (const PlainCase& row : kPlain)
-        EXPECT_EQ(mtext::plainText(row.contents), row.plain) << odStringToUtf8(row.contents);
+    for (const auto& [contents, plain] : kPlain)
+        EXPECT_EQ(mtext::plainText(contents), plain) << odStringToUtf8(contents);
 }
 
 TEST(MTextContents, OfRandomPiecesNeverBreakTheReaderOrTheLayout)
@@ -122,13 +115,7 @@ TEST(MTextLayout, BreaksLinesAtSpacesWhereTheWidthEnds)
 {
     const double word = shapedText(L"HHHH").width;
     const double space = shapedText(L" ").width;
-    const struct
-    {
-        const wchar_t* contents;
-        double width;
-        std::size_t lines;
-        double widest;
-    } rows[] = {
+    const std::tuple<const wchar_t*, double, std::size_t, double> rows[] = {
         {L"HHHH HHHH HHHH", 0.0, 1, 3 * word + 2 * space},
         {L"HHHH HHHH HHHH", 2 * word + space, 2, 2 * word + space},
         {L"HHHH HHHH HHHH", 2 * word + space - 0.01, 3, word},
@@ -142,13 +129,13 @@ TEST(MTextLayout, BreaksLinesAtSpacesWhereTheWidthEnds)
         {L"{\\W0.5;HHHH}", 0.0, 1, 0.5 * word},
         {L"{\\T2;HHHH}", 0.0, 1, 2 * word},
     };
-    for (const auto& row : rows)
+    for (const auto& [contents, width, lines, widest] : rows)
     {
         mtext::Style style;
-        style.width = row.width;
-        const mtext::Layout layout = mtext::layOut(row.contents, style);
-        EXPECT_EQ(layout.lines, row.lines) << odStringToUtf8(row.contents) << " in " << row.width;
-        EXPECT_NEAR(layout.width, row.widest, 1e-9) << odStringToUtf8(row.contents) << " in " << row.width;
+        style.width = width;
+        const mtext::Layout layout = mtext::layOut(contents, style);
+        EXPECT_EQ(layout.lines, lines) << odStringToUtf8(contents) << " in " << width;
+        EXPECT_NEAR(layout.width, widest, 1e-9) << odStringToUtf8(contents) << " in " << width;
     }
 }
 
@@ -221,30 +208,6 @@ TEST_F(EntityTest, LongContentsAreKeptInPartsAndComeBackWhole)
             EXPECT_LE(part ? odUtf8ToString(group.text()).getLength() : 0, 250) << length;
         }
     }
-}
-
-TEST_F(EntityTest, AlignmentModesAreTheTwoPartsOfTheAttachmentPoint)
-{
-    OdDbMTextPtr text = OdDbMText::createObject();
-    text->setHorizontalMode(OdDb::kTextCenter);
-    text->setVerticalMode(OdDb::kTextVertMid);
-    EXPECT_EQ(text->attachment(), OdDbMText::kMiddleCenter);
-    text->setHorizontalMode(OdDb::kTextRight);
-    EXPECT_EQ(text->attachment(), OdDbMText::kMiddleRight);
-    text->setVerticalMode(OdDb::kTextBottom);
-    EXPECT_EQ(text->attachment(), OdDbMText::kBottomRight);
-    EXPECT_EQ(text->horizontalMode(), OdDb::kTextRight);
-    EXPECT_EQ(text->verticalMode(), OdDb::kTextBottom);
-}
-
-TEST(TextCodes, DecodeToWhatAReaderSees)
-{
-    const PlainCase rows[] = {{L"%%c5", L"\u22055"}, {L"%%C5", L"\u22055"}, {L"5%%d", L"5\u00B0"},
-                              {L"%%u%%o%%kx", L"x"}, {L"%%37", L"%"},       {L"%%0651", L"A1"},
-                              {L"100%", L"100%"},    {L"%%", L"%%"},        {L"\\U+2205", L"\u2205"},
-                              {L"\\Ux", L"\\Ux"},    {L"\\P", L"\\P"},      {L"%%%%%%", L"%%"}};
-    for (const PlainCase& row : rows)
-        EXPECT_EQ(textcodes::visibleText(row.contents), row.plain) << odStringToUtf8(row.contents);
 }
 
 } // namespace

@@ -3,45 +3,19 @@
 #include "DbLine.h"
 #include "EntityTest.h"
 #include "Gi/GiDrawableOverrule.h"
-#include "gi/WorldDraw.h"
+#include "support/ShapeRecorder.h"
 
 namespace
 {
 
 using namespace entitytest;
-
-/// Keeps the colour of each shape that is drawn.
-class ColorGeometry : public gi::Geometry
-{
-public:
-    explicit ColorGeometry(gi::WorldDraw& worldDraw) : gi::Geometry(worldDraw) {}
-
-    void ellipArc(const OdGePoint3d&, const OdGeVector3d&, const OdGeVector3d&, double, double) override { keep(); }
-    void polyline(OdInt32, const OdGePoint3d*, const OdGeVector3d*) override { keep(); }
-
-    std::vector<OdCmEntityColor> colors;
-
-private:
-    void keep() { colors.push_back(worldDraw().traits().trueColor()); }
-};
-
-class ColorDraw : public gi::WorldDraw
-{
-public:
-    ColorDraw() : gi::WorldDraw(kOdGiStandardDisplay), m_geometry(*this) {}
-    OdGiGeometry& geometry() const override { return m_geometry; }
-    const std::vector<OdCmEntityColor>& colors() const { return m_geometry.colors; }
-
-private:
-    mutable OdStaticRxObject<ColorGeometry> m_geometry;
-};
+using namespace support;
 
 OdCmEntityColor drawnColor(const OdGiDrawable& drawable)
 {
-    OdStaticRxObject<ColorDraw> draw;
-    draw.geometry().draw(&drawable);
-    EXPECT_EQ(draw.colors().size(), 1u);
-    return draw.colors().empty() ? OdCmEntityColor() : draw.colors().front();
+    const std::vector<DrawnShape> shapes = drawnBy(drawable);
+    EXPECT_EQ(shapes.size(), 1u);
+    return shapes.empty() ? OdCmEntityColor() : shapes.front().color;
 }
 
 /// Paints what it applies to, after everything else has had its say.
@@ -147,15 +121,15 @@ TEST_F(OverruleTest, OfTheShapeReachesExtents)
 
 TEST_F(EntityTest, TraitsOfOneDrawableDoNotReachTheNext)
 {
-    OdStaticRxObject<ColorDraw> draw;
+    OdStaticRxObject<RecordingDraw> draw;
     OdDbLinePtr red = OdDbLine::createObject();
     red->setColorIndex(1);
     OdDbLinePtr plain = OdDbLine::createObject();
     draw.geometry().draw(red);
     draw.geometry().draw(plain);
-    ASSERT_EQ(draw.colors().size(), 2u);
-    EXPECT_EQ(draw.colors()[0].colorIndex(), 1);
-    EXPECT_TRUE(draw.colors()[1].isByLayer());
+    ASSERT_EQ(draw.shapes().size(), 2u);
+    EXPECT_EQ(draw.shapes()[0].color.colorIndex(), 1);
+    EXPECT_NE(draw.shapes()[1].color.colorIndex(), 1);
 }
 
 } // namespace

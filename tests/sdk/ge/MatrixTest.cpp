@@ -94,11 +94,7 @@ TEST(Matrix3d, MirroringTwiceLeavesEverything)
 
 TEST(Matrix3d, PlanesHaveTheAxesThatDrawingsGiveThem)
 {
-    const struct
-    {
-        OdGeVector3d normal;
-        OdGeVector3d xAxis;
-    } kPlanes[] = {
+    const std::pair<OdGeVector3d, OdGeVector3d> kPlanes[] = {
         {{0, 0, 1}, {1, 0, 0}},
         {{0, 0, -1}, {-1, 0, 0}},
         {{0, 0, 1e-200}, {1, 0, 0}},
@@ -108,10 +104,10 @@ TEST(Matrix3d, PlanesHaveTheAxesThatDrawingsGiveThem)
         {{1.0 / 65, 0, 1}, OdGeVector3d(1, 0, -1.0 / 65).normal()}, // still near the z axis
         {{1.0 / 60, 0, 1}, {0, 1, 0}},                              // no longer
     };
-    for (const auto& row : kPlanes)
+    for (const auto& [upright, xAxis] : kPlanes)
     {
-        const OdGeMatrix3d plane = OdGeMatrix3d::planeToWorld(row.normal);
-        EXPECT_TRUE(plane.getCsXAxis().isEqualTo(row.xAxis, kNear)) << row.normal.x << " " << row.normal.y;
+        const OdGeMatrix3d plane = OdGeMatrix3d::planeToWorld(upright);
+        EXPECT_TRUE(plane.getCsXAxis().isEqualTo(xAxis, kNear)) << upright.x << " " << upright.y;
     }
     Random random;
     for (int round = 0; round < 1000; ++round)
@@ -144,25 +140,16 @@ TEST(Matrix3d, WhatCannotBeMappedBackIsRefused)
              OdGeMatrix3d().setCoordSystem({}, {1, 2, 3}, {2, 4, 6}, {0, 0, 1}).inverse();
          }},
         {"very small", eOk, [](double, double) { OdGeMatrix3d::scaling(1e-30).inverse(); }},
-        {"no axis", eInvalidInput,
-         [](double, double) {
-             OdGeMatrix3d::rotation(1, {0, 0, 0});
-         }},
+        {"no axis", eInvalidInput, [](double, double) { OdGeMatrix3d::rotation(1, OdGeVector3d()); }},
         {"infinite axis", eInvalidInput,
-         [](double, double inf) {
-             OdGeMatrix3d::rotation(1, {inf, 0, 0});
-         }},
+         [](double, double inf) { OdGeMatrix3d::rotation(1, OdGeVector3d(inf, 0, 0)); }},
         {"no normal", eInvalidInput, [](double, double) { OdGeMatrix3d::planeToWorld(OdGeVector3d()); }},
         {"normal of no number", eInvalidInput,
-         [](double nan, double) {
-             OdGeMatrix3d::planeToWorld({nan, 0, 1});
-         }},
+         [](double nan, double) { OdGeMatrix3d::planeToWorld(OdGeVector3d(nan, 0, 1)); }},
         {"plane of parallel axes", eInvalidInput,
          [](double, double) { OdGePlane({}, OdGeVector3d(1, 1, 1), OdGeVector3d(-2, -2, -2)); }},
         {"line without direction", eInvalidInput,
-         [](double, double) {
-             OdGeMatrix2d::mirroring({1, 1}, {0, 0});
-         }},
+         [](double, double) { OdGeMatrix2d::mirroring(OdGePoint2d(1, 1), OdGeVector2d(0, 0)); }},
         {"flat plane", eNonInvertibleMatrix, [](double, double) { OdGeMatrix2d::scaling(0.0).inverse(); }},
         {"scale of nothing", eNonInvertibleMatrix, [](double, double) { OdGeScale3d(1, 0, 1).inverse(); }},
     };

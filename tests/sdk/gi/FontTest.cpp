@@ -1,7 +1,6 @@
 // Fonts: which one a name means, what lines of text become in it, and what happens to characters that fonts lack.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <chrono>
 #include <cmath>
 
@@ -17,8 +16,7 @@ TEST(FontNames, MeanTheFontThatDrawingsKnowByThem)
 {
     const struct
     {
-        const char* file;
-        const char* typeface;
+        const char *file, *typeface;
         bool bold;
         FontRequest meant;
     } rows[] = {

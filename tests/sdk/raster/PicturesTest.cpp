@@ -67,32 +67,28 @@ void expectNear(const Pixel& pixel, const Pixel& expected, int tolerance, const 
 
 TEST_F(PicturesTest, EveryFormatGivesSizeResolutionAndPixels)
 {
-    const struct
+    // Names, the tolerance of their compression, dots per inch.
+    const std::tuple<std::string, int, double> rows[] = {{"shades.png", 0, 300},
+                                                         {"shades.bmp", 0, 300},
+                                                         {"shades.tif", 0, 300},
+                                                         {"shades.jpg", 90, 300},
+                                                         {"shades.gif", 12, 0}};
+    for (const auto& [name, tolerance, dotsPerInch] : rows)
     {
-        std::string name;
-        int tolerance; // of its compression
-        double dotsPerInch;
-    } rows[] = {{"shades.png", 0, 300},
-                {"shades.bmp", 0, 300},
-                {"shades.tif", 0, 300},
-                {"shades.jpg", 90, 300},
-                {"shades.gif", 12, 0}};
-    for (const auto& row : rows)
-    {
-        const OdGiRasterImagePtr picture = load(row.name);
-        EXPECT_EQ(picture->pixelWidth(), 12u) << row.name;
-        EXPECT_EQ(picture->pixelHeight(), 8u) << row.name;
+        const OdGiRasterImagePtr picture = load(name);
+        EXPECT_EQ(picture->pixelWidth(), 12u) << name;
+        EXPECT_EQ(picture->pixelHeight(), 8u) << name;
         double x = 0, y = 0;
         const OdGiRasterImage::Units units = picture->defaultResolution(x, y);
-        if (row.dotsPerInch > 0)
+        if (dotsPerInch > 0)
         {
-            EXPECT_EQ(units, OdGiRasterImage::kInch) << row.name;
-            EXPECT_NEAR(x, row.dotsPerInch, 0.5) << row.name;
-            EXPECT_NEAR(y, row.dotsPerInch, 0.5) << row.name;
+            EXPECT_EQ(units, OdGiRasterImage::kInch) << name;
+            EXPECT_NEAR(x, dotsPerInch, 0.5) << name;
+            EXPECT_NEAR(y, dotsPerInch, 0.5) << name;
         }
-        expectNear(pixelOf(*picture, 0, 0), {255, 0, 0, 255}, row.tolerance, row.name + " top left");
-        expectNear(pixelOf(*picture, 5, 3), {0, 0, 100, 255}, row.tolerance, row.name + " inside");
-        expectNear(pixelOf(*picture, 11, 7), {0, 255, 0, 255}, row.tolerance, row.name + " bottom right");
+        expectNear(pixelOf(*picture, 0, 0), {255, 0, 0, 255}, tolerance, name + " top left");
+        expectNear(pixelOf(*picture, 5, 3), {0, 0, 100, 255}, tolerance, name + " inside");
+        expectNear(pixelOf(*picture, 11, 7), {0, 255, 0, 255}, tolerance, name + " bottom right");
     }
 }
 

@@ -17,11 +17,7 @@ std::string utf8Of(std::wstring_view text)
 
 TEST(Utf8, ReadsOnlyWhatIsUtf8AndKeepsTheRest)
 {
-    const struct
-    {
-        std::string_view bytes;
-        std::wstring_view expected;
-    } kCases[] = {
+    const std::pair<std::string_view, std::wstring_view> kCases[] = {
         {"\xC3\xA9", L"\u00E9"},
         {"\xF0\x9F\x98\x80", L"\U0001F600"},
         {"\x80", L"\xDC80"},                               // no lead
@@ -39,13 +35,13 @@ TEST(Utf8, ReadsOnlyWhatIsUtf8AndKeepsTheRest)
          L"a\u00E9\xDCFE"},
         {std::string_view("a\0b", 3), std::wstring_view(L"a\0b", 3)},
     };
-    for (const auto& row : kCases)
+    for (const auto& [bytes, expected] : kCases)
     {
-        EXPECT_EQ(odUtf8ToString(row.bytes).view(), row.expected);
-        EXPECT_EQ(utf8Of(row.expected), row.bytes);
+        EXPECT_EQ(odUtf8ToString(bytes).view(), expected);
+        EXPECT_EQ(utf8Of(expected), bytes);
         std::wstring appended = L"<";
-        odAppendWide(appended, row.bytes);
-        EXPECT_EQ(appended.substr(1), row.expected);
+        odAppendWide(appended, bytes);
+        EXPECT_EQ(appended.substr(1), expected);
     }
 }
 
@@ -164,11 +160,7 @@ TEST(CodePages, BytesOfPairsThatAreCutShortAreKept)
 
 TEST(Escapes, AreDecodedOnlyWhereTheyHaveTheirExactForm)
 {
-    const struct
-    {
-        std::string_view text;
-        std::string_view expected;
-    } kCases[] = {
+    const std::pair<std::string_view, std::string_view> kCases[] = {
         {"\\U+00E9", "\xC3\xA9"},
         {"a\\u+00e9b", "a\xC3\xA9"
                        "b"},
@@ -190,13 +182,13 @@ TEST(Escapes, AreDecodedOnlyWhereTheyHaveTheirExactForm)
         {"\\", "\\"},
         {"", ""},
     };
-    for (const auto& row : kCases)
+    for (const auto& [text, expected] : kCases)
     {
         std::string decoded;
-        OdCharMapper::decodeEscapes(row.text, decoded);
-        EXPECT_EQ(decoded, row.expected) << row.text;
-        EXPECT_EQ(odStringToUtf8(OdCharMapper::decodeEscapes(OdString(std::string(row.text).c_str()))), row.expected);
-        EXPECT_TRUE(row.text == row.expected || OdCharMapper::hasEscapes(row.text)) << row.text;
+        OdCharMapper::decodeEscapes(text, decoded);
+        EXPECT_EQ(decoded, expected) << text;
+        EXPECT_EQ(odStringToUtf8(OdCharMapper::decodeEscapes(OdString(std::string(text).c_str()))), expected);
+        EXPECT_TRUE(text == expected || OdCharMapper::hasEscapes(text)) << text;
     }
 }
 

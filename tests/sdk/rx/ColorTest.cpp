@@ -10,15 +10,12 @@ namespace
 
 TEST(Color, NumberedColoursAreTheUsualOnes)
 {
-    const struct
-    {
-        OdUInt8 index;
-        OdUInt32 rgb;
-    } kColors[] = {{0, 0},          {1, 0xFF0000},  {5, 0x0000FF},  {7, 0xFFFFFF},  {10, 0xFF0000},  {11, 0xFFAAAA},
-                   {20, 0xFF3F00},  {30, 0xFF7F00}, {50, 0xFFFF00}, {90, 0x00FF00}, {130, 0x00FFFF}, {170, 0x0000FF},
-                   {210, 0xFF00FF}, {12, 0xBD0000}, {13, 0xBD7E7E}, {19, 0x4F3535}, {250, 0x333333}, {255, 0xFFFFFF}};
-    for (const auto& row : kColors)
-        EXPECT_EQ(OdCmEntityColor::lookUpRGB(row.index), row.rgb) << int(row.index);
+    const std::pair<OdUInt8, OdUInt32> kColors[] = {
+        {0, 0},          {1, 0xFF0000},  {5, 0x0000FF},  {7, 0xFFFFFF},  {10, 0xFF0000},  {11, 0xFFAAAA},
+        {20, 0xFF3F00},  {30, 0xFF7F00}, {50, 0xFFFF00}, {90, 0x00FF00}, {130, 0x00FFFF}, {170, 0x0000FF},
+        {210, 0xFF00FF}, {12, 0xBD0000}, {13, 0xBD7E7E}, {19, 0x4F3535}, {250, 0x333333}, {255, 0xFFFFFF}};
+    for (const auto& [index, rgb] : kColors)
+        EXPECT_EQ(OdCmEntityColor::lookUpRGB(index), rgb) << int(index);
 }
 
 TEST(Color, TheNearestNumberOfANumberedColourIsAsGoodAsItsOwn)
@@ -42,19 +39,15 @@ TEST(Color, MethodsAndNumbersThatThereAreNotAreRefused)
     for (const OdUInt16 index : {258, 512, 65535})
         EXPECT_EQ(support::codeOf([&] { color.setColorIndex(index); }), eInvalidInput) << index;
     EXPECT_TRUE(color == OdCmColor(OdCmEntityColor(1, 2, 3)));
-    const struct
+    const std::pair<OdUInt16, OdCmColorBase::ColorMethod> kSpecial[] = {{0, OdCmColorBase::kByBlock},
+                                                                        {256, OdCmColorBase::kByLayer},
+                                                                        {257, OdCmColorBase::kNone},
+                                                                        {3, OdCmColorBase::kByACI}};
+    for (const auto& [number, method] : kSpecial)
     {
-        OdUInt16 index;
-        OdCmColorBase::ColorMethod method;
-    } kSpecial[] = {{0, OdCmColorBase::kByBlock},
-                    {256, OdCmColorBase::kByLayer},
-                    {257, OdCmColorBase::kNone},
-                    {3, OdCmColorBase::kByACI}};
-    for (const auto& row : kSpecial)
-    {
-        color.setColorIndex(row.index);
-        EXPECT_EQ(color.colorMethod(), row.method);
-        EXPECT_EQ(color.colorIndex(), row.index);
+        color.setColorIndex(number);
+        EXPECT_EQ(color.colorMethod(), method);
+        EXPECT_EQ(color.colorIndex(), number);
     }
     color.setRed(9);
     EXPECT_TRUE(color.isByColor() && color.red() == 9 && color.green() == 255) << "what it looked like before is kept";

@@ -92,15 +92,7 @@ TEST_F(Linker, SaysWhyAModuleCannotBeLoaded)
     };
     for (const auto& row : kCases)
     {
-        OdError caught;
-        try
-        {
-            odrxDynamicLinker()->loadApp(row.name, false);
-        }
-        catch (const OdError& error)
-        {
-            caught = error;
-        }
+        const OdError caught = support::caught([&] { odrxDynamicLinker()->loadApp(row.name, false); });
         EXPECT_EQ(caught.code(), row.code) << odStringToUtf8(row.name);
         EXPECT_GE(caught.description().find(row.reason), 0) << odStringToUtf8(caught.description());
         EXPECT_TRUE(odrxDynamicLinker()->lookupModule(row.name).isNull());

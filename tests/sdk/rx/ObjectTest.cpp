@@ -77,25 +77,11 @@ protected:
 
 TEST(Class, ThatIsNotRegisteredMakesNothing)
 {
-    try
-    {
-        Circle::createObject();
-        FAIL();
-    }
-    catch (const OdError& error)
-    {
-        EXPECT_TRUE(error.description() == L"OdDbCircleis not loaded");
-        EXPECT_EQ(error.code(), eClassNotRegistered);
-    }
-    try
-    {
-        odrxSafeCreateObject(L"OdDbNothing");
-        FAIL();
-    }
-    catch (const OdError& error)
-    {
-        EXPECT_TRUE(error.description() == L"OdDbNothingis not loaded");
-    }
+    const OdError error = support::caught([] { Circle::createObject(); });
+    EXPECT_TRUE(error.description() == L"OdDbCircleis not loaded");
+    EXPECT_EQ(error.code(), eClassNotRegistered);
+    EXPECT_TRUE(support::caught([] { odrxSafeCreateObject(L"OdDbNothing"); }).description() ==
+                L"OdDbNothingis not loaded");
     EXPECT_EQ(support::codeOf([] { Circle::rxUninit(); }), eClassNotRegistered);
     EXPECT_EQ(support::codeOf([] { Circle::rxInit(); }), eClassNotRegistered) << "before its parent";
     EXPECT_EQ(Circle::desc(), nullptr);

@@ -1,6 +1,4 @@
 // The spatial index against testing every entity, while the drawing changes in all the ways a drawing can change.
-#include <cstdlib>
-#include <filesystem>
 #include <functional>
 #include <random>
 
@@ -17,6 +15,7 @@
 #include "Ge/GeMatrix3d.h"
 #include "SelectTest.h"
 #include "select/HitTester.h"
+#include "support/DrawingFiles.h"
 
 namespace
 {
@@ -87,6 +86,10 @@ protected:
         return OdDbBlockTableRecord::cast(block.safeOpenObject(OdDb::kForWrite));
     }
 
+    void move(const char* handle, double x, double y)
+    {
+        open<OdDbEntity>(handle)->transformBy(OdGeMatrix3d::translation(OdGeVector3d(x, y, 0)));
+    }
     OdDbObjectId addLine(double x, double y)
     {
         const OdDbLinePtr line = OdDbLine::createObject();
@@ -124,16 +127,14 @@ private:
 
 TEST_F(Index, FollowsEveryKindOfChange)
 {
+    const OdGePoint2dArray box = {{0, 0}, {52, 52}};
     const struct
     {
         const char* what;
         std::function<void()> change;
     } changes[] = {
         {"a new entity", [&] { addLine(100, 100); }},
-        {"moved",
-         [&] {
-             open<OdDbText>("A9")->transformBy(OdGeMatrix3d::translation({-50, 90, 0}));
-         }},
+        {"moved", [&] { move("A9", -50, 90); }},
         {"set", [&] { open<OdDbBlockReference>("A1")->setPosition(at(90, 10)); }},
         {"erased", [&] { open<OdDbText>("A9")->erase(); }},
         {"brought back", [&] { OdDbObjectPtr(id("A9").safeOpenObject(OdDb::kForWrite, true))->erase(false); }},
@@ -149,18 +150,12 @@ TEST_F(Index, FollowsEveryKindOfChange)
              openBlock(id("E1").safeOpenObject()->ownerId())->appendOdDbEntity(circle);
          }},
         {"an erased entity of a block", [&] { open<OdDbLine>("E1")->erase(); }},
-        {"an attribute",
-         [&] {
-             open<OdDbText>("A3")->transformBy(OdGeMatrix3d::translation({40, -60, 0}));
-         }},
+        {"an attribute", [&] { move("A3", 40, -60); }},
         {"another block",
          [&] {
              open<OdDbBlockReference>("A1")->setBlockTableRecord(id("E1").openObject(OdDb::kForRead, true)->ownerId());
          }},
-        {"a polyline",
-         [&] {
-             open<OdDbEntity>("A5")->transformBy(OdGeMatrix3d::translation({60, 60, 0}));
-         }},
+        {"a polyline", [&] { move("A5", 60, 60); }},
         {"a style",
          [&]
          {
@@ -170,10 +165,7 @@ TEST_F(Index, FollowsEveryKindOfChange)
                  OdDbTextStyleTableRecord::cast(styles->getAt(L"STANDARD").safeOpenObject(OdDb::kForWrite));
              style->setXScale(4);
          }},
-        {"a clip",
-         [&] {
-             m_drawing.clip("A1", {{0, 0}, {52, 52}});
-         }},
+        {"a clip", [&] { m_drawing.clip("A1", box); }},
         {"another outline",
          [&]
          {
@@ -284,16 +276,13 @@ TEST_F(Index, FollowsManyChangesAtRandom)
 
 TEST_F(Index, AgreesWithTestingEveryEntityOfRealDrawings)
 {
-    const char* const folder = std::getenv("ZOLCAD_DRAWINGS");
-    if (folder == nullptr)
-        GTEST_SKIP() << "ZOLCAD_DRAWINGS does not name a folder of drawings";
+    const std::vector<std::string> paths = support::realDrawings();
+    if (paths.empty())
+        GTEST_SKIP() << support::kNoRealDrawings;
     std::mt19937 dice(3);
-    for (const auto& file : std::filesystem::directory_iterator(folder))
+    for (const std::string& path : paths)
     {
-        if (file.path().extension() != ".dxf")
-            continue;
-        const OdDbDatabasePtr drawing = OdDbDatabase::createObject();
-        drawing->readFile(odUtf8ToString(file.path().string()));
+        const OdDbDatabasePtr drawing = support::readDrawing(path);
         OdGeExtents3d box;
         const OdDbBlockTableRecordPtr space =
             OdDbBlockTableRecord::cast(drawing->getActiveLayoutBTRId().safeOpenObject());
@@ -318,7 +307,7 @@ TEST_F(Index, AgreesWithTestingEveryEntityOfRealDrawings)
                     drawing->activeViewportId(), 2, corners, isWindow ? Visual::kWindow : Visual::kCrossing);
                 EXPECT_EQ(handlesOf(selected->objectIdArray()),
                           testEveryEntity(*drawing, corners[0], corners[1], isWindow))
-                    << file.path() << (isWindow ? ": window" : ": crossing");
+                    << path << (isWindow ? ": window" : ": crossing");
             }
         }
     }

@@ -11,6 +11,7 @@
 #include "DbDatabase.h"
 #include "DbSSet.h"
 #include "DbSpatialFilter.h"
+#include "support/DrawingFiles.h"
 #include "support/EntityDrawing.h"
 #include "support/Sdk.h"
 #include "support/TemporaryFolder.h"
@@ -28,8 +29,7 @@ public:
     {
         support::startSdk();
         std::ofstream(m_folder.path("drawing.dxf")) << support::drawingOf(content);
-        m_database = OdDbDatabase::createObject();
-        m_database->readFile(odUtf8ToString(m_folder.path("drawing.dxf")));
+        m_database = support::readDrawing(m_folder.path("drawing.dxf"));
     }
 
     OdDbDatabase& database() { return *m_database; }

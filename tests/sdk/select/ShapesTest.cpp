@@ -1,7 +1,6 @@
 // What a shape on the screen takes: by what entities draw, not by the boxes around them.
 #include <limits>
 
-#include "DbText.h"
 #include "OdError.h"
 #include "ResBuf.h"
 #include "SelectTest.h"
@@ -320,18 +319,14 @@ TEST(Shapes, LieInThePlaneOfTheView)
 
     // From below, and from nearly straight above, the world's x axis goes to the left or to the right, which decides
     // between a crossing and a window.
-    const struct
+    const std::pair<const char*, const char*> rows[] = {{"40 100|16 0|26 0|36 -1", "A1 A2"},
+                                                        {"40 100|16 0.01|26 0|36 1", ""},
+                                                        {"40 100|16 0|26 0.01|36 1", ""},
+                                                        {"40 100|16 0|26 0.02|36 1", "A1 A2"}};
+    for (const auto& [view, expected] : rows)
     {
-        const char* view;
-        const char* expected;
-    } rows[] = {{"40 100|16 0|26 0|36 -1", "A1 A2"},
-                {"40 100|16 0.01|26 0|36 1", ""},
-                {"40 100|16 0|26 0.01|36 1", ""},
-                {"40 100|16 0|26 0.02|36 1", "A1 A2"}};
-    for (const auto& row : rows)
-    {
-        content.view = row.view;
-        EXPECT_EQ(Drawing(content).select(Visual::kBox, {{5, -9, 0}, {99, 9, 0}}), row.expected) << row.view;
+        content.view = view;
+        EXPECT_EQ(Drawing(content).select(Visual::kBox, {{5, -9, 0}, {99, 9, 0}}), expected) << view;
     }
 }
 
@@ -354,11 +349,7 @@ TEST(Shapes, RefuseWhatIsNone)
     const Drawing drawing({kShapes});
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const double infinity = std::numeric_limits<double>::infinity();
-    const struct
-    {
-        Visual::Mode mode;
-        std::vector<OdGePoint3d> points;
-    } cases[] = {
+    const std::pair<Visual::Mode, std::vector<OdGePoint3d>> cases[] = {
         {Visual::kPoint, {}},
         {Visual::kPoint, {at(0, 0), at(1, 1)}},
         {Visual::kBox, {at(0, 0)}},
@@ -370,9 +361,9 @@ TEST(Shapes, RefuseWhatIsNone)
         {static_cast<Visual::Mode>(7), {at(0, 0), at(1, 1)}},
         {static_cast<Visual::Mode>(-1), {at(0, 0)}},
     };
-    for (const auto& each : cases)
+    for (const auto& [mode, points] : cases)
     {
-        EXPECT_THROW(drawing.select(each.mode, each.points), OdError) << each.mode << ' ' << each.points.size();
+        EXPECT_THROW(drawing.select(mode, points), OdError) << mode << ' ' << points.size();
     }
     const OdGePoint3d point;
     EXPECT_THROW(OdDbSelectionSet::select(OdDbObjectId::kNull, 1, &point, Visual::kPoint), OdError);

@@ -63,9 +63,7 @@ TEST_F(FormatterTest, WritesLengths)
     {
         double value;
         Units::LUnits units;
-        int precision;
-        int zeros;
-        int mode;
+        int precision, zeros, mode;
         const char* text;
     } rows[] = {
         {1.5, Units::kDecimal, 4, 0, 0, "1.5000"},
@@ -157,9 +155,7 @@ TEST_F(FormatterTest, WritesAngles)
     {
         double degrees;
         Units::AUnits units;
-        int precision;
-        int zeros;
-        int mode;
+        int precision, zeros, mode;
         const char* text;
     } rows[] = {
         {45.0, Units::kDecimalDegrees, 2, 0, 0, "45.00"},

@@ -9,7 +9,7 @@
 #include "Gi/GiShapedText.h"
 #include "gi/WorldDraw.h"
 
-namespace entitytest
+namespace support
 {
 
 enum class ShapeKind
@@ -173,4 +173,4 @@ inline bool isPainted(const std::vector<DrawnShape>& shapes, double x, double y)
     return false;
 }
 
-} // namespace entitytest
+} // namespace support
