@@ -102,15 +102,8 @@ inline AnnotationProperties record(const Changes& changes = {})
 /// The text of what work throws, empty when it throws nothing.
 inline std::string textThrownBy(const std::function<void()>& work)
 {
-    try
-    {
-        work();
-    }
-    catch (const OdError& error)
-    {
-        return odStringToUtf8(error.description());
-    }
-    return {};
+    const OdError error = support::caught(work);
+    return error.code() == eOk ? "" : odStringToUtf8(error.description());
 }
 
 class AnnotationTest : public PluginTest

@@ -117,11 +117,7 @@ TEST_F(StampTest, SpacingIsBroughtIntoItsBounds)
 
 TEST_F(StampTest, PaddingCountsWhereThereIsDecoration)
 {
-    const struct
-    {
-        Changes changes;
-        double width, height;
-    } rows[] = {
+    const std::tuple<Changes, double, double> rows[] = {
         {{{"Width", "1"}, {"Height", "1"}, {"Padding", "0.6"}}, 0.01, 0.01},
         {{{"BorderColor", "null"}, {"BackgroundColor", "null"}}, 40, 10},
         {{{"BorderColor", "\"#00FFFFFF\""}, {"BackgroundColor", "\"#00FFFFFF\""}}, 40, 10},
@@ -130,11 +126,11 @@ TEST_F(StampTest, PaddingCountsWhereThereIsDecoration)
         {{{"Padding", "-2"}}, 44, 14},
         {{{"FitToText", "true"}, {"Padding", "3"}}, 0, 0},
     };
-    for (const auto& row : rows)
+    for (const auto& [changes, width, height] : rows)
     {
-        const OdSmartPtr<OdDbMText> text = the<OdDbMText>(createOne(row.changes));
-        EXPECT_DOUBLE_EQ(text->width(), row.width);
-        EXPECT_DOUBLE_EQ(text->height(), row.height);
+        const OdSmartPtr<OdDbMText> text = the<OdDbMText>(createOne(changes));
+        EXPECT_DOUBLE_EQ(text->width(), width);
+        EXPECT_DOUBLE_EQ(text->height(), height);
     }
 }
 
@@ -169,8 +165,7 @@ TEST_F(StampTest, TextsStandWhereTheirModesSay)
     const std::string plain = "\"Hxn\"", deep = "\"Hgx\"";
     const struct
     {
-        const char* horizontal;
-        const char* vertical;
+        const char *horizontal, *vertical;
         std::string text;
     } rows[] = {{"0", "3", plain}, {"1", "2", plain}, {"2", "1", plain},         {"0", "0", deep},
                 {"1", "3", deep},  {"2", "2", deep},  {"1", "2", "\"H\\\\PHg\""}};
@@ -249,27 +244,24 @@ TEST_F(StampTest, ResultsReportTheSizeThatWasDrawn)
 
 TEST_F(StampTest, PlanesAndAnglesTurnTheWholeBox)
 {
-    const struct
+    const std::tuple<const char*, const char*, const char*, const char*> rows[] = {
+        {"0", "0", "1", "90"},     {"0", "0", "-1", "45"},   {"1", "0", "0", "-30"},       {"0", "-2", "0", "400"},
+        {"1", "2", "3", "12.345"}, {"0.001", "0", "1", "0"}, {"1e-5", "1e-5", "1e-5", "5"}};
+    for (const auto& [nx, ny, nz, angle] : rows)
     {
-        const char *nx, *ny, *nz, *angle;
-    } rows[] = {{"0", "0", "1", "90"},        {"0", "0", "-1", "45"},    {"1", "0", "0", "-30"},
-                {"0", "-2", "0", "400"},      {"1", "2", "3", "12.345"}, {"0.001", "0", "1", "0"},
-                {"1e-5", "1e-5", "1e-5", "5"}};
-    for (const auto& row : rows)
-    {
-        const std::string handle = createOne({{"Nx", row.nx},
-                                              {"Ny", row.ny},
-                                              {"Nz", row.nz},
-                                              {"Angle", row.angle},
+        const std::string handle = createOne({{"Nx", nx},
+                                              {"Ny", ny},
+                                              {"Nz", nz},
+                                              {"Angle", angle},
                                               {"X", "7"},
                                               {"Y", "8"},
                                               {"Z", "9"},
                                               {"BorderShape", "5"}});
         const OdDbBlockReferencePtr opened = reference(handle);
-        const OdGeVector3d normal(std::stod(row.nx), std::stod(row.ny), std::stod(row.nz));
+        const OdGeVector3d normal(std::stod(nx), std::stod(ny), std::stod(nz));
         EXPECT_LT((opened->normal() - normal * (1.0 / normal.length())).length(), 1e-12);
         EXPECT_LT(opened->position().distanceTo(OdGePoint3d(7, 8, 9)), 1e-12);
-        EXPECT_NEAR(std::remainder(opened->rotation() - std::stod(row.angle) / 180 * OdaPI, Oda2PI), 0, 1e-12);
+        EXPECT_NEAR(std::remainder(opened->rotation() - std::stod(angle) / 180 * OdaPI, Oda2PI), 0, 1e-12);
         // Every corner of the border lies in the plane, as far from the centre as in the definition.
         const OdSmartPtr<OdDbPolyline> border = the<OdDbPolyline>(handle);
         for (unsigned i = 0; i < border->numVerts(); ++i)
@@ -330,8 +322,7 @@ TEST_F(StampTest, AnyTextIsDrawnAndKept)
     EXPECT_EQ(kept, "\\fA;{\\P}|b;" + odStringToUtf8(record({{"Text", json}}).text));
 }
 
-// ---- Modifying
-// -------------------------------------------------------------------------------------------------------
+// ---- Modifying ------------------------------------------------------------------------------------------------------
 
 TEST_F(StampTest, ModifyingUsesTheEntitiesAgain)
 {

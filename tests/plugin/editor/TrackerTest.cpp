@@ -4,8 +4,8 @@
 #include "Gs/Gs.h"
 #include "ModuleServices.h"
 #include "Trackers.h"
-#include "gi/WorldDraw.h"
 #include "support/PluginTest.h"
+#include "support/ShapeRecorder.h"
 
 using namespace plugintest;
 
@@ -13,38 +13,6 @@ namespace
 {
 
 constexpr double kPi = 3.14159265358979323846;
-
-/// Takes the lines that are drawn and their colour.
-class Lines : public gi::WorldDraw
-{
-public:
-    Lines() : gi::WorldDraw(kOdGiStandardDisplay), m_geometry(*this) {}
-    OdGiGeometry& geometry() const override { return m_geometry; }
-
-    std::string text;
-
-private:
-    class LineGeometry : public gi::Geometry
-    {
-    public:
-        explicit LineGeometry(Lines& lines) : gi::Geometry(lines), m_lines(lines) {}
-        void polyline(OdInt32 numPoints, const OdGePoint3d* points, const OdGeVector3d*) override
-        {
-            m_lines.text += std::to_string(m_lines.traits().color()) + ":";
-            for (OdInt32 i = 0; i < numPoints; ++i)
-            {
-                char buffer[100];
-                std::snprintf(buffer, sizeof buffer, "(%g %g %g)", points[i].x, points[i].y, points[i].z);
-                m_lines.text += buffer;
-            }
-        }
-        void ellipArc(const OdGePoint3d&, const OdGeVector3d&, const OdGeVector3d&, double, double) override {}
-
-    private:
-        Lines& m_lines;
-    };
-    mutable OdStaticRxObject<LineGeometry> m_geometry;
-};
 
 /// A picture that holds what is added and draws it when it is looked at.
 class View : public OdGsView
@@ -61,10 +29,19 @@ public:
     }
     std::string look() const
     {
-        OdStaticRxObject<Lines> lines;
+        std::string text;
         for (const OdGiDrawablePtr& drawable : m_shown)
-            lines.geometry().draw(drawable);
-        return lines.text;
+            for (const support::DrawnShape& line : support::drawnBy(*drawable))
+            {
+                text += std::to_string(line.color.colorIndex()) + ":";
+                for (const OdGePoint3d& point : line.points())
+                {
+                    char buffer[100];
+                    std::snprintf(buffer, sizeof buffer, "(%g %g %g)", point.x, point.y, point.z);
+                    text += buffer;
+                }
+            }
+        return text;
     }
 
     OdGsModel* lastModel = nullptr;
@@ -107,43 +84,28 @@ protected:
 
 TEST_F(TrackerTest, ShowWhatFollowsThePointer)
 {
-    const struct
-    {
-        OdEdPointDefTrackerPtr tracker;
-        const char* lines;
-    } rows[] = {
+    const std::pair<OdEdPointDefTrackerPtr, const char*> rows[] = {
         {services.CreateRubberBandTracker(base, nullptr), "7:(1 2 3)(4 6 15)"},
         {services.CreateRectFrameTracker(base, nullptr), "7:(1 2 3)(4 2 3)(4 6 3)(1 6 3)(1 2 3)"},
         {services.CreatePointToDistanceTracker(base, number, 0, db), "7:(1 2 3)(4 6 15)(4 6 15)"},
         {services.CreatePointToDistanceTracker(base, number, OdEd::kGdsNoZCoord, db), "7:(1 2 3)(4 6 3)(4 6 15)"},
         {services.CreatePointToOrientationTracker(base, number), "7:(14 2 3)(1 2 3)(4 6 15)"},
     };
-    for (const auto& row : rows)
+    for (const auto& [tracker, lines] : rows)
     {
         OdStaticRxObject<View> view;
-        EXPECT_TRUE(OdEdPointTracker::cast(row.tracker));
-        EXPECT_EQ(row.tracker->addDrawables(nullptr), 0);
-        EXPECT_EQ(row.tracker->addDrawables(&view), 1);
+        EXPECT_TRUE(OdEdPointTracker::cast(tracker));
+        EXPECT_EQ(tracker->addDrawables(nullptr), 0);
+        EXPECT_EQ(tracker->addDrawables(&view), 1);
         EXPECT_EQ(view.look(), "");
-        row.tracker->setValue(OdGePoint3d(0, 0, 0));
-        row.tracker->setValue(OdGePoint3d(4, 6, 15));
-        EXPECT_EQ(view.look(), row.lines);
-        row.tracker->removeDrawables(&view);
-        row.tracker->removeDrawables(&view);
-        row.tracker->removeDrawables(nullptr);
+        tracker->setValue(OdGePoint3d(0, 0, 0));
+        tracker->setValue(OdGePoint3d(4, 6, 15));
+        EXPECT_EQ(view.look(), lines);
+        tracker->removeDrawables(&view);
+        tracker->removeDrawables(&view);
+        tracker->removeDrawables(nullptr);
         EXPECT_EQ(view.look(), "");
     }
-}
-
-TEST_F(TrackerTest, StartFromAnotherBasePoint)
-{
-    const OdEdPointDefTrackerPtr tracker = services.CreateRubberBandTracker(base, nullptr);
-    tracker->setBasePoint(OdGePoint3d(9, 9, 9));
-    EXPECT_EQ(tracker->basePoint(), OdGePoint3d(9, 9, 9));
-    OdStaticRxObject<View> view;
-    tracker->addDrawables(&view);
-    tracker->setValue(OdGePoint3d());
-    EXPECT_EQ(view.look(), "7:(9 9 9)(0 0 0)");
 }
 
 TEST_F(TrackerTest, TellTheirModel)
@@ -184,18 +146,14 @@ TEST_F(TrackerTest, DistancesAreMeasuredByTheOptions)
 TEST_F(TrackerTest, DirectionsTurnFromEast)
 {
     const OdEdPointDefTrackerPtr tracker = services.CreatePointToOrientationTracker(base, number);
-    const struct
-    {
-        OdGePoint3d point;
-        double angle;
-    } rows[] = {
+    const std::pair<OdGePoint3d, double> rows[] = {
         {{2, 2, 3}, 0},         {{1, 5, 9}, kPi / 2},    {{0, 2, 0}, kPi},
         {{1, 1, 3}, 1.5 * kPi}, {{2, 1, 3}, 1.75 * kPi}, {{1, 2, 9}, 0},
     };
-    for (const auto& row : rows)
+    for (const auto& [point, angle] : rows)
     {
-        tracker->setValue(row.point);
-        EXPECT_DOUBLE_EQ(number->last, row.angle);
+        tracker->setValue(point);
+        EXPECT_DOUBLE_EQ(number->last, angle);
     }
 }
 

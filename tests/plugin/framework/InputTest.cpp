@@ -15,11 +15,7 @@ using InputTest = PluginTest;
 
 TEST_F(InputTest, CutsCommandStringsIntoAnswers)
 {
-    const struct
-    {
-        const OdChar* text;
-        std::vector<std::string> answers;
-    } rows[] = {
+    const std::pair<const OdChar*, std::vector<std::string>> rows[] = {
         {L"", {}},
         {L" \t\r\n", {}},
         {L"A b  c ", {"A", "b", "c"}},
@@ -36,13 +32,13 @@ TEST_F(InputTest, CutsCommandStringsIntoAnswers)
         {L"a{b c}", {"a{b", "c}"}},
         {L"] }", {"]", "}"}},
     };
-    for (const auto& row : rows)
+    for (const auto& [utf8, expected] : rows)
     {
-        const CStringIOPtr io = CStringIO::createObject(row.text, nullptr);
+        const CStringIOPtr io = CStringIO::createObject(utf8, nullptr);
         std::vector<std::string> answers;
         while (io->HasText())
             answers.push_back(odStringToUtf8(io->getString(L"", 0, nullptr)));
-        EXPECT_EQ(answers, row.answers) << odStringToUtf8(row.text);
+        EXPECT_EQ(answers, expected) << odStringToUtf8(utf8);
         EXPECT_THROW(io->getString(L"", 0, nullptr), OdEdCancel);
         EXPECT_THROW(io->getPoint(L"", 0, nullptr), OdEdCancel);
     }
@@ -65,12 +61,7 @@ TEST_F(InputTest, GivesPointsAsTypedText)
 
 TEST_F(InputTest, FindsKeywords)
 {
-    const struct
-    {
-        const OdChar* keywords;
-        const OdChar* answer;
-        int index;
-    } rows[] = {
+    const std::tuple<const OdChar*, const OdChar*, int> rows[] = {
         {L"Yes No", L"yes", 0},         {L"Yes No", L"N", 1},       {L"Yes No", L"Maybe", -1},
         {L"Yes No", L"", -1},           {L"Yes No", L"Yess", -1},   {L"", L"Yes", -1},
         {L"  Yes   No ", L"no", 1},     {L"eXit LAst", L"x", 0},    {L"eXit LAst", L"e", -1},
@@ -80,9 +71,9 @@ TEST_F(InputTest, FindsKeywords)
         {L"Yes No _ Ja Nein", L"j", 0}, {L"Yes No _ Ja", L"No", 1}, {L"Yes No _ Ja Nein", L"_", -1},
         {L"Über Ende", L"ü", 0},        {L"_ Yes", L"Yes", -1},     {L"N No", L"n", 0},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(CKeywordList(row.keywords).Find(row.answer), row.index)
-            << odStringToUtf8(row.keywords) << " / " << odStringToUtf8(row.answer);
+    for (const auto& [keywords, answer, index] : rows)
+        EXPECT_EQ(CKeywordList(keywords).Find(answer), index)
+            << odStringToUtf8(keywords) << " / " << odStringToUtf8(answer);
 }
 
 TEST_F(InputTest, AsksForTextsAsTheOptionsSay)
@@ -158,24 +149,20 @@ TEST_F(InputTest, AsksForKeywordsUntilItHasOne)
 
 TEST_F(InputTest, JsonTextsAreTheSameHoweverTheyWereWritten)
 {
-    const struct
-    {
-        const OdChar* json;
-        const char* text;
-    } rows[] = {
+    const std::pair<const OdChar*, const char*> rows[] = {
         {L"\"\\uD83D\\uDE00\"", "\xF0\x9F\x98\x80"},
         {L"\"\U0001F600\"", "\xF0\x9F\x98\x80"},
         {L"\"\\u00e9\\n\\\"\"", "é\n\""},
         {L"\"\"", ""},
     };
-    for (const auto& row : rows)
+    for (const auto& [json, utf8] : rows)
     {
-        std::wstring text = row.json;
+        std::wstring text = json;
         JsonDocument document;
         document.ParseInsitu(text.data());
         ASSERT_FALSE(document.HasParseError());
         const OdString read = TextOfJson(document);
-        EXPECT_EQ(odStringToUtf8(read), row.text);
+        EXPECT_EQ(odStringToUtf8(read), utf8);
         JsonDocument written;
         written.SetArray().PushBack(JsonOfText(read, written.GetAllocator()), written.GetAllocator());
         std::wstring again(WriteJson(written).view());

@@ -261,15 +261,4 @@ TEST_F(ProtocolTest, ExecuteLeavesItsParametersInstalled)
     EXPECT_FALSE(handler->funcIO()->result());
 }
 
-TEST_F(ProtocolTest, ErrorsSurviveBeingCopied)
-{
-    const OdError copy = OdError_InvalidValue(eNullPtr, L"pDb", L"CSomething::DoIt");
-    const OdError copyOfCopy = copy;
-    EXPECT_EQ(faultOf(copyOfCopy), valueFault(417, "pDb", "CSomething::DoIt"));
-    const std::string text = odStringToUtf8(copyOfCopy.description());
-    EXPECT_NE(text.find("pDb"), std::string::npos) << text;
-    EXPECT_NE(text.find("CSomething::DoIt"), std::string::npos) << text;
-    EXPECT_EQ(CModuleErrorContext::Of(OdError(eNullPtr)), nullptr);
-}
-
 } // namespace

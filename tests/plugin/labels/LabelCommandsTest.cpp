@@ -72,12 +72,7 @@ TEST_F(LabelQueriesTest, SingleLabelsAreFoundByWhatIsKnownOfThem)
 {
     const OdDbObjectId none;
     const OdString handle = a.getHandle().ascii();
-    const struct
-    {
-        const OdChar* command;
-        OdResBufPtr parameters;
-        OdDbObjectId found;
-    } rows[] = {
+    const std::tuple<const OdChar*, OdResBufPtr, OdDbObjectId> rows[] = {
         {L"BSYSTEMLABELGETIDFROMGUID", text(L"GUID", L" 'AAAA'\n"), a},
         {L"BSYSTEMLABELGETIDFROMGUID", text(L"guid", L"cccc"), c},
         {L"BSYSTEMLABELGETIDFROMGUID", text(L"GUID", L"bbbb"), none},
@@ -103,8 +98,8 @@ TEST_F(LabelQueriesTest, SingleLabelsAreFoundByWhatIsKnownOfThem)
         {L"BSYSTEMLABELGETIDFROMNAME", chain({text(L"NAME", L"GONE"), allowDeleted()}), gone},
         {L"BSYSTEMLABELGETIDFROMNAME", text(L"NAME", L"ab"), none},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(find(row.command, row.parameters), row.found) << odStringToUtf8(row.command);
+    for (const auto& [command, parameters, found] : rows)
+        EXPECT_EQ(find(command, parameters), found) << odStringToUtf8(command);
     EXPECT_TRUE(db->getOdDbObjectId(OdDbHandle(0xFFFFF)).isNull());
 }
 
@@ -134,12 +129,7 @@ TEST_F(LabelQueriesTest, WrongKindsOfValuesAreRefusedAndUnknownNamesPassedOver)
     const Fault notText = argumentFault(68, "pResBuf", "CadCommands::ResBufGetOdString");
     const Fault notId = argumentFault(68, "pResBuf", "CadCommands::ResBufGetObjectId");
     const auto number = [](const OdChar* name) { return CadCommands::SetParameterInt32(name, 1); };
-    const struct
-    {
-        const OdChar* command;
-        OdResBufPtr parameters;
-        Fault fault;
-    } rows[] = {
+    const std::tuple<const OdChar*, OdResBufPtr, Fault> rows[] = {
         {L"BSYSTEMLABELGETALLIDS", text(L"ALLOWDELETED", L"true"), notBool},
         {L"BSYSTEMLABELGETALLIDS", number(L"allowdeleted"), notBool},
         {L"BSYSTEMLABELGETALLIDS", number(L"NAME"), {}},
@@ -152,8 +142,8 @@ TEST_F(LabelQueriesTest, WrongKindsOfValuesAreRefusedAndUnknownNamesPassedOver)
         {L"BSYSTEMLABELGETALLNAMES", number(L"OBJECTIDARRAY"), {}},
         {L"BSYSTEMLABELCREATE", number(L"OBJECTID"), notId},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(run(row.command, row.parameters).fault, row.fault) << odStringToUtf8(row.command);
+    for (const auto& [command, parameters, fault] : rows)
+        EXPECT_EQ(run(command, parameters).fault, fault) << odStringToUtf8(command);
 }
 
 TEST_F(LabelCommandsTest, QueriesOfADrawingWithoutLabels)
@@ -221,11 +211,7 @@ TEST_F(LabelQueriesTest, UsersChooseByKeywordOrHandle)
 
 TEST_F(LabelCommandsTest, LabelsSayWhatTheParserReads)
 {
-    const struct
-    {
-        const wchar_t* parsed;
-        const char* label;
-    } rows[] = {
+    const std::pair<const wchar_t*, const char*> rows[] = {
         {L"<inRect>E12</inRect>", "E12"},
         {L"<inCir>P3/<inCir>", "P3"},
         {L"<inCir>P3</inCir>", "P3</inCir>"},
@@ -237,13 +223,13 @@ TEST_F(LabelCommandsTest, LabelsSayWhatTheParserReads)
         {L"", ""},
         {L"\U0001F600", "\xF0\x9F\x98\x80"},
     };
-    for (const auto& row : rows)
+    for (const auto& [parsed, expected] : rows)
     {
         const OdDbObjectId line = addLine();
-        HostCommands::get().parsedText = row.parsed;
+        HostCommands::get().parsedText = parsed;
         const OdDbObjectId label = find(L"BSYSTEMLABELCREATE", CadCommands::SetParameterObjectId(L"OBJECTID", line));
-        EXPECT_EQ(textOf(label), row.label);
-        EXPECT_EQ(markOf(line), std::string(row.label) + ", " + odStringToUtf8(openLabel(label)->GetGuid()));
+        EXPECT_EQ(textOf(label), expected);
+        EXPECT_EQ(markOf(line), std::string(expected) + ", " + odStringToUtf8(openLabel(label)->GetGuid()));
     }
 }
 

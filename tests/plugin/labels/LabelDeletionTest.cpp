@@ -54,12 +54,7 @@ TEST_F(LabelDeletionTest, RowsOfIds)
     erase(erasedLine);
     const OdDbObjectId dictionary = CBSystemLabel::GetDictionary(db)->objectId();
     db->clearUndo();
-    const struct
-    {
-        std::vector<OdDbObjectId> given;
-        std::vector<OdDbObjectId> deleted;
-        Fault fault;
-    } rows[] = {
+    const std::tuple<std::vector<OdDbObjectId>, std::vector<OdDbObjectId>, Fault> rows[] = {
         {{}, {}, {}},
         {{none, dangling}, {}, {}},
         {{gone}, {}, {}},
@@ -72,19 +67,19 @@ TEST_F(LabelDeletionTest, RowsOfIds)
         {{a, dictionary}, {}, noLabel},
         {{db->getLayerZeroId(), a}, {}, noLabel},
     };
-    for (const auto& row : rows)
+    for (const auto& [given, deleted, fault] : rows)
     {
-        const Outcome outcome = run(L"BSYSTEMLABELDELETE", ids(row.given));
-        EXPECT_EQ(outcome.fault, row.fault);
-        EXPECT_EQ(outcome.state, row.fault.code ? eCommandFailed : eCommandEnded);
+        const Outcome outcome = run(L"BSYSTEMLABELDELETE", ids(given));
+        EXPECT_EQ(outcome.fault, fault);
+        EXPECT_EQ(outcome.state, fault.code ? eCommandFailed : eCommandEnded);
         EXPECT_FALSE(outcome.result) << "it has no result";
-        EXPECT_EQ(db->hasUndo(), !row.deleted.empty());
-        if (row.deleted.empty())
+        EXPECT_EQ(db->hasUndo(), !deleted.empty());
+        if (deleted.empty())
         {
             EXPECT_EQ(state(), before);
             continue;
         }
-        for (const OdDbObjectId& label : row.deleted)
+        for (const OdDbObjectId& label : deleted)
         {
             EXPECT_TRUE(label.isErased());
             EXPECT_TRUE(CBSystemLabel::GetDictionary(db)->nameAt(label).isEmpty());
@@ -103,19 +98,6 @@ TEST_F(LabelDeletionTest, RowsOfIds)
         db->undo();
         db->clearUndo();
     }
-}
-
-TEST_F(LabelDeletionTest, DeletedLabelsAreGoneForQueriesOfTheDictionary)
-{
-    run(L"BSYSTEMLABELDELETE", ids({a}));
-    EXPECT_EQ(run(L"BSYSTEMLABELGETALLIDS").ids(), std::vector{b});
-    const OdResBufPtr allowed = CadCommands::SetParameterBool(L"ALLOWDELETED", true);
-    EXPECT_EQ(run(L"BSYSTEMLABELGETALLIDS", allowed).ids(), (std::vector{b, gone}));
-    EXPECT_EQ(run(L"BSYSTEMLABELGETIDFROMHANDLE",
-                  chain({CadCommands::SetParameterBool(L"ALLOWDELETED", true),
-                         CadCommands::SetParameterOdString(L"HANDLE", a.getHandle().ascii())}))
-                  .id(),
-              a);
 }
 
 TEST_F(LabelDeletionTest, UsersChoose)

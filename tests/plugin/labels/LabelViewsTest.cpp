@@ -30,12 +30,8 @@ protected:
 TEST_F(LabelViewsTest, WhatTheViewerAnswersDecides)
 {
     const Fault wrongKind = argumentFault(68, "pResBuf", "CadCommands::ResBufGetOdGeExtents3d");
-    const struct
-    {
-        OdResBufPtr answer;
-        std::string zoom, dolly; ///< empty for no call
-        Fault fault;
-    } rows[] = {
+    // What the viewer answers, what it is told then, empty for nothing, and faults.
+    const std::tuple<OdResBufPtr, std::string, std::string, Fault> rows[] = {
         {extents({0, 0, 0}, {4, 2, 1}),
          "zoom " + shown({0, 0, 0}) + ", " + shown({4, 2, 1}),
          "dolly " + shown({2, 1, 0.5}),
@@ -60,46 +56,18 @@ TEST_F(LabelViewsTest, WhatTheViewerAnswersDecides)
     };
     const std::string asked =
         "extents of " + odStringToUtf8(other.getHandle().ascii()) + " " + odStringToUtf8(label.getHandle().ascii());
-    for (const auto& row : rows)
+    for (const auto& [answer, zoom, dolly, fault] : rows)
         for (const bool zooms : {true, false})
         {
-            HostCommands::get().viewerAnswer = row.answer;
+            HostCommands::get().viewerAnswer = answer;
             calls().clear();
             const Outcome outcome = run(zooms ? L"BSYSTEMLABELZOOM" : L"BSYSTEMLABELDOLLY", ids({other, label}));
-            EXPECT_EQ(outcome.fault, row.fault);
+            EXPECT_EQ(outcome.fault, fault);
             EXPECT_FALSE(outcome.result);
             std::vector<std::string> expected = {asked};
-            if (const std::string& call = zooms ? row.zoom : row.dolly; !call.empty())
+            if (const std::string& call = zooms ? zoom : dolly; !call.empty())
                 expected.push_back(call);
             EXPECT_EQ(calls(), expected);
-        }
-}
-
-TEST_F(LabelViewsTest, WithoutLabelsTheViewerIsLeftAlone)
-{
-    HostCommands::get().viewerAnswer = extents({0, 0, 0}, {4, 2, 1});
-    const struct
-    {
-        std::deque<OdString> answers;
-        OdResBufPtr parameters;
-        std::size_t calls;
-    } rows[] = {
-        {{}, ids({}), 0},
-        {{L"FFFFF"}, {}, 0},
-        {{L"Guid", L"none"}, {}, 0},
-        {{L"all"}, {}, 2},
-        {{L"Name", L"a"}, {}, 2},
-        {{label.getHandle().ascii()}, CadCommands::SetParameterBool(L"ALLOWDELETED", true), 2},
-        {{}, {}, 0},
-    };
-    for (const OdChar* command : {L"BSYSTEMLABELZOOM", L"BSYSTEMLABELDOLLY"})
-        for (const auto& row : rows)
-        {
-            host->answers = row.answers;
-            calls().clear();
-            const bool cancels = row.answers.empty() && !row.parameters;
-            EXPECT_EQ(run(command, row.parameters).state, cancels ? eCommandCancelled : eCommandEnded);
-            EXPECT_EQ(calls().size(), row.calls);
         }
 }
 

@@ -7,7 +7,7 @@
 #include "ItemsDwgFiler.h"
 #include "ItemsDxfFiler.h"
 #include "objects/ParamsDrawingBorder.h"
-#include "support/TemporaryFolder.h"
+#include "support/DrawingFiles.h"
 
 using namespace plugintest;
 
@@ -234,12 +234,7 @@ TEST_F(DrawingBorderFilingTest, DxfGroupsInAnyOtherOrderAreRefused)
             << i;
     }
     const OdDbObjectId id = addBorder();
-    const struct
-    {
-        std::size_t group;
-        const OdChar* value;
-        OdResult result;
-    } rows[] = {
+    const std::tuple<std::size_t, const OdChar*, OdResult> rows[] = {
         {0, L"CBSystemLabel", eBadDxfSequence},
         {0, L"cdrawingborderdata", eBadDxfSequence},
         {1, L"2", eNotImplementedYet},
@@ -248,13 +243,13 @@ TEST_F(DrawingBorderFilingTest, DxfGroupsInAnyOtherOrderAreRefused)
         {9, L"0", eOk},
         {8, L"-1", eOk},
     };
-    for (const auto& row : rows)
+    for (const auto& [group, value, result] : rows)
         for (const OdDbFiler::FilerType type : kAllFilers)
         {
             DxfItems changed = fullGroups;
-            changed[row.group].second = row.value;
-            const bool looksAtIt = row.group < 2 || !asksForIdsOnly(type);
-            EXPECT_EQ(readDxf(id, changed, type), looksAtIt ? row.result : eOk) << row.group << " " << type;
+            changed[group].second = value;
+            const bool looksAtIt = group < 2 || !asksForIdsOnly(type);
+            EXPECT_EQ(readDxf(id, changed, type), looksAtIt ? result : eOk) << group << " " << type;
         }
 }
 
@@ -304,7 +299,6 @@ TEST_F(DrawingBorderFilingTest, ACopyInAnotherDrawingKeepsItsGuid)
 
 TEST_F(DrawingBorderFilingTest, FilesBringBordersBackAsTheyWere)
 {
-    const support::TemporaryFolder folder;
     for (const OdDb::SaveType type : {OdDb::kDxf, OdDb::kDxb})
     {
         const OdDbObjectId full = addFullBorder(L" blanks around ");
@@ -315,11 +309,7 @@ TEST_F(DrawingBorderFilingTest, FilesBringBordersBackAsTheyWere)
         lines.append(L"");
         open(odd, OdDb::kForWrite)->SetColumnLineIds(columns, lines);
         open(odd, OdDb::kForWrite)->SetCorners({1e-300, -1e300, 0.1}, {1.0 / 3.0, 0, -0.0});
-        const OdString path(folder.path("borders.dxf").c_str());
-        db->writeFile(path, type);
-        const OdDbDatabasePtr reread = OdDbDatabase::createObject();
-        reread->readFile(path);
-        EXPECT_EQ(reread->recoveryReport().size(), 0u);
+        const OdDbDatabasePtr reread = support::savedAndRead(*db, type);
         const OdDbDictionaryPtr entries = CDrawingBorderData::GetDictionary(reread);
         EXPECT_EQ(entries->numEntries(), 2u);
         for (const OdDbObjectId& id : {full, odd})
@@ -336,17 +326,6 @@ TEST_F(DrawingBorderFilingTest, FilesBringBordersBackAsTheyWere)
 }
 
 // ---- JSON -----------------------------------------------------------------------------------------------------------
-
-TEST_F(DrawingBorderFilingTest, JsonHoldsTheWholeBorder)
-{
-    EXPECT_EQ(utf8(CParamsDrawingBorder().Write()),
-              R"({"ColumnLinesValid":false,"Columns":[],"Lines":[],"AreaValid":false,)"
-              R"("AreaFirst":{"X":0.0,"Y":0.0,"Z":0.0},"AreaSecond":{"X":0.0,"Y":0.0,"Z":0.0}})");
-    const std::string full = utf8(CParamsDrawingBorder(*open(addFullBorder())).Write());
-    EXPECT_EQ(full, R"({"ColumnLinesValid":true,"Columns":["1",""],"Lines":["A"],"AreaValid":false,)"
-                    R"("AreaFirst":{"X":1.0,"Y":5.0,"Z":3.0},"AreaSecond":{"X":4.0,"Y":2.0,"Z":6.0}})");
-    EXPECT_EQ(utf8(CParamsDrawingBorder::Read(OdString(full.c_str())).Write()), full);
-}
 
 TEST_F(DrawingBorderFilingTest, JsonIsReadOrRefused)
 {
@@ -384,15 +363,7 @@ TEST_F(DrawingBorderFilingTest, JsonIsReadOrRefused)
     };
     for (const auto& row : rows)
     {
-        OdError error(eOk);
-        try
-        {
-            CParamsDrawingBorder::Read(row.json);
-        }
-        catch (const OdError& thrown)
-        {
-            error = thrown;
-        }
+        const OdError error = support::caught([&] { CParamsDrawingBorder::Read(row.json); });
         EXPECT_EQ(int(error.code()), row.code) << utf8(row.json);
         if (row.code != 0)
         {

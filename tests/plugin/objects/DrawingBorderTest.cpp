@@ -37,16 +37,6 @@ protected:
 
 // ---- Identity -------------------------------------------------------------------------------------------------------
 
-TEST_F(DrawingBorderTest, TheClassIsRegisteredOnce)
-{
-    EXPECT_EQ(thrownBy([] { CDrawingBorderData::rxInit(); }).code, 313);
-    const OdRxClass* record = CDrawingBorderData::desc();
-    EXPECT_EQ(record->name(), L"CDrawingBorderData");
-    EXPECT_EQ(record->dxfName(), L"CDRAWINGBORDERDATA");
-    EXPECT_EQ(record->appName(), L"Quend.Zol.Cad.tx");
-    EXPECT_TRUE(record->isDerivedFrom(OdDbObject::desc()));
-}
-
 TEST_F(DrawingBorderTest, TheDictionaryIsMadeOnce)
 {
     EXPECT_EQ(thrownBy([] { CDrawingBorderData::GetDictionary(nullptr); }),
@@ -84,18 +74,14 @@ TEST_F(DrawingBorderTest, InitializeKeepsTheGuidAsGiven)
 TEST_F(DrawingBorderTest, SetGuidMovesTheEntry)
 {
     const OdDbObjectId id = addBorder(L"aaaa");
-    const struct
-    {
-        const OdChar* guid;
-        const char* key;
-    } rows[] = {
+    const std::pair<const OdChar*, const char*> rows[] = {
         {L" \t\n\"'bbbb'\" ", "bbbb"}, {L"BBBB", "bbbb"},     {L"", "bbbb"},    {L" '\" ", "bbbb"},
         {kNullGuid, "bbbb"},           {L"{cccc}", "{cccc}"}, {L" 'ÄÖ'", "ÄÖ"}, {L"äö", "ÄÖ"},
     };
-    for (const auto& row : rows)
+    for (const auto& [guid, key] : rows)
     {
-        open(id, OdDb::kForWrite)->setGuid(row.guid);
-        EXPECT_EQ(keyOf(id), row.key) << odStringToUtf8(row.guid);
+        open(id, OdDb::kForWrite)->setGuid(guid);
+        EXPECT_EQ(keyOf(id), key) << odStringToUtf8(guid);
         EXPECT_EQ(dictionary()->numEntries(), 1u);
     }
     EXPECT_EQ(thrownBy([&] { open(id)->setGuid(L"dddd"); }).code, eNotOpenForWrite);
@@ -123,18 +109,15 @@ TEST_F(DrawingBorderTest, UpdateGuidAsksWithThePresentOneAsDefault)
     const CDrawingBorderDataPtr border = open(id, OdDb::kForWrite);
     EXPECT_EQ(thrownBy([&] { border->UpdateGuid(nullptr); }),
               argumentFault(417, "pIO", "CDrawingBorderData::UpdateGuid"));
-    const struct
-    {
-        const OdChar* answer;
-        const char* key;
-    } rows[] = {{L"", "aaaa"}, {L" 'bbbb'", "bbbb"}, {L"", "bbbb"}, {kNullGuid, "bbbb"}};
-    for (const auto& row : rows)
+    const std::pair<const OdChar*, const char*> rows[] = {
+        {L"", "aaaa"}, {L" 'bbbb'", "bbbb"}, {L"", "bbbb"}, {kNullGuid, "bbbb"}};
+    for (const auto& [answer, key] : rows)
     {
         const std::string before = keyOf(id);
-        host->answers = {row.answer};
+        host->answers = {answer};
         border->UpdateGuid(handler->dbUserIO());
         EXPECT_NE(host->prompts.back().find(before), std::string::npos) << host->prompts.back();
-        EXPECT_EQ(keyOf(id), row.key);
+        EXPECT_EQ(keyOf(id), key);
     }
     EXPECT_THROW(border->UpdateGuid(handler->dbUserIO()), OdEdCancel);
     EXPECT_EQ(thrownBy([&] { open(addBorder())->UpdateGuid(nullptr); }).code, eNotOpenForWrite)
@@ -142,61 +125,6 @@ TEST_F(DrawingBorderTest, UpdateGuidAsksWithThePresentOneAsDefault)
 }
 
 // ---- What it holds --------------------------------------------------------------------------------------------------
-
-TEST_F(DrawingBorderTest, CornersAreSorted)
-{
-    const struct
-    {
-        OdGePoint3d given[2];
-        OdGePoint3d first, second;
-    } rows[] = {
-        {{{10, 0, 5}, {0, 20, 1}}, {0, 20, 1}, {10, 0, 5}},
-        {{{0, 20, 1}, {10, 0, 5}}, {0, 20, 1}, {10, 0, 5}},
-        {{{0, 0, 0}, {10, 20, 5}}, {0, 20, 0}, {10, 0, 5}},
-        {{{-1, -2, -3}, {-1, -2, -3}}, {-1, -2, -3}, {-1, -2, -3}},
-    };
-    const CDrawingBorderDataPtr border = CDrawingBorderData::createObject();
-    EXPECT_FALSE(border->AreCornersValid());
-    for (const auto& row : rows)
-    {
-        border->SetCorners(row.given[0], row.given[1]);
-        EXPECT_TRUE(border->AreCornersValid());
-        EXPECT_EQ(border->GetCorners(), std::make_pair(row.first, row.second));
-        border->ForceCornersInvalid();
-        EXPECT_FALSE(border->AreCornersValid());
-        EXPECT_EQ(border->GetCorners().first, row.first) << "the corners stay";
-    }
-}
-
-TEST_F(DrawingBorderTest, ListsBecomeValidAndStaySo)
-{
-    const struct
-    {
-        std::vector<const OdChar*> columns, lines;
-        bool valid; ///< of a border that had no list before
-    } rows[] = {
-        {{}, {}, false}, {{L"1"}, {}, false}, {{}, {L"A"}, false}, {{L""}, {L""}, true}, {{L"1", L"1"}, {L"A"}, true},
-    };
-    for (const auto& row : rows)
-        for (const bool wasValid : {false, true})
-        {
-            const CDrawingBorderDataPtr border = CDrawingBorderData::createObject();
-            EXPECT_FALSE(border->AreColumnLinesValid());
-            if (wasValid)
-                border->SetColumnLineIds(strings({L"9"}), strings({L"Z"}));
-            border->SetColumnLineIds(strings(row.columns), strings(row.lines));
-            EXPECT_EQ(border->AreColumnLinesValid(), row.valid || wasValid);
-            OdStringArray columns = strings({L"old"}), lines = columns;
-            border->GetColumnLineIds(columns, lines);
-            EXPECT_EQ(columns, strings(row.columns));
-            EXPECT_EQ(lines, strings(row.lines));
-            EXPECT_EQ(border->GetColumnIds(), columns);
-            EXPECT_EQ(border->GetLineIds(), lines);
-            border->ForceColumnLinesInvalid();
-            EXPECT_FALSE(border->AreColumnLinesValid());
-            EXPECT_EQ(border->GetLineIds(), lines);
-        }
-}
 
 TEST_F(DrawingBorderTest, NothingIsChangedOrReadUnlessItIsOpen)
 {

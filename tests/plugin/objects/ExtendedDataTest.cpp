@@ -40,12 +40,8 @@ protected:
 TEST_F(ExtendedDataTest, ReadsEveryVersionAndWritesTheNewest)
 {
     const Fault unreadable = valueFault(68, "pResult", "CZolExtendedData::Get");
-    const struct
-    {
-        std::vector<std::string> values;
-        Fault fault;
-        const char* saved; ///< after the name was set to "new"
-    } rows[] = {
+    // The values, how they are refused, what is saved after the name was set to "new".
+    const std::tuple<std::vector<std::string>, Fault, const char*> rows[] = {
         {{"1", "4097", "256"}, {}, "terraSHAPING|3|4097|256|||new|"},
         {{"1", "2", "0", "link", "guid", "name"}, {}, "terraSHAPING|3|2|0|||new|"},
         {{"0", "2", "0"}, {}, "terraSHAPING|3|2|0|||new|"},
@@ -63,20 +59,20 @@ TEST_F(ExtendedDataTest, ReadsEveryVersionAndWritesTheNewest)
         {{"3", "2", "0", "F1", "guid"}, unreadable, ""},
         {{"3", "2", "0", "F1", "guid", "7"}, unreadable, ""},
     };
-    for (const auto& row : rows)
+    for (const auto& [values, fault, saved] : rows)
     {
-        setMarks(row.values);
+        setMarks(values);
         const std::string before = marks();
         EXPECT_TRUE(CZolExtendedData::ObjectHasData(line, false));
-        EXPECT_EQ(thrownBy([&] { get(); }), row.fault) << before;
-        if (row.fault.code != 0)
+        EXPECT_EQ(thrownBy([&] { get(); }), fault) << before;
+        if (fault.code != 0)
             continue;
         const CZolExtendedDataPtr data = get();
         data->Save();
         EXPECT_EQ(marks(), before) << "nothing was changed yet";
         data->SetName(L"new");
         data->Save();
-        EXPECT_EQ(marks(), row.saved);
+        EXPECT_EQ(marks(), saved);
         EXPECT_EQ(data->DataReadFromObject(), line);
     }
     setMarks({"1", "2", "0"}, OdResBuf::kDxfXdInteger16);

@@ -2,12 +2,11 @@
 // kind.
 #include "support/PluginTest.h"
 
-#include <filesystem>
-
 #include "DbIdMapping.h"
 #include "ItemsDwgFiler.h"
 #include "ItemsDxfFiler.h"
 #include "framework/Json.h"
+#include "support/DrawingFiles.h"
 
 using namespace plugintest;
 
@@ -79,11 +78,8 @@ TEST_F(LabelFilingTest, DxfGroupsInAnyOtherOrderAreRefused)
     }
     EXPECT_EQ(read(id, {{100, L"Other"}, {70, L"1"}}), 69);
     EXPECT_EQ(read(id, {{100, L"CBSystemLabel"}, {70, L"2"}, {1, kGuid}}), 1);
-    EXPECT_EQ(thrownBy(
-                  [&] {
-                      read(id, {{100, L"CBSystemLabel"}, {70, L"1"}, {1, L" "}});
-                  }),
-              valueFault(4, "strGuid", "CBSystemLabel::SetGuid"));
+    const DxfItems noGuid = {{100, L"CBSystemLabel"}, {70, L"1"}, {1, L" "}};
+    EXPECT_EQ(thrownBy([&] { read(id, noGuid); }), valueFault(4, "strGuid", "CBSystemLabel::SetGuid"));
     EXPECT_EQ(read(id, good), 0);
     EXPECT_EQ(openLabel(id)->GetLabel(), L"new");
     EXPECT_EQ(CBSystemLabel::GetDictionary(db)->nameAt(id), kGuid);
@@ -192,14 +188,9 @@ TEST_F(LabelFilingTest, FilesBringLabelsBackAsTheyWere)
         const std::vector<OdDbObjectId> lines = addLines(3);
         const OdDbObjectId id = addLabel({lines[2], lines[0]}, L"E\U0001F600\"é");
         const std::string before = stateOf(id);
-        const std::string path = (std::filesystem::temp_directory_path() / "zolcad-labels.dxf").string();
-        db->writeFile(OdString(path.c_str()), type);
-        const OdDbDatabasePtr reread = OdDbDatabase::createObject();
-        reread->readFile(OdString(path.c_str()));
-        std::filesystem::remove(path);
+        const OdDbDatabasePtr reread = support::savedAndRead(*db, type);
         const OdDbObjectId again = reread->getOdDbObjectId(id.getHandle());
         EXPECT_EQ(stateOf(again), before);
-        EXPECT_EQ(reread->recoveryReport().size(), 0u);
         EXPECT_EQ(CBSystemLabel::GetDictionary(reread)->getAt(openLabel(id)->GetGuid()), again);
         const OdDbObjectId line = reread->getOdDbObjectId(lines[2].getHandle());
         EXPECT_EQ(markOf(line), markOf(lines[2]));

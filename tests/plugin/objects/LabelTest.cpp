@@ -113,26 +113,6 @@ TEST_F(LabelTest, TheClassIsRegisteredOnce)
 
 // ---- References -----------------------------------------------------------------------------------------------------
 
-TEST_F(LabelTest, ReferencesAreUniqueAndOrdered)
-{
-    const std::vector<OdDbObjectId> lines = addLines(4);
-    const OdDbObjectId id = addLabel({lines[2], lines[0], lines[2], lines[1], lines[0]}, L"E");
-    EXPECT_EQ(referencesOf(id), (std::vector{lines[2], lines[0], lines[1]}));
-    openLabel(id, OdDb::kForWrite)->RemoveReferencedObjectId(lines[0]);
-    openLabel(id, OdDb::kForWrite)->RemoveReferencedObjectId(lines[3]);
-    openLabel(id, OdDb::kForWrite)->RemoveReferencedObjectId(OdDbObjectId());
-    openLabel(id, OdDb::kForWrite)->AddReferencedObjectId(lines[0]);
-    EXPECT_EQ(referencesOf(id), (std::vector{lines[2], lines[1], lines[0]}));
-    expectMarks(id, {lines[0], lines[1], lines[2]}, "E");
-    openLabel(id, OdDb::kForWrite)->SetReferencedObjectIds(idArray({lines[3], lines[1]}));
-    EXPECT_EQ(referencesOf(id), (std::vector{lines[3], lines[1]}));
-    EXPECT_EQ(markOf(lines[0]), "-, ");
-    EXPECT_FALSE(listens(id, lines[0]));
-    openLabel(id, OdDb::kForWrite)->ClearReferencedObjectIds();
-    EXPECT_TRUE(referencesOf(id).empty());
-    EXPECT_EQ(markOf(lines[3]), "-, ");
-}
-
 TEST_F(LabelTest, RefusesReferencesThatAreNone)
 {
     const std::string function = "CBSystemLabel::AddReferencedObjectId";
@@ -153,25 +133,11 @@ TEST_F(LabelTest, RefusesReferencesThatAreNone)
     for (const auto& row : rows)
     {
         EXPECT_EQ(thrownBy([&] { openLabel(id, OdDb::kForWrite)->AddReferencedObjectId(row.id); }), row.fault);
-        EXPECT_EQ(thrownBy(
-                      [&] {
-                          openLabel(id, OdDb::kForWrite)->SetReferencedObjectIds(idArray({lines[1], row.id, lines[0]}));
-                      }),
-                  row.fault);
+        const OdDbObjectIdArray all = idArray({lines[1], row.id, lines[0]});
+        EXPECT_EQ(thrownBy([&] { openLabel(id, OdDb::kForWrite)->SetReferencedObjectIds(all); }), row.fault);
         EXPECT_EQ(referencesOf(id), std::vector{lines[1]}) << "what came before it stays";
         EXPECT_EQ(markOf(lines[0]), "-, ");
     }
-}
-
-TEST_F(LabelTest, LaterLabelsKeepWhatTheyWrote)
-{
-    const OdDbObjectId line = addLine();
-    const OdDbObjectId first = addLabel({line}, L"one");
-    const OdDbObjectId second = addLabel({line}, L"two");
-    expectMarks(second, {line}, "two");
-    openLabel(first, OdDb::kForWrite)->ClearReferencedObjectIds();
-    EXPECT_EQ(markOf(line), "-two, " + guidOf(second));
-    EXPECT_TRUE(listens(second, line));
 }
 
 TEST_F(LabelTest, ObjectsThatAreNoEntitiesCarryNoMarks)
@@ -273,69 +239,6 @@ TEST_F(LabelTest, ASharedBlockWithManyReferencesCostsNoMoreForEach)
 }
 
 // ---- Erasing and undo -----------------------------------------------------------------------------------------------
-
-TEST_F(LabelTest, ErasingTakesMarksOffAndBringsThemBack)
-{
-    const std::vector<OdDbObjectId> lines = addLines(3);
-    const OdDbObjectId id = addLabel(lines, L"E");
-    const std::string guid = guidOf(id);
-    db->startUndoRecord();
-    erase(id);
-    for (const OdDbObjectId& line : lines)
-    {
-        EXPECT_EQ(markOf(line), "-, ");
-        EXPECT_FALSE(listens(id, line));
-    }
-    EXPECT_EQ(referencesOf(id), lines);
-    db->undo();
-    expectMarks(id, lines, "E");
-    EXPECT_TRUE(dictionary()->has(id));
-    db->redo();
-    EXPECT_EQ(markOf(lines[0]), "-, ");
-    erase(id, false);
-    expectMarks(id, lines, "E");
-}
-
-TEST_F(LabelTest, ErasedEntitiesDoNotStandInTheWay)
-{
-    const std::vector<OdDbObjectId> lines = addLines(3);
-    const OdDbObjectId id = addLabel(lines, L"E");
-    erase(lines[1]);
-    erase(id);
-    EXPECT_EQ(markOf(lines[1]), "-, ");
-    erase(id, false);
-    EXPECT_EQ(markOf(lines[1]), "E, " + guidOf(id));
-    openLabel(id, OdDb::kForWrite)->RemoveReferencedObjectId(lines[1]);
-    EXPECT_EQ(referencesOf(id), (std::vector{lines[0], lines[2]}));
-    erase(lines[1], false);
-    EXPECT_EQ(markOf(lines[1]), "-, ");
-    EXPECT_FALSE(listens(id, lines[1]));
-}
-
-TEST_F(LabelTest, UndoBringsBackExactlyWhatWas)
-{
-    const std::vector<OdDbObjectId> lines = addLines(3);
-    const OdDbObjectId id = addLabel({lines[0], lines[1]}, L" blank ", L"aaaa");
-    db->startUndoRecord();
-    {
-        const CBSystemLabelPtr label = openLabel(id, OdDb::kForWrite);
-        label->SetGuid(L"bbbb");
-        label->SetLabel(L"other");
-        label->SetReferencedObjectIds(idArray({lines[2], lines[1]}));
-    }
-    db->undo();
-    EXPECT_EQ(guidOf(id), "aaaa");
-    EXPECT_EQ(openLabel(id)->GetLabel(), L" blank ");
-    EXPECT_EQ(referencesOf(id), (std::vector{lines[0], lines[1]}));
-    EXPECT_EQ(dictionary()->nameAt(id), L"aaaa");
-    expectMarks(id, {lines[0], lines[1]}, " blank ");
-    EXPECT_EQ(markOf(lines[2]), "");
-    db->redo();
-    EXPECT_EQ(guidOf(id), "bbbb");
-    EXPECT_EQ(dictionary()->nameAt(id), L"bbbb");
-    EXPECT_EQ(referencesOf(id), (std::vector{lines[2], lines[1]}));
-    expectMarks(id, {lines[2], lines[1]}, "other");
-}
 
 TEST_F(LabelTest, UndoingTheMakingTakesEverythingAway)
 {

@@ -94,26 +94,22 @@ TEST_F(UserIOTest, LimitsHoldWithATolerance)
     set(L"LIMMIN", OdResBuf::newRb(10, OdGePoint2d(0, 0)));
     set(L"LIMMAX", OdResBuf::newRb(10, OdGePoint2d(10, 5)));
     const double t = OdGeContext::gTol.equalPoint();
-    const struct
-    {
-        OdGePoint3d point;
-        bool isInside;
-    } rows[] = {
+    const std::pair<OdGePoint3d, bool> rows[] = {
         {{10, 5, 1e9}, true},       {{10 + t / 2, 0, 0}, true},    {{10 + 2 * t, 0, 0}, false},
         {{5, 5 + 2 * t, 0}, false}, {{-t / 2, -t / 2, 0}, true},   {{-2 * t, 1, 0}, false},
         {{1, -2 * t, 0}, false},    {{std::nan(""), 1, 0}, false},
     };
     for (const int check : {0, 1})
         for (const int options : {0, int(OdEd::kGptNoLimCheck)})
-            for (const auto& row : rows)
+            for (const auto& [point, isInside] : rows)
             {
                 set(L"LIMCHECK", OdResBuf::newRb(70, OdInt16(check)));
-                ask({row.point, OdGePoint3d(1, 1, 1)});
-                const bool isAccepted = row.isInside || !check || options;
+                ask({point, OdGePoint3d(1, 1, 1)});
+                const bool isAccepted = isInside || !check || options;
                 io->getPoint(L"", options);
                 EXPECT_EQ(answering->shown, isAccepted ? std::vector<std::string>{}
                                                        : std::vector<std::string>{"Point is outside limits!"});
-                EXPECT_EQ(textOf(io->getLASTPOINT()), isAccepted ? textOf(row.point) : "1 1 1");
+                EXPECT_EQ(textOf(io->getLASTPOINT()), isAccepted ? textOf(point) : "1 1 1");
             }
 }
 
@@ -121,23 +117,20 @@ TEST_F(UserIOTest, TrackersStartFromTheLastPoint)
 {
     io->setLASTPOINT(OdGePoint3d(1, 2, 3));
     const OdGePoint3d picked(4, 6, 9);
-    const struct
-    {
-        int options;
-        std::size_t corners; ///< of what is shown, 0 for no tracker
-    } rows[] = {
+    // Options and the corners of what is shown, 0 for no tracker.
+    const std::pair<int, std::size_t> rows[] = {
         {0, 0}, {OdEd::kGptRubberBand, 2}, {OdEd::kGptRectFrame, 5}, {OdEd::kGptRubberBand | OdEd::kGptRectFrame, 5}};
-    for (const auto& row : rows)
+    for (const auto& [options, corners] : rows)
     {
         io->setLASTPOINT(OdGePoint3d(1, 2, 3));
         ask({picked});
-        io->getPoint(L"", row.options);
+        io->getPoint(L"", options);
         const auto* tracker = dynamic_cast<const CPointTracker*>(answering->lastTracker.get());
-        ASSERT_EQ(tracker != nullptr, row.corners != 0);
+        ASSERT_EQ(tracker != nullptr, corners != 0);
         if (tracker)
         {
             EXPECT_EQ(textOf(tracker->basePoint()), "1 2 3");
-            EXPECT_EQ(tracker->GetDrawable().GetLines()[0].size(), row.corners);
+            EXPECT_EQ(tracker->GetDrawable().GetLines()[0].size(), corners);
         }
     }
     const OdEdPointDefTrackerPtr own = io->createRubberBand(OdGePoint3d());
@@ -245,11 +238,7 @@ TEST_F(UserIOTest, TheLastPointHasAFormThatOthersMayRead)
                                      OdRxVariantValue(7.0)};
     const OdRxVariantValue text(OdString(L"x"));
     const OdRxObjectPtrArray texts = {text, text, text};
-    const struct
-    {
-        OdRxObjectPtr value;
-        const char* point;
-    } rows[] = {
+    const std::pair<OdRxObjectPtr, const char*> rows[] = {
         {OdRxVariantValue(two), "0 0 0"},
         {OdRxVariantValue(four), "4 5 6"},
         {OdRxVariantValue(texts), "0 0 0"},
@@ -257,10 +246,10 @@ TEST_F(UserIOTest, TheLastPointHasAFormThatOthersMayRead)
         {OdResBuf::newRb(1, OdString(L"x")), "0 0 0"},
         {nullptr, "0 0 0"},
     };
-    for (const auto& row : rows)
+    for (const auto& [value, point] : rows)
     {
-        services.setArbitraryData(db, L"LASTPOINT", row.value);
-        EXPECT_EQ(textOf(io->getLASTPOINT()), row.point);
+        services.setArbitraryData(db, L"LASTPOINT", value);
+        EXPECT_EQ(textOf(io->getLASTPOINT()), point);
     }
 }
 

@@ -143,22 +143,18 @@ TEST_F(SelectTest, WhatWasPickedFirstAnswersWithoutAQuestion)
 
 TEST_F(SelectTest, OtherwiseItAsks)
 {
-    const struct
+    // The size of what was picked first is -1 for no set.
+    const std::tuple<int, int, bool> rows[] = {{-1, 0, false}, {0, 0, false}, {2, 0x4, false}, {2, 0, true}};
+    for (const auto& [pickedFirst, options, hasDefault] : rows)
     {
-        int pickedFirst; ///< -1 for no set
-        int options;
-        bool hasDefault;
-    } rows[] = {{-1, 0, false}, {0, 0, false}, {2, 0x4, false}, {2, 0, true}};
-    for (const auto& row : rows)
-    {
-        heard().pickFirst = row.pickedFirst < 0 ? OdDbSelectionSetPtr() : setOf(row.pickedFirst);
-        const OdDbSelectionSetPtr defaultSet = row.hasDefault ? setOf(5) : OdDbSelectionSetPtr();
+        heard().pickFirst = pickedFirst < 0 ? OdDbSelectionSetPtr() : setOf(pickedFirst);
+        const OdDbSelectionSetPtr defaultSet = hasDefault ? setOf(5) : OdDbSelectionSetPtr();
         ask({typed(L"")});
-        EXPECT_EQ(select(row.options, defaultSet), "set7");
+        EXPECT_EQ(select(options, defaultSet), "set7");
         EXPECT_EQ(answering->prompts, std::vector<std::string>{"Select objects:"});
         EXPECT_EQ(static_cast<unsigned>(answering->options[0]), 0xC0000003u);
         EXPECT_EQ(heard().calls.back(), std::string("SELECTIONSETUPDATE SELECTIONSETNAME=PICKFIRST SELECTIONSET=") +
-                                            (row.hasDefault ? "set3" : "set0") + " HIGHLIGHT=false");
+                                            (hasDefault ? "set3" : "set0") + " HIGHLIGHT=false");
     }
 }
 
@@ -179,11 +175,7 @@ TEST_F(SelectTest, KeywordsAreRequestsToTheHost)
     const std::string options = " SELECTOPTIONS=0x44 SELECTIONSETNAME=PICKFIRST";
     const auto visual = [&](const char* mode)
     { return "SELECTIONSELECTVISUAL SELECTFUNCTION=" + std::string(mode) + options + " FILTEROBJECT=filter"; };
-    const struct
-    {
-        const OdChar* keyword;
-        std::string call;
-    } rows[] = {
+    const std::pair<const OdChar*, std::string> rows[] = {
         {L"point", visual("0")},
         {L"b", visual("0x1")},
         {L"w", visual("0x2")},
@@ -197,12 +189,12 @@ TEST_F(SelectTest, KeywordsAreRequestsToTheHost)
         {L"h", "SELECTIONSELECTBYHANDLE" + options + " FILTEROBJECT=filter"},
         {L"j", "SELECTIONSELECTBYJSON" + options + " FILTEROBJECT=filter"},
     };
-    for (const auto& row : rows)
+    for (const auto& [keyword, call] : rows)
     {
-        ask({typed(row.keyword)});
+        ask({typed(keyword)});
         EXPECT_EQ(select(0x44, nullptr, filter), "set7");
-        ASSERT_EQ(heard().calls.size(), 2u) << odStringToUtf8(row.keyword);
-        EXPECT_EQ(heard().calls[0], row.call);
+        ASSERT_EQ(heard().calls.size(), 2u) << odStringToUtf8(keyword);
+        EXPECT_EQ(heard().calls[0], call);
         EXPECT_EQ(heard().calls[1], "SELECTIONSETUPDATE SELECTIONSETNAME=PICKFIRST SELECTIONSET=set4 HIGHLIGHT=true");
     }
 }
@@ -218,22 +210,17 @@ TEST_F(SelectTest, AKeywordBeyondTheWaysToSelectAsksForNothing)
 
 TEST_F(SelectTest, AnswersThatEndIt)
 {
-    const struct
-    {
-        std::deque<Answer> answers;
-        int options;
-        const char* result;
-    } rows[] = {
+    const std::tuple<std::deque<Answer>, int, const char*> rows[] = {
         {{typed(L"")}, 4, "set7"},
         {{typed(L"")}, 4 | kThrowEmpty, "empty"},
         {{typed(L"what")}, 4, "other what"},
         {{typed(L"1,x")}, 4, "other 1,x"},
         {{}, 4, "cancel"},
     };
-    for (const auto& row : rows)
+    for (const auto& [answers, options, result] : rows)
     {
-        ask(row.answers);
-        EXPECT_EQ(select(row.options), row.result);
+        ask(answers);
+        EXPECT_EQ(select(options), result);
     }
 }
 

@@ -1,5 +1,4 @@
 // Attacks the readers of numbers, angles, colours and files: answers that are none, options, keywords, defaults.
-#include <cmath>
 
 #include "DbHostAppServices.h"
 #include "UserIOTest.h"
@@ -13,11 +12,7 @@ constexpr double kPi = 3.14159265358979323846;
 
 TEST_F(UserIOTest, IntegersAreWhateverAnAnswerBeginsWith)
 {
-    const struct
-    {
-        const OdChar* answer;
-        const char* result;
-    } rows[] = {
+    const std::pair<const OdChar*, const char*> rows[] = {
         {L"12", "12"},
         {L"-12", "-12"},
         {L"12abc", "12"},
@@ -33,11 +28,11 @@ TEST_F(UserIOTest, IntegersAreWhateverAnAnswerBeginsWith)
         {L"\U0001D7D9", "0"},
         {L"beta", "keyword 1 Beta"},
     };
-    for (const auto& row : rows)
+    for (const auto& [answer, result] : rows)
     {
-        ask({typed(row.answer)});
-        EXPECT_EQ(outcomeOf([&] { return std::to_string(io->getInt(L"", 0, 99, L"Alpha Beta")); }), row.result)
-            << odStringToUtf8(row.answer);
+        ask({typed(answer)});
+        EXPECT_EQ(outcomeOf([&] { return std::to_string(io->getInt(L"", 0, 99, L"Alpha Beta")); }), result)
+            << odStringToUtf8(answer);
         EXPECT_EQ(answering->prompts, std::vector<std::string>{"Enter an integer value:"});
         EXPECT_TRUE(answering->shown.empty());
     }
@@ -50,9 +45,7 @@ const struct
     const char* prompt;
     Reader read;
     const OdChar* good;
-    const char* value;
-    const char* refusal;
-    const char* refusalWithKeywords;
+    const char *value, *refusal, *refusalWithKeywords;
 } kReaders[] = {
     {"Enter a real value:",
      [](CUserIO& io, int options, const OdChar* keywords)
@@ -157,18 +150,14 @@ TEST_F(UserIOTest, WithoutADrawingThereIsNoFormatter)
 
 TEST_F(UserIOTest, TokensEndAtOneDelimiter)
 {
-    const struct
+    const std::tuple<const OdChar*, const char*, const char*> rows[] = {
+        {L"a,b", "a", "b"}, {L"a", "a", ""},      {L"", "", ""},         {L",", "", ""},
+        {L",,", "", ","},   {L"a;,b", "a", ",b"}, {L"a,b;c", "a", "b;c"}};
+    for (const auto& [whole, token, rest] : rows)
     {
-        const OdChar* text;
-        const char* token;
-        const char* rest;
-    } rows[] = {{L"a,b", "a", "b"}, {L"a", "a", ""},      {L"", "", ""},         {L",", "", ""},
-                {L",,", "", ","},   {L"a;,b", "a", ",b"}, {L"a,b;c", "a", "b;c"}};
-    for (const auto& row : rows)
-    {
-        OdString text = row.text;
-        EXPECT_EQ(odStringToUtf8(OpenUserIO::GetNextStringToken(text, L",;")), row.token);
-        EXPECT_EQ(odStringToUtf8(text), row.rest) << odStringToUtf8(row.text);
+        OdString text = whole;
+        EXPECT_EQ(odStringToUtf8(OpenUserIO::GetNextStringToken(text, L",;")), token);
+        EXPECT_EQ(odStringToUtf8(text), rest) << odStringToUtf8(whole);
     }
 }
 
