@@ -29,42 +29,6 @@ protected:
     support::TemporaryFolder m_folder;
 };
 
-TEST_F(SessionBorder, IsAskedForByPointsOrJson)
-{
-    SessionClient session;
-    const struct
-    {
-        const char* request;
-        const char* state;
-        std::size_t prompts;
-        const char* area;
-    } rows[] = {
-        {R"({"command": "DEFINEDRAWINGBORDER", "input": [[0, 0], [42, 29, 1]]})", "ended", 2,
-         R"("AreaFirst":{"X":0.0,"Y":29.0,"Z":0.0},"AreaSecond":{"X":42.0,"Y":0.0,"Z":1.0})"},
-        {R"({"command": "DEFINEDRAWINGBORDER", "input": ["7,8", "what", "9,5"]})", "ended", 3,
-         R"("AreaFirst":{"X":7.0,"Y":8.0,"Z":0.0},"AreaSecond":{"X":9.0,"Y":5.0,"Z":0.0})"},
-        {R"({"command": "DEFINEDRAWINGBORDER 1,2 3,4"})", "ended", 0,
-         R"("AreaFirst":{"X":1.0,"Y":4.0,"Z":0.0},"AreaSecond":{"X":3.0,"Y":2.0,"Z":0.0})"},
-        {R"({"command": "DEFINEDRAWINGBORDER", "input": [[0, 0], null]})", "cancelled", 2,
-         R"("AreaFirst":{"X":1.0,"Y":4.0,"Z":0.0},"AreaSecond":{"X":3.0,"Y":2.0,"Z":0.0})"},
-        {R"({"command": "DEFINEDRAWINGBORDERCOLUMNLINES",
-             "input": ["{\"ColumnLinesValid\": true, \"Columns\": [\"c\"], \"Lines\": [\"l\"]}"]})",
-         "ended", 1, R"("Columns":["c"],"Lines":["l"],"AreaValid":true)"},
-    };
-    for (const auto& row : rows)
-    {
-        std::string request = row.request;
-        std::erase(request, '\n');
-        const Answer answer = session.send(request);
-        EXPECT_EQ(answer.state(), row.state) << answer.line();
-        std::size_t prompts = 0;
-        for (const rapidjson::Value& element : answer.find("/output")->GetArray())
-            prompts += element.HasMember("prompt");
-        EXPECT_EQ(prompts, row.prompts) << answer.line();
-        EXPECT_NE(borderIn(session).find(row.area), std::string::npos) << borderIn(session);
-    }
-}
-
 TEST_F(SessionBorder, SurvivesSavingAndWritingOut)
 {
     const std::string drawing = m_folder.path("drawing.dxf");
@@ -103,19 +67,14 @@ TEST_F(SessionBorder, DamagedOnesAreKeptAndReported)
     const std::size_t object = text.find("CDrawingBorderData\n", text.find("\nCDRAWINGBORDERDATA\n  5"));
     ASSERT_NE(object, std::string::npos);
     const std::size_t version = text.find("\n", text.find(" 70\n", object)) + 1;
-    const struct
-    {
-        std::size_t place;
-        std::size_t length;
-        const char* instead;
-    } rows[] = {
+    const std::tuple<std::size_t, std::size_t, const char*> rows[] = {
         {version, text.find('\n', version) - version, "2"},
         {object, std::string_view("CDrawingBorderData").size(), "Somebody"},
     };
-    for (const auto& row : rows)
+    for (const auto& [place, length, instead] : rows)
     {
         std::string damaged = text;
-        damaged.replace(row.place, row.length, row.instead);
+        damaged.replace(place, length, instead);
         const std::string file = m_folder.path("damaged.dxf");
         support::writeWholeFile(file, damaged);
         SessionClient again(file);

@@ -1,5 +1,4 @@
 // The program as people start it: its subcommands, what they print, and how they end.
-#include <fstream>
 #include <string>
 #include <vector>
 
@@ -44,11 +43,7 @@ TEST_F(CommandLine, EndsWithTheCodeOfWhatHappened)
 {
     support::writeWholeFile(path("rubbish.dxf"), "this is no drawing\nat all\n");
     support::writeWholeFile(path("empty.dxf"), "");
-    const struct
-    {
-        std::vector<std::string> arguments;
-        int code;
-    } cases[] = {
+    const std::pair<std::vector<std::string>, int> cases[] = {
         {{}, 2},
         {{"nonsense"}, 2},
         {{"session", "a.dxf", "b.dxf"}, 2},
@@ -73,16 +68,16 @@ TEST_F(CommandLine, EndsWithTheCodeOfWhatHappened)
         {{"save", path("new.dxf"), path("nowhere/new.dxf")}, 1},
         {{"save", path("new.dxf"), path("x.dxf"), "--version", "R99"}, 1},
     };
-    for (const auto& each : cases)
+    for (const auto& [arguments, code] : cases)
     {
-        const support::Transcript outcome = run(each.arguments);
+        const support::Transcript outcome = run(arguments);
         std::string what;
-        for (const std::string& argument : each.arguments)
+        for (const std::string& argument : arguments)
             what += argument + ' ';
-        EXPECT_EQ(outcome.code, each.code) << what << outcome.errors;
-        if (each.code == 3)
+        EXPECT_EQ(outcome.code, code) << what << outcome.errors;
+        if (code == 3)
         {
-            const std::string file = each.arguments[1].substr(each.arguments[1].rfind('/') + 1);
+            const std::string file = arguments[1].substr(arguments[1].rfind('/') + 1);
             EXPECT_TRUE(contains(outcome.errors, file.substr(file.find('\n') + 1))) << what << outcome.errors;
             EXPECT_EQ(outcome.errors.find('\n'), outcome.errors.size() - 1) << "more than one line: " << outcome.errors;
             EXPECT_EQ(outcome.output, "");
@@ -150,12 +145,7 @@ TEST_F(CommandLine, KeepsLabelsWithoutThePlugin)
 
 TEST_F(CommandLine, SavesInTheVersionAndFormAskedFor)
 {
-    const struct
-    {
-        std::vector<std::string> arguments;
-        const char* version;
-        bool isBinary;
-    } cases[] = {
+    const std::tuple<std::vector<std::string>, const char*, bool> cases[] = {
         {{path("new.dxf"), path("out.dxf")}, "AC1027", false},
         {{path("new.dxf"), path("out.dxf"), "--version", "R2000"}, "AC1015", false},
         {{path("new.dxf"), path("out.dxf"), "--version", "ac1032", "--format", "BINARY"}, "AC1032", true},
@@ -163,15 +153,15 @@ TEST_F(CommandLine, SavesInTheVersionAndFormAskedFor)
         {{path("new.dxf"), path("out.dxf"), "--version", "R12"}, "AC1032", false},
         {{path("old.dxf"), path("out.dxf")}, "AC1032", false},
     };
-    for (const auto& each : cases)
+    for (const auto& [given, version, isBinary] : cases)
     {
-        std::vector<std::string> arguments = each.arguments;
+        std::vector<std::string> arguments = given;
         arguments.insert(arguments.begin(), "save");
         const support::Transcript saved = run(arguments);
         ASSERT_EQ(saved.code, 0) << saved.errors;
         const std::string file = support::readWholeFile(path("out.dxf"));
-        EXPECT_EQ(file.starts_with("AutoCAD Binary DXF"), each.isBinary);
-        EXPECT_TRUE(contains(file.substr(0, 2000), each.version)) << arguments.back();
+        EXPECT_EQ(file.starts_with("AutoCAD Binary DXF"), isBinary);
+        EXPECT_TRUE(contains(file.substr(0, 2000), version)) << arguments.back();
     }
 }
 

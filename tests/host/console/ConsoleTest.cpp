@@ -74,22 +74,18 @@ TEST_F(Console, CompletesCommandsAndKeywords)
 TEST_F(Console, OffersWaysToSelectWhereTheyAreTaken)
 {
     support::PseudoTerminal terminal(command());
-    const struct
+    const std::tuple<const char*, const char*, const char*> others[] = {
+        {"SELECTIONSELECTVISUAL SELECTFUNCTION=2", "First corner of the window: ", "Invalid point!"},
+        {"SELECTIONSELECTVISUAL SELECTFUNCTION=0", "Point on an object: ", "Invalid point!"},
+        {"DEFINEDRAWINGBORDER", "Corner of the drawing border: ", "Pick a corner"}};
+    for (const auto& [typedFirst, prompt, complaint] : others)
     {
-        const char* command;
-        const char* prompt;
-        const char* complaint;
-    } others[] = {{"SELECTIONSELECTVISUAL SELECTFUNCTION=2", "First corner of the window: ", "Invalid point!"},
-                  {"SELECTIONSELECTVISUAL SELECTFUNCTION=0", "Point on an object: ", "Invalid point!"},
-                  {"DEFINEDRAWINGBORDER", "Corner of the drawing border: ", "Pick a corner"}};
-    for (const auto& other : others)
-    {
-        talk(terminal, {{"", kPrompt}, {std::string(other.command) + "\r", other.prompt}});
+        talk(terminal, {{"", kPrompt}, {std::string(typedFirst) + "\r", prompt}});
         terminal.type("\tal\t\twi\t\r");
-        const std::string typed = terminal.waitFor(other.complaint);
-        EXPECT_EQ(typed.find("Window"), std::string::npos) << other.prompt << typed;
-        EXPECT_EQ(typed.find("ALL"), std::string::npos) << other.prompt << typed;
-        talk(terminal, {{"", other.prompt}, {kControlC, "was cancelled."}});
+        const std::string typed = terminal.waitFor(complaint);
+        EXPECT_EQ(typed.find("Window"), std::string::npos) << prompt << typed;
+        EXPECT_EQ(typed.find("ALL"), std::string::npos) << prompt << typed;
+        talk(terminal, {{"", prompt}, {kControlC, "was cancelled."}});
     }
     talk(terminal, {{"", kPrompt},
                     {"SELECT\r", "Select objects: "},
@@ -190,11 +186,7 @@ TEST_F(Console, RunsTheLinesOfAFile)
 
 TEST(ConsoleWords, AreDividedByBlanks)
 {
-    const struct
-    {
-        const char* line;
-        std::vector<std::string> words;
-    } cases[] = {
+    const std::pair<const char*, std::vector<std::string>> cases[] = {
         {"", {}},
         {"  SAVE\t ", {"SAVE"}},
         {"A N=\"E 12\" M={\"a\": [1, 2]}", {"A", "N=\"E 12\"", "M={\"a\": [1, 2]}"}},
@@ -203,17 +195,13 @@ TEST(ConsoleWords, AreDividedByBlanks)
         {"A ]] b", {"A", "]]", "b"}},
         {"A \"open b", {"A", "\"open b"}},
     };
-    for (const auto& each : cases)
-        EXPECT_EQ(cli::splitIntoWords(each.line), each.words) << each.line;
+    for (const auto& [line, words] : cases)
+        EXPECT_EQ(cli::splitIntoWords(line), words) << line;
 }
 
 TEST(ConsoleWords, BecomeRequests)
 {
-    const struct
-    {
-        const char* line;
-        const char* request;
-    } cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"UNDO", R"({"command":"UNDO"})"},
         {"A x=1 y", R"({"command":"A x=1 y"})"},
         {"A \"x=1\"", R"({"command":"A \"x=1\""})"},
@@ -229,25 +217,20 @@ TEST(ConsoleWords, BecomeRequests)
         {"A SELECTIONSET=1,2 VECTOR=1,-2.5,1e1",
          R"({"command":"A","parameters":{"SELECTIONSET":{"selectionSet":["1","2"]},"VECTOR":{"point":[1.0,-2.5,10.0]}}})"},
     };
-    for (const auto& each : cases)
-        EXPECT_EQ(cli::requestOf(each.line), each.request) << each.line;
+    for (const auto& [line, request] : cases)
+        EXPECT_EQ(cli::requestOf(line), request) << line;
 }
 
 TEST(ConsoleWords, AreCompleted)
 {
     const std::vector<std::string> words = {"Save", "SaveAs", "select", "Ünder"};
-    const struct
+    const std::tuple<const char*, const char*, std::size_t> cases[] = {
+        {"", "", 4}, {"s", "S", 3}, {"SAVE", "Save", 2}, {"savea", "SaveAs", 1}, {"x", "", 0}, {"saveasx", "", 0}};
+    for (const auto& [word, common, fitting] : cases)
     {
-        const char* word;
-        const char* common;
-        std::size_t fitting;
-    } cases[] = {{"", "", 4},  {"s", "S", 3},     {"SAVE", "Save", 2}, {"savea", "SaveAs", 1},
-                 {"x", "", 0}, {"saveasx", "", 0}};
-    for (const auto& each : cases)
-    {
-        const cli::Completion completion = cli::complete(each.word, words);
-        EXPECT_EQ(completion.common, each.common) << each.word;
-        EXPECT_EQ(completion.fitting.size(), each.fitting) << each.word;
+        const cli::Completion completion = cli::complete(word, words);
+        EXPECT_EQ(completion.common, common) << word;
+        EXPECT_EQ(completion.fitting.size(), fitting) << word;
     }
     using Words = std::vector<std::string>;
     EXPECT_EQ(cli::keywordsOf("Choose [aLl/Selected/]<aLl>:"), (Words{"aLl", "Selected"}));

@@ -87,11 +87,7 @@ private:
 
 TEST_F(Interrupts, StopTheRun)
 {
-    const struct
-    {
-        const OdChar* macro;
-        const char* outcome;
-    } rows[] = {
+    const std::pair<const OdChar*, const char*> rows[] = {
         {L"T_ADD T_ADD", "++ ended 2"},
         {L"T_PRESS T_ADD", "+ cancelled 0"},
         {L"T_ADD T_PRESS T_ADD T_ADD", "++ cancelled 0"},
@@ -101,8 +97,8 @@ TEST_F(Interrupts, StopTheRun)
         {L"T_ADD T_PRESS", "++ ended 2"},
     };
     const cli::InterruptReactor reactor(m_lines);
-    for (const auto& row : rows)
-        EXPECT_EQ(run(row.macro), row.outcome) << odStringToUtf8(row.macro);
+    for (const auto& [macro, outcome] : rows)
+        EXPECT_EQ(run(macro), outcome) << odStringToUtf8(macro);
 }
 
 TEST_F(Interrupts, AreNoticedByNobodyElse)

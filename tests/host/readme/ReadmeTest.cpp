@@ -27,8 +27,7 @@ std::string pageOf(const std::string& name)
 
 struct Exchange
 {
-    std::string request;
-    std::string response;
+    std::string request, response;
 };
 
 std::string withoutBlanks(std::string text)

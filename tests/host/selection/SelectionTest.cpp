@@ -79,13 +79,7 @@ private:
 
 TEST_F(Selection, IsMadeByShapes)
 {
-    const struct
-    {
-        const char* mode;
-        const char* input;
-        const char* expected;
-        const char* lastPrompt;
-    } cases[] = {
+    const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
         {"0", "[[5, 0]]", "A1", "Point on an object:"},
         {"0", R"(["5,0"])", "A1", "Point on an object:"},
         {"0", "[[5, 20]]", "", "Point on an object:"},
@@ -104,14 +98,13 @@ TEST_F(Selection, IsMadeByShapes)
         {"2", R"([""])", "", "First corner of the window:"},
         {"2", R"([[0, 0], ""])", "", "Opposite corner:"},
     };
-    for (const auto& each : cases)
+    for (const auto& [mode, picked, expected, lastPrompt] : cases)
     {
-        const Answer answer =
-            run("SELECTIONSELECTVISUAL", std::string(R"({"SELECTFUNCTION":)") + each.mode + "}", each.input);
-        EXPECT_EQ(selected(answer), each.expected) << each.mode << ' ' << each.input;
+        const Answer answer = run("SELECTIONSELECTVISUAL", std::string(R"({"SELECTFUNCTION":)") + mode + "}", picked);
+        EXPECT_EQ(selected(answer), expected) << mode << ' ' << picked;
         const rapidjson::Value* const output = answer.find("/output");
         ASSERT_TRUE(output != nullptr && !output->Empty()) << answer.line();
-        EXPECT_STREQ((*output)[output->Size() - 1]["prompt"].GetString(), each.lastPrompt) << answer.line();
+        EXPECT_STREQ((*output)[output->Size() - 1]["prompt"].GetString(), lastPrompt) << answer.line();
     }
 }
 
@@ -235,11 +228,7 @@ TEST_F(Selection, IsMadeByHandles)
 
 TEST_F(Selection, IsMadeByJson)
 {
-    const struct
-    {
-        const char* json;
-        const char* expected;
-    } cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"{}", "A1 A2 A3 A4 A5"},
         {R"({'Types': ['text', 'CIRCLE']})", "A2 A3 A4"},
         {R"({'Types': []})", "A1 A2 A3 A4 A5"},
@@ -263,12 +252,11 @@ TEST_F(Selection, IsMadeByJson)
             text += character == '\'' ? "\\\"" : character == '\\' ? "\\\\" : std::string(1, character);
         return text + "\"]";
     };
-    for (const auto& each : cases)
-        EXPECT_EQ(selected(run("SELECTIONSELECTBYJSON", "{}", inputOf(each.json))), each.expected) << each.json;
+    for (const auto& [filter, expected] : cases)
+        EXPECT_EQ(selected(run("SELECTIONSELECTBYJSON", "{}", inputOf(filter))), expected) << filter;
     const struct
     {
-        const char* json;
-        const char* complaint;
+        const char *json, *complaint;
     } refused[] = {
         {"nonsense", "JSON"},
         {"{", "JSON"},
@@ -303,11 +291,7 @@ TEST_F(Selection, IsMadeByJson)
 // The plug-in asks, and the host selects: a pick, a box, and the twelve keywords.
 TEST_F(Selection, IsMadeByPointingAndKeywords)
 {
-    const struct
-    {
-        const char* input;
-        const char* expected;
-    } cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {R"([""])", ""},
         {R"([[5, 0], ""])", "A1"},
         {R"([[5, 0], "40,50", [5, 0], ""])", "A1 A2"},
@@ -327,10 +311,10 @@ TEST_F(Selection, IsMadeByPointingAndKeywords)
         {R"(["rubbish", "last", ""])", ""}, // its layer is locked
         {R"(["w", [0, 500], [1, 501], ""])", ""},
     };
-    for (const auto& each : cases)
+    for (const auto& [picked, expected] : cases)
     {
-        EXPECT_EQ(selected(run("SELECT", "{}", each.input)), each.expected) << each.input;
-        EXPECT_EQ(stored("PICKFIRST"), each.expected) << each.input;
+        EXPECT_EQ(selected(run("SELECT", "{}", picked)), expected) << picked;
+        EXPECT_EQ(stored("PICKFIRST"), expected) << picked;
     }
     run("SELECT", "{}", R"([[5, 0], ""])");
     for (const char* input : {R"(["ALL"])", R"(["ALL", null])", R"(["w", [0, 0], null])", R"([[300, 300], null])"})
@@ -346,13 +330,7 @@ TEST_F(Selection, IsMadeByPointingAndKeywords)
 
 TEST_F(Selection, IsMergedByOptions)
 {
-    const struct
-    {
-        const char* source;
-        const char* destination;
-        int options;
-        const char* expected;
-    } cases[] = {
+    const std::tuple<const char*, const char*, int, const char*> cases[] = {
         {R"("A2","A1")", R"("A3","A1")", 0, "A3 A1 A2"},
         {R"("A2","A1")", R"("A3")", 2, "A3 A2"},
         {R"("A2","A1")", "", 4 | 8 | 16 | 64, "A2 A1"},
@@ -366,12 +344,12 @@ TEST_F(Selection, IsMergedByOptions)
         {R"("B1","B2","A1")", "", 128 | 512, "B1 B2 A1"},
         {R"("E1")", "", 0, "E1"},
     };
-    for (const auto& each : cases)
+    for (const auto& [source, destination, options, expected] : cases)
     {
-        const Answer merged = run("SELECTIONSETMERGE", std::string(R"({"SOURCE":{"selectionSet":[)") + each.source +
-                                                           R"(]},"DESTINATION":{"selectionSet":[)" + each.destination +
-                                                           R"(]},"OPTIONS":)" + std::to_string(each.options) + "}");
-        EXPECT_EQ(selected(merged), each.expected) << each.source << ' ' << each.options;
+        const Answer merged = run("SELECTIONSETMERGE", std::string(R"({"SOURCE":{"selectionSet":[)") + source +
+                                                           R"(]},"DESTINATION":{"selectionSet":[)" + destination +
+                                                           R"(]},"OPTIONS":)" + std::to_string(options) + "}");
+        EXPECT_EQ(selected(merged), expected) << source << ' ' << options;
     }
     for (const char* parameters :
          {"{}", R"({"SOURCE":{"selectionSet":[]}})", R"({"SOURCE":1,"DESTINATION":{"selectionSet":[]}})"})

@@ -118,21 +118,9 @@ protected:
     OdDbDatabasePtr m_database;
 };
 
-OdDbObjectIdArray ids(std::initializer_list<OdDbObjectId> list)
-{
-    OdDbObjectIdArray array;
-    for (const OdDbObjectId& id : list)
-        array.append(id);
-    return array;
-}
-
 TEST_F(DrawnTexts, LoseTheirCodes)
 {
-    const struct
-    {
-        OdDbObjectId id;
-        const char* expected;
-    } cases[] = {
+    const std::pair<OdDbObjectId, const char*> cases[] = {
         {addText(model(), L"E12", 0, 0), "E12"},
         {addText(model(), L"%%c12%%d%%p0.1", 0, 0), "\u220512\u00B0\u00B10.1"},
         {addText(model(), L"%%uunder%%u line", 0, 0), "under line"},
@@ -147,8 +135,8 @@ TEST_F(DrawnTexts, LoseTheirCodes)
         {OdDbObjectId::kNull, ""},
         {m_database->getLayerTableId(), ""},
     };
-    for (const auto& each : cases)
-        EXPECT_EQ(read(ids({each.id})), each.expected);
+    for (const auto& [id, expected] : cases)
+        EXPECT_EQ(read({id}), expected);
 }
 
 TEST_F(DrawnTexts, ComeOnceEach)
@@ -156,15 +144,15 @@ TEST_F(DrawnTexts, ComeOnceEach)
     const OdDbObjectId text = addText(model(), L"a", 0, 0);
     const OdDbObjectId reference = addReference(model(), addBlock(L"EMPTY"), 0, -10);
     const OdDbObjectId attribute = addAttribute(reference, L"b", 0, -10);
-    EXPECT_EQ(read(ids({text, text, attribute, reference, text, attribute})), "a b");
-    EXPECT_EQ(read(ids({attribute})), "b");
+    EXPECT_EQ(read({text, text, attribute, reference, text, attribute}), "a b");
+    EXPECT_EQ(read({attribute}), "b");
 }
 
 TEST_F(DrawnTexts, OfErasedEntitiesAreGone)
 {
     const OdDbObjectId text = addText(model(), L"a", 0, 0);
     OdDbText::cast(text.safeOpenObject(OdDb::kForWrite))->erase();
-    EXPECT_EQ(read(ids({text})), "");
+    EXPECT_EQ(read({text}), "");
 }
 
 TEST_F(DrawnTexts, ThatAreTurnedLieInTurnedFrames)
@@ -175,9 +163,9 @@ TEST_F(DrawnTexts, ThatAreTurnedLieInTurnedFrames)
         const double s = std::sin(OdaToRadian(degrees));
         const OdDbObjectId text = addText(model(), L"E12345678", 100, 100, degrees);
         const OdDbObjectId frame = addRectangle(model(), 100 - c + s, 100 - s - c, 30, 4.5, degrees);
-        EXPECT_EQ(read(ids({text, frame})), "<inRect>E12345678</inRect>") << degrees;
+        EXPECT_EQ(read({text, frame}), "<inRect>E12345678</inRect>") << degrees;
         const OdDbObjectId across = addRectangle(model(), 100 - c + s, 100 - s - c, 4.5, 30, degrees);
-        EXPECT_EQ(read(ids({text, across})), "E12345678") << degrees;
+        EXPECT_EQ(read({text, across}), "E12345678") << degrees;
     }
 }
 
@@ -189,7 +177,7 @@ TEST_F(DrawnTexts, OfBlocksStandWhereTheyAreDrawn)
     const OdDbObjectId upper = addReference(model(), block, 0, 100, 2.0, 90.0);
     const OdDbObjectId lower = addReference(model(), block, 0, -100);
     const OdDbObjectId between = addText(model(), L"between", 0, 0);
-    EXPECT_EQ(read(ids({lower, between, upper})), "<inCir>P3/<inCir> between <inCir>P3/<inCir>");
+    EXPECT_EQ(read({lower, between, upper}), "<inCir>P3/<inCir> between <inCir>P3/<inCir>");
 }
 
 TEST_F(DrawnTexts, LieInFramesOfTheirOwnBlockOrOfTheGivenEntities)
@@ -202,9 +190,9 @@ TEST_F(DrawnTexts, LieInFramesOfTheirOwnBlockOrOfTheGivenEntities)
     const OdDbObjectId reference = addReference(model(), block, 0, 0);
     addAttribute(reference, L"att", 0, 20);
     const OdDbObjectId beside = addText(model(), L"beside", 0, -20);
-    EXPECT_EQ(read(ids({reference, beside})), "<inRect>att</inRect> <inRect>in</inRect> beside");
+    EXPECT_EQ(read({reference, beside}), "<inRect>att</inRect> <inRect>in</inRect> beside");
     const OdDbObjectId around = addCircle(model(), 0, 0, 60);
-    EXPECT_EQ(read(ids({reference, beside, around})), "<inRect>att</inRect> <inRect>in</inRect> <inCir>beside/<inCir>");
+    EXPECT_EQ(read({reference, beside, around}), "<inRect>att</inRect> <inRect>in</inRect> <inCir>beside/<inCir>");
 }
 
 TEST_F(DrawnTexts, OfAStretchedCircleLieInAnOval)
@@ -214,7 +202,7 @@ TEST_F(DrawnTexts, OfAStretchedCircleLieInAnOval)
     addCircle(block, 0, 0, 4);
     const OdDbObjectId reference = addReference(model(), block, 0, 0);
     OdDbBlockReference::cast(reference.safeOpenObject(OdDb::kForWrite))->setScaleFactors(OdGeScale3d(3, 1, 1));
-    EXPECT_EQ(read(ids({reference})), "<inOv>x/<inOv>");
+    EXPECT_EQ(read({reference}), "<inOv>x/<inOv>");
 }
 
 TEST_F(DrawnTexts, OfBlocksThatHoldThemselvesEnd)
@@ -226,8 +214,8 @@ TEST_F(DrawnTexts, OfBlocksThatHoldThemselvesEnd)
     addReference(first, second, 0, -10);
     addReference(second, first, 0, -10);
     addReference(first, first, 5, 5);
-    EXPECT_EQ(read(ids({addReference(model(), first, 0, 0)})), "first second");
-    EXPECT_EQ(read(ids({addReference(model(), second, 0, 0)})), "second first");
+    EXPECT_EQ(read({addReference(model(), first, 0, 0)}), "first second");
+    EXPECT_EQ(read({addReference(model(), second, 0, 0)}), "second first");
 }
 
 TEST_F(DrawnTexts, OfBlocksThatMultiplyAreRefusedInTime)
@@ -242,7 +230,7 @@ TEST_F(DrawnTexts, OfBlocksThatMultiplyAreRefusedInTime)
             addReference(next, block, i, i);
         block = next;
     }
-    EXPECT_THROW(read(ids({addReference(model(), block, 0, 0)})), OdError);
+    EXPECT_THROW(read({addReference(model(), block, 0, 0)}), OdError);
 }
 
 TEST_F(DrawnTexts, OfGridsStandInRowsAndColumns)
@@ -256,7 +244,7 @@ TEST_F(DrawnTexts, OfGridsStandInRowsAndColumns)
     grid->setColumnSpacing(10);
     grid->setRowSpacing(10);
     const OdDbObjectId id = add(model(), grid);
-    EXPECT_EQ(read(ids({addText(model(), L"right", 40, 10), id, addText(model(), L"below", 40, 0)})),
+    EXPECT_EQ(read({addText(model(), L"right", 40, 10), id, addText(model(), L"below", 40, 0)}),
               "c c c right c c c below");
 }
 
@@ -265,7 +253,7 @@ TEST_F(DrawnTexts, OfDimensionsAreWhatTheyShow)
     const OdDbRotatedDimensionPtr measured = OdDbRotatedDimension::createObject();
     measured->setDimensionText(L"{\\H0.7x;E\\S1/2;}7");
     measured->setTextPosition(OdGePoint3d(0, 0, 0));
-    EXPECT_EQ(read(ids({add(model(), measured)})), "E1/27");
+    EXPECT_EQ(read({add(model(), measured)}), "E1/27");
 
     const OdDbObjectId block = addBlock(L"*D1");
     addMText(block, L"\\A1;42 H7", 0, 0);
@@ -274,7 +262,7 @@ TEST_F(DrawnTexts, OfDimensionsAreWhatTheyShow)
     drawn->setDimensionText(L"not shown");
     const OdDbObjectId id = add(model(), drawn);
     drawn->setDimBlockId(block);
-    EXPECT_EQ(read(ids({id})), "<inRect>42 H7</inRect>");
+    EXPECT_EQ(read({id}), "<inRect>42 H7</inRect>");
 }
 
 TEST_F(DrawnTexts, LieInEllipsesAndRectanglesOfLines)
@@ -283,9 +271,9 @@ TEST_F(DrawnTexts, LieInEllipsesAndRectanglesOfLines)
     const OdDbEllipsePtr ellipse = OdDbEllipse::createObject();
     ellipse->set(OdGePoint3d(2, 1, 0), OdGeVector3d::kZAxis, OdGeVector3d(20, 0, 0), 0.4);
     const OdDbObjectId oval = add(model(), ellipse);
-    EXPECT_EQ(read(ids({text, oval})), "<inOv>E1/<inOv>");
+    EXPECT_EQ(read({text, oval}), "<inOv>E1/<inOv>");
     const double corners[4][2] = {{-2, -2}, {10, -2}, {10, 5}, {-2, 5}};
-    OdDbObjectIdArray all = ids({text, oval});
+    OdDbObjectIdArray all = {text, oval};
     for (int i = 0; i < 4; ++i)
     {
         const OdDbLinePtr line = OdDbLine::createObject();

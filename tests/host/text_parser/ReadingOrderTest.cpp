@@ -28,12 +28,7 @@ FoundText textAt(const wchar_t* characters, double left, double bottom, double w
 
 TEST(ReadingOrder, IsFromTheTopAndFromTheLeft)
 {
-    const struct
-    {
-        const char* what;
-        std::vector<FoundText> texts;
-        const wchar_t* expected;
-    } rows[] = {
+    const std::tuple<const char*, std::vector<FoundText>, const wchar_t*> rows[] = {
         {"nothing", {}, L""},
         {"one", {textAt(L"E12", 3, 4)}, L"E12"},
         {"a line given backwards", {textAt(L"c", 40, 0), textAt(L"b", 20, 0), textAt(L"a", 0, 0)}, L"a b c"},
@@ -54,8 +49,8 @@ TEST(ReadingOrder, IsFromTheTopAndFromTheLeft)
          {textAt(L"b", 5, 0, 0, 0), textAt(L"a", 0, 0, 0, 0), textAt(L"c", 0, -1, 0, 0)},
          L"a b c"},
         {"in one place the order stays as given", {textAt(L"x", 0, 0), textAt(L"y", 0, 0)}, L"x y"}};
-    for (const auto& row : rows)
-        EXPECT_EQ(composeText(row.texts), OdString(row.expected)) << row.what;
+    for (const auto& [what, texts, expected] : rows)
+        EXPECT_EQ(composeText(texts), OdString(expected)) << what;
 }
 
 Frame frameAt(FrameKind kind, double x, double y, double halfWidth, double halfHeight)
@@ -86,12 +81,8 @@ constexpr FrameKind kOval = FrameKind::kOval;
 
 TEST(Frames, AroundATextDecideItsMarks)
 {
-    const struct
-    {
-        const char* what;
-        std::vector<Frame> frames;
-        const wchar_t* expected; // for a text of 10 by 5 around the origin
-    } rows[] = {
+    // For a text of 10 by 5 around the origin.
+    const std::tuple<const char*, std::vector<Frame>, const wchar_t*> rows[] = {
         {"none", {}, L"E12"},
         {"rectangle", {frameAt(kRect, 0, 0, 7, 4)}, L"<inRect>E12</inRect>"},
         {"circle", {frameAt(kCircle, 0, 0, 6, 6)}, L"<inCir>E12/<inCir>"},
@@ -108,8 +99,8 @@ TEST(Frames, AroundATextDecideItsMarks)
          {frameAt(kCircle, 0, 0, 2, 2), frameAt(kOval, 0, 0, 30, 10)},
          L"<inOv>E12/<inOv>"},
         {"a frame without width", {frameAt(kRect, 0, 0, 7, 0)}, L"E12"}};
-    for (const auto& row : rows)
-        EXPECT_EQ(parse({textAt(L"E12", -5, -2.5)}, row.frames), OdString(row.expected)) << row.what;
+    for (const auto& [what, frames, expected] : rows)
+        EXPECT_EQ(parse({textAt(L"E12", -5, -2.5)}, frames), OdString(expected)) << what;
 }
 
 TEST(Frames, OfABlockMarkItsOwnTextsOnly)
@@ -140,35 +131,31 @@ OutlineVertex at(double x, double y, double bulge = 0.0)
 
 TEST(Outlines, AreRecognised)
 {
-    const struct
+    const std::tuple<const char*, std::vector<OutlineVertex>, FrameKind> rows[] = {
+        {"square", {at(0, 0), at(1, 0), at(1, 1), at(0, 1)}, kRect},
+        {"rectangle, clockwise", {at(0, 0), at(0, 2), at(9, 2), at(9, 0)}, kRect},
+        {"rectangle that repeats its first corner", {at(0, 0), at(4, 0), at(4, 1), at(0, 1), at(0, 0)}, kRect},
+        {"turned rectangle", {at(0, 0), at(3, 4), at(-1, 7), at(-4, 3)}, kRect},
+        {"parallelogram", {at(0, 0), at(4, 0), at(5, 1), at(1, 1)}, FrameKind::kNone},
+        {"trapezium", {at(0, 0), at(4, 0), at(3, 1), at(1, 1)}, FrameKind::kNone},
+        {"bow", {at(0, 0), at(4, 1), at(4, 0), at(0, 1)}, FrameKind::kNone},
+        {"collapsed", {at(0, 0), at(4, 0), at(4, 0), at(0, 0)}, FrameKind::kNone},
+        {"all in one point", {at(1, 1), at(1, 1), at(1, 1), at(1, 1)}, FrameKind::kNone},
+        {"triangle", {at(0, 0), at(4, 0), at(0, 3)}, FrameKind::kNone},
+        {"circle of two arcs", {at(0, 0, 1), at(4, 0, 1)}, kCircle},
+        {"circle, clockwise", {at(0, 0, -1), at(4, 0, -1)}, kCircle},
+        {"two arcs over each other", {at(0, 0, 1), at(4, 0, -1)}, FrameKind::kNone},
+        {"lens", {at(0, 0, 0.5), at(4, 0, 0.5)}, FrameKind::kNone},
+        {"oval", {at(0, 0), at(6, 0, 1), at(6, 2), at(0, 2, 1)}, kOval},
+        {"oval that begins with an arc", {at(6, 0, 1), at(6, 2), at(0, 2, 1), at(0, 0)}, kOval},
+        {"oval, clockwise", {at(0, 2), at(6, 2, -1), at(6, 0), at(0, 0, -1)}, kOval},
+        {"bone: arcs that bulge inward", {at(0, 0), at(6, 0, -1), at(6, 2), at(0, 2, -1)}, FrameKind::kNone},
+        {"one arc outward, one inward", {at(0, 0), at(6, 0, 1), at(6, 2), at(0, 2, -1)}, FrameKind::kNone},
+        {"not a number", {at(0, 0), at(NAN, 0), at(4, 1), at(0, 1)}, FrameKind::kNone}};
+    for (const auto& [what, vertices, expected] : rows)
     {
-        const char* what;
-        std::vector<OutlineVertex> vertices;
-        FrameKind expected;
-    } rows[] = {{"square", {at(0, 0), at(1, 0), at(1, 1), at(0, 1)}, kRect},
-                {"rectangle, clockwise", {at(0, 0), at(0, 2), at(9, 2), at(9, 0)}, kRect},
-                {"rectangle that repeats its first corner", {at(0, 0), at(4, 0), at(4, 1), at(0, 1), at(0, 0)}, kRect},
-                {"turned rectangle", {at(0, 0), at(3, 4), at(-1, 7), at(-4, 3)}, kRect},
-                {"parallelogram", {at(0, 0), at(4, 0), at(5, 1), at(1, 1)}, FrameKind::kNone},
-                {"trapezium", {at(0, 0), at(4, 0), at(3, 1), at(1, 1)}, FrameKind::kNone},
-                {"bow", {at(0, 0), at(4, 1), at(4, 0), at(0, 1)}, FrameKind::kNone},
-                {"collapsed", {at(0, 0), at(4, 0), at(4, 0), at(0, 0)}, FrameKind::kNone},
-                {"all in one point", {at(1, 1), at(1, 1), at(1, 1), at(1, 1)}, FrameKind::kNone},
-                {"triangle", {at(0, 0), at(4, 0), at(0, 3)}, FrameKind::kNone},
-                {"circle of two arcs", {at(0, 0, 1), at(4, 0, 1)}, kCircle},
-                {"circle, clockwise", {at(0, 0, -1), at(4, 0, -1)}, kCircle},
-                {"two arcs over each other", {at(0, 0, 1), at(4, 0, -1)}, FrameKind::kNone},
-                {"lens", {at(0, 0, 0.5), at(4, 0, 0.5)}, FrameKind::kNone},
-                {"oval", {at(0, 0), at(6, 0, 1), at(6, 2), at(0, 2, 1)}, kOval},
-                {"oval that begins with an arc", {at(6, 0, 1), at(6, 2), at(0, 2, 1), at(0, 0)}, kOval},
-                {"oval, clockwise", {at(0, 2), at(6, 2, -1), at(6, 0), at(0, 0, -1)}, kOval},
-                {"bone: arcs that bulge inward", {at(0, 0), at(6, 0, -1), at(6, 2), at(0, 2, -1)}, FrameKind::kNone},
-                {"one arc outward, one inward", {at(0, 0), at(6, 0, 1), at(6, 2), at(0, 2, -1)}, FrameKind::kNone},
-                {"not a number", {at(0, 0), at(NAN, 0), at(4, 1), at(0, 1)}, FrameKind::kNone}};
-    for (const auto& row : rows)
-    {
-        const std::optional<Frame> frame = recognizeOutline(row.vertices);
-        EXPECT_EQ(frame ? frame->kind : FrameKind::kNone, row.expected) << row.what;
+        const std::optional<Frame> frame = recognizeOutline(vertices);
+        EXPECT_EQ(frame ? frame->kind : FrameKind::kNone, expected) << what;
     }
 }
 
@@ -179,12 +166,7 @@ struct Segment
 
 TEST(Lines, JoinToRectangles)
 {
-    const struct
-    {
-        const char* what;
-        std::vector<Segment> lines;
-        std::size_t rectangles;
-    } rows[] = {
+    const std::tuple<const char*, std::vector<Segment>, std::size_t> rows[] = {
         {"in turn", {{0, 0, 4, 0}, {4, 0, 4, 2}, {4, 2, 0, 2}, {0, 2, 0, 0}}, 1},
         {"in any order and direction", {{4, 2, 4, 0}, {0, 2, 0, 0}, {4, 2, 0, 2}, {0, 0, 4, 0}}, 1},
         {"with a fifth line at a corner", {{0, 0, 4, 0}, {4, 0, 4, 2}, {4, 2, 0, 2}, {0, 2, 0, 0}, {0, 0, -3, -3}}, 0},
@@ -202,14 +184,14 @@ TEST(Lines, JoinToRectangles)
           {8, 8, 9, 8},
           {9, 8, 9, 9}},
          2}};
-    for (const auto& row : rows)
+    for (const auto& [what, lines, count] : rows)
     {
         LineRectangles rectangles;
-        for (const Segment& line : row.lines)
+        for (const Segment& line : lines)
             rectangles.add(OdGePoint2d(line.x1, line.y1), OdGePoint2d(line.x2, line.y2));
         std::vector<Frame> frames;
         rectangles.close(frames);
-        EXPECT_EQ(frames.size(), row.rectangles) << row.what;
+        EXPECT_EQ(frames.size(), count) << what;
     }
 }
 

@@ -45,11 +45,8 @@ TEST_F(SessionView, ExtentsAreThoseOfWhatIsThere)
     const std::string ofBoth = label({"53", "5A"});
     const std::string ofErased = label({"56"});
     m_session->run("ERASE", ids({"56"}));
-    const struct
-    {
-        std::vector<std::string> handles;
-        std::string extents; // "(none)" for no answer
-    } rows[] = {
+    // Handles and their extents, "(none)" for no answer.
+    const std::pair<std::vector<std::string>, std::string> rows[] = {
         {{}, "(none)"},
         {{"50"}, line},
         {{"50", "50", "0"}, line},
@@ -61,11 +58,11 @@ TEST_F(SessionView, ExtentsAreThoseOfWhatIsThere)
         {{ofErased}, "(none)"},
         {{ofErased, "50"}, line},
     };
-    for (const auto& row : rows)
+    for (const auto& [handles, extents] : rows)
     {
-        const Answer answer = m_session->run("VIEWERGETEXTENTS", ids(row.handles));
+        const Answer answer = m_session->run("VIEWERGETEXTENTS", ids(handles));
         EXPECT_EQ(answer.state(), "ended") << answer.line();
-        EXPECT_EQ(answer.json("/result/EXTENTS/extents"), row.extents) << support::handleList(row.handles);
+        EXPECT_EQ(answer.json("/result/EXTENTS/extents"), extents) << support::handleList(handles);
     }
     const std::string attribute = m_session->run("VIEWERGETEXTENTS", ids({"53"})).json("/result/EXTENTS/extents");
     EXPECT_EQ(m_session->run("VIEWERGETEXTENTS", ids({ofBoth})).json("/result/EXTENTS/extents"), attribute);
@@ -75,12 +72,7 @@ TEST_F(SessionView, ExtentsAreThoseOfWhatIsThere)
 TEST_F(SessionView, RequestsThatMakeNoSenseChangeNothing)
 {
     const std::string before = view();
-    const struct
-    {
-        const char* command;
-        const char* parameters;
-        int code;
-    } rows[] = {
+    const std::tuple<const char*, const char*, int> rows[] = {
         {"ZOOMEXTENTS", "{}", 5},
         {"ZOOMEXTENTS", R"({"EXTENTS": {"point": [0, 0, 0]}})", 68},
         {"ZOOMEXTENTS", R"({"EXTENTS": "all"})", 68},
@@ -93,12 +85,12 @@ TEST_F(SessionView, RequestsThatMakeNoSenseChangeNothing)
         {"BSYSTEMLABELZOOM", R"({"OBJECTIDARRAY": {"objectIds": ["10"]}})", -1},
         {"BSYSTEMLABELDOLLY", R"({"OBJECTIDARRAY": {"objectIds": []}})", -1},
     };
-    for (const auto& row : rows)
+    for (const auto& [command, parameters, code] : rows)
     {
-        const Answer answer = m_session->run(row.command, row.parameters);
-        EXPECT_EQ(answer.number("/error/code"), row.code) << answer.line();
-        EXPECT_EQ(answer.state(), row.code < 0 ? "ended" : "failed") << answer.line();
-        EXPECT_EQ(view(), before) << row.parameters;
+        const Answer answer = m_session->run(command, parameters);
+        EXPECT_EQ(answer.number("/error/code"), code) << answer.line();
+        EXPECT_EQ(answer.state(), code < 0 ? "ended" : "failed") << answer.line();
+        EXPECT_EQ(view(), before) << parameters;
     }
 }
 
@@ -117,18 +109,6 @@ TEST_F(SessionView, ZoomingAndPanningAreNoSteps)
     EXPECT_EQ(view(), zoomed) << "undo takes back the label, not the view";
     EXPECT_EQ(m_session->run("BSYSTEMLABELGETALLIDS").json("/result/OBJECTIDARRAY/objectIds"), "[]");
     EXPECT_EQ(m_session->run("UNDO").json("/result/DONE"), "false");
-}
-
-TEST_F(SessionView, TheViewIsSaved)
-{
-    m_session->run("BSYSTEMLABELZOOM", ids({label({"50"})}));
-    for (const char* format : {"ascii", "binary"})
-    {
-        const std::string file = m_folder.path(std::string(format) + ".dxf");
-        m_session->run("SAVE", R"({"FILE": ")" + file + R"(", "FORMAT": ")" + format + "\"}");
-        SessionClient again(file);
-        EXPECT_EQ(again.run("VIEWERGETVIEW").json("/result/EXTENTS/extents"), view());
-    }
 }
 
 } // namespace
