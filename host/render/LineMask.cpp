@@ -108,6 +108,7 @@ void LineMask::addLine(const OdGePoint2d& from, const OdGePoint2d& to, double wi
         for (; at < high; ++at, pixel += acrossStep)
         {
             const double covered = std::min(high, at + 1.0) - std::max(low, static_cast<double>(at));
+            // Never negative, so cutting rounds. NOLINTNEXTLINE(bugprone-incorrect-roundings)
             *pixel = std::max(*pixel, static_cast<unsigned char>(covered * (right - left) * 255.0 + 0.5));
         }
         highest = std::max(highest, at);

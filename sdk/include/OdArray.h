@@ -58,12 +58,7 @@ public:
     OdArray(const OdArray& source) noexcept : m_data(source.m_data) { share(); }
     OdArray(OdArray&& source) noexcept : m_data(std::exchange(source.m_data, nullptr)) {}
     ~OdArray() { unshare(); }
-    OdArray& operator=(const OdArray& source) noexcept
-    {
-        OdArray copy(source);
-        std::swap(m_data, copy.m_data);
-        return *this;
-    }
+    OdArray& operator=(const OdArray& source) noexcept { return *this = OdArray(source); }
     OdArray& operator=(OdArray&& source) noexcept
     {
         std::swap(m_data, source.m_data);

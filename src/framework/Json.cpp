@@ -99,7 +99,7 @@ static void RequirePairs(std::wstring_view text)
 
 static OdString JsonFromOutside(const OdString& strText)
 {
-    const OdString strTrimmed = Trimmed(strText);
+    OdString strTrimmed = Trimmed(strText);
     RequirePairs(strTrimmed.view());
     return strTrimmed;
 }
