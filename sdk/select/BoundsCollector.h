@@ -10,15 +10,24 @@ class OdDbEntity;
 namespace picking
 {
 
+/// Texts are taken with the boxes around their lines, as testing them does: what is drawn of a turned text may end
+/// within the corners of its box.
 class BoundsGeometry : public gi::ExtentsGeometry
 {
 public:
+    using ExtentsGeometry::text;
+
     explicit BoundsGeometry(gi::WorldDraw& worldDraw) : ExtentsGeometry(worldDraw) {}
 
     bool isUnbounded = false;
 
     void xline(const OdGePoint3d&, const OdGePoint3d&) override { isUnbounded = true; }
     void ray(const OdGePoint3d&, const OdGePoint3d&) override { isUnbounded = true; }
+    void text(const OdGePoint3d& position, const OdGeVector3d& normal, const OdGeVector3d& direction,
+              const OdChar* message, OdInt32 length, bool raw, const OdGiTextStyle* textStyle) override
+    {
+        OdGiGeometrySimplifier::text(position, normal, direction, message, length, raw, textStyle);
+    }
 };
 
 /// One collector serves many entities, one after the other.

@@ -220,6 +220,26 @@ TEST_F(Index, FollowsTheSettingsOfPoints)
     EXPECT_EQ(selected(), "");
 }
 
+// A corner of the box of a turned text may lie where none of its letters reaches.
+TEST_F(Index, FindsTurnedTextsByTheCornersOfTheirBoxes)
+{
+    open<OdDbText>("A9")->setTextString(L"........I........");
+    for (const double angle : {0.3, 1.9, 4.0})
+    {
+        open<OdDbText>("A9")->setRotation(angle);
+        for (double x = 20; x < 100; x += 1.5)
+        {
+            for (double y = -20; y < 60; y += 1.5)
+            {
+                const OdGePoint3d second = at(x + 1.0, y + 1.0);
+                ASSERT_EQ(m_drawing.select(Visual::kCrossing, {at(x, y), second}),
+                          testEveryEntity(database(), at(x, y), second, false))
+                    << angle << ": " << x << ',' << y;
+            }
+        }
+    }
+}
+
 TEST_F(Index, FollowsManyChangesAtRandom)
 {
     std::vector<OdDbObjectId> lines;
