@@ -1,6 +1,7 @@
 // Drawings in files: read, saved and read again, and those of other programs that the developer has at hand.
 #pragma once
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <string>
@@ -39,6 +40,7 @@ inline std::vector<std::string> realDrawings(const std::string& below = {})
         for (const auto& entry : std::filesystem::directory_iterator(std::filesystem::path(folder) / below))
             if (entry.path().extension() == ".dxf")
                 paths.push_back(entry.path().string());
+    std::sort(paths.begin(), paths.end()); // not as the file system has them
     return paths;
 }
 
