@@ -178,12 +178,6 @@ Groups withInteger(const Groups& groups, const DxfClass& cls, const DxfSubclass&
     return withGroups(groups, cls, subclass, code, group.integer(code, value));
 }
 
-Groups withBoolean(const Groups& groups, const DxfClass& cls, const DxfSubclass& subclass, int code, bool value)
-{
-    GroupsBuilder group;
-    return withGroups(groups, cls, subclass, code, group.boolean(code, value));
-}
-
 Groups withText(const Groups& groups, const DxfClass& cls, const DxfSubclass& subclass, int code,
                 std::string_view value)
 {

@@ -105,7 +105,6 @@ Coordinates readPoint(const Groups& groups, const std::optional<GroupView>& firs
 Groups withReal(const Groups& groups, const DxfClass& cls, const DxfSubclass& subclass, int code, double value);
 Groups withInteger(const Groups& groups, const DxfClass& cls, const DxfSubclass& subclass, int code,
                    std::int64_t value);
-Groups withBoolean(const Groups& groups, const DxfClass& cls, const DxfSubclass& subclass, int code, bool value);
 Groups withText(const Groups& groups, const DxfClass& cls, const DxfSubclass& subclass, int code,
                 std::string_view value);
 Groups withId(const Groups& groups, const DxfClass& cls, const DxfSubclass& subclass, int code, OdDbStub* value);
