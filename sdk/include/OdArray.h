@@ -58,7 +58,12 @@ public:
     OdArray(const OdArray& source) noexcept : m_data(source.m_data) { share(); }
     OdArray(OdArray&& source) noexcept : m_data(std::exchange(source.m_data, nullptr)) {}
     ~OdArray() { unshare(); }
-    OdArray& operator=(const OdArray& source) noexcept { return *this = OdArray(source); }
+    OdArray& operator=(const OdArray& source) noexcept
+    {
+        if (this != &source)
+            *this = OdArray(source);
+        return *this;
+    }
     OdArray& operator=(OdArray&& source) noexcept
     {
         std::swap(m_data, source.m_data);
