@@ -3,10 +3,21 @@
 
 #include <utility>
 
+#include "DbObject.h"
 #include "Stub.h"
 
 namespace oddb
 {
+
+namespace
+{
+
+bool isOf(const OdDbStub& member, const OdRxClass* type)
+{
+    return member.object && member.object->isKindOf(type);
+}
+
+} // namespace
 
 // Members as a ring of links around a head, each found through the index.
 struct ReactorSet::Table
@@ -38,6 +49,8 @@ struct ReactorSet::Table
         link.before = &before;
         link.after = before.after;
         link.before->after = link.after->before = &link;
+        if (isCounted(*member))
+            ++count;
         return true;
     }
 
@@ -49,12 +62,24 @@ struct ReactorSet::Table
         Link& link = found->second;
         link.before->after = link.after;
         link.after->before = link.before;
+        if (isCounted(*link.member))
+            --count;
         index.erase(found);
         return true;
     }
 
+    /// A member whose object is not there yet may become one of the class: all are counted again when asked then.
+    bool isCounted(const OdDbStub& member)
+    {
+        if (!member.object)
+            countedClass = nullptr;
+        return countedClass && isOf(member, countedClass);
+    }
+
     Link head;
     std::unordered_map<const OdDbStub*, Link> index;
+    const OdRxClass* countedClass = nullptr; ///< what count is about, null when it is not known
+    std::size_t count = 0;
 };
 
 ReactorSet::ReactorSet() = default;
@@ -85,6 +110,20 @@ bool ReactorSet::contains(const OdDbStub* member) const
     if (!member)
         return false;
     return m_table ? m_table->find(member) != nullptr : m_few[0] == member || m_few[1] == member;
+}
+
+std::size_t ReactorSet::countOf(const OdRxClass* type) const
+{
+    if (m_table && m_table->countedClass == type)
+        return m_table->count;
+    std::size_t count = 0;
+    visit([&](const OdDbStub* member) { count += isOf(*member, type) ? 1 : 0; });
+    if (m_table)
+    {
+        m_table->countedClass = type;
+        m_table->count = count;
+    }
+    return count;
 }
 
 bool ReactorSet::add(OdDbStub* member)

@@ -6,6 +6,7 @@
 #include <unordered_map>
 
 class OdDbStub;
+class OdRxClass;
 
 namespace oddb
 {
@@ -23,6 +24,10 @@ public:
     bool empty() const { return size() == 0; }
     std::size_t size() const;
     bool contains(const OdDbStub* member) const;
+
+    /// How many members are objects of a class, erased ones too. The first question about a class takes a walk, those
+    /// that follow do not.
+    std::size_t countOf(const OdRxClass* type) const;
 
     /// Adds a member at the end. Returns false when it is one already.
     bool add(OdDbStub* member);

@@ -3,6 +3,8 @@
 
 #include "DbDatabase.h"
 #include "DbDictionary.h"
+#include "DbEntity.h"
+#include "DbLayerTableRecord.h"
 #include "DbRasterImageDefReactor.h"
 #include "OdError.h"
 #include "entities/Fields.h"
@@ -26,6 +28,25 @@ OdGeVector2d pairOf(const OdDbRasterImageDef& definition, int code)
 {
     const OdGePoint3d pair = read<kRasterImageDef>(definition).point(code);
     return OdGeVector2d(pair.x, pair.y);
+}
+
+bool isLocked(OdDbStub* reactorId)
+{
+    const OdDbRasterImageDefReactorPtr reactor = OdDbRasterImageDefReactor::cast(OdDbObjectId(reactorId).openObject());
+    if (reactor.isNull())
+        return false;
+    const OdDbEntityPtr image = OdDbEntity::cast(reactor->imageId().openObject());
+    const OdDbLayerTableRecordPtr layer =
+        image.isNull() ? OdDbLayerTableRecordPtr() : OdDbLayerTableRecord::cast(image->layerId().openObject());
+    return !layer.isNull() && layer->isLocked();
+}
+
+bool isOneLocked(const oddb::ReactorSet& reactors)
+{
+    for (OdDbStub* reactor = reactors.first(); reactor; reactor = reactors.after(reactor))
+        if (isLocked(reactor))
+            return true;
+    return false;
 }
 
 } // namespace
@@ -76,18 +97,15 @@ void OdDbRasterImageDef::setResolutionMMPerPixel(const OdGeVector2d& size)
     setPoint(*this, kRasterImageDef, 11, OdGePoint3d(size.x, size.y, 0.0));
 }
 
-// Images that are erased take their reactors off, so that those which are passed over here are few.
-bool OdDbRasterImageDef::isShown() const
+// Images that are erased take their reactors off and put them on again when they come back, so that reactors count
+// them.
+int OdDbRasterImageDef::entityCount(bool* pbLocked) const
 {
     assertReadEnabled();
     const oddb::ObjectExtras* extras = oddb::ObjectCore::extras(*this);
-    if (!extras)
-        return false;
-    const oddb::ReactorSet& reactors = extras->reactors;
-    for (OdDbStub* reactor = reactors.last(); reactor; reactor = reactors.before(reactor))
-        if (!reactor->isErased() && reactor->object && reactor->object->isKindOf(OdDbRasterImageDefReactor::desc()))
-            return true;
-    return false;
+    if (pbLocked)
+        *pbLocked = extras && isOneLocked(extras->reactors);
+    return extras ? static_cast<int>(extras->reactors.countOf(OdDbRasterImageDefReactor::desc())) : 0;
 }
 
 OdDbRasterImageDef::Units OdDbRasterImageDef::resolutionUnits() const

@@ -43,8 +43,9 @@ public:
         is unchanged. */
     OdGiRasterImagePtr image() const;
 
-    /** True when an image shows it; takes the same time for any number of images. */
-    bool isShown() const;
+    /** How many images show it; takes the same time for any number of images, but for the first question. Where
+        pbLocked is given, it is set to whether one of them stands on a locked layer, for which each is looked at. */
+    int entityCount(bool* pbLocked = nullptr) const;
 
     bool isLoaded() const;
     void setLoaded(bool loaded);

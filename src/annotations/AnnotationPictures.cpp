@@ -119,7 +119,7 @@ void CPictures::EraseUnused()
     for (const OdDbObjectId& id : m_released)
     {
         const OdDbRasterImageDefPtr pDefinition = OdDbRasterImageDef::cast(id.openObject());
-        if (!pDefinition || pDefinition->isShown())
+        if (!pDefinition || pDefinition->entityCount() > 0)
             continue;
         pDefinition->upgradeOpen();
         pDefinition->erase(true);

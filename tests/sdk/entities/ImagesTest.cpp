@@ -8,6 +8,8 @@
 #include "DbDatabase.h"
 #include "DbDictionary.h"
 #include "DbIdMapping.h"
+#include "DbLayerTable.h"
+#include "DbLayerTableRecord.h"
 #include "DbLine.h"
 #include "DbRasterImage.h"
 #include "DbRasterImageDef.h"
@@ -127,36 +129,58 @@ TEST_F(ImagesTest, DefinitionsForgetErasedImagesUntilTheyComeBack)
     const OdDbObjectId definition = addDefinition(L"A");
     const OdDbObjectId images[] = {addImage(definition), addImage(definition), addImage(definition)};
     const auto reactors = [&] { return definition.safeOpenObject(OdDb::kForRead, true)->getPersistentReactors(); };
-    const auto isShown = [&] { return OdDbRasterImageDefPtr(definition.safeOpenObject())->isShown(); };
+    const auto count = [&] { return OdDbRasterImageDefPtr(definition.safeOpenObject())->entityCount(); };
     const auto erase = [](const OdDbObjectId& id, bool erased)
     { return id.safeOpenObject(OdDb::kForWrite, true)->erase(erased); };
     const OdDbObjectIdArray all = reactors();
     ASSERT_EQ(all.size(), 4u); // with the dictionary
+    EXPECT_EQ(count(), 3);
     database->startUndoRecord();
     EXPECT_EQ(erase(images[1], true), eOk);
     EXPECT_FALSE(knows(definition, images[1]));
     EXPECT_EQ(reactors().size(), 3u);
     EXPECT_EQ(erase(images[0], true), eOk);
-    EXPECT_TRUE(isShown());
+    EXPECT_EQ(count(), 1);
     EXPECT_EQ(erase(images[2], true), eOk);
-    EXPECT_FALSE(isShown());
+    EXPECT_EQ(count(), 0);
     database->undo();
     EXPECT_TRUE(reactors() == all);
+    EXPECT_EQ(count(), 3);
     database->redo();
     EXPECT_EQ(reactors().size(), 1u);
+    EXPECT_EQ(count(), 0);
     EXPECT_EQ(erase(images[1], false), eOk);
     EXPECT_TRUE(knows(definition, images[1]));
-    EXPECT_TRUE(isShown());
+    EXPECT_EQ(count(), 1);
     // Also when the definition itself comes and goes meanwhile, or is open.
     EXPECT_EQ(erase(definition, true), eOk);
     EXPECT_EQ(erase(images[1], true), eOk);
     EXPECT_EQ(erase(images[1], false), eOk);
     EXPECT_EQ(erase(definition, false), eOk);
-    EXPECT_TRUE(isShown());
+    EXPECT_EQ(count(), 1);
     const OdDbObjectPtr opened = definition.safeOpenObject(OdDb::kForWrite);
     EXPECT_EQ(erase(images[0], false), eOk);
     EXPECT_TRUE(knows(definition, images[0]));
     EXPECT_TRUE(opened->isWriteEnabled());
+}
+
+TEST_F(ImagesTest, DefinitionsSayWhetherAnImageStandsOnALockedLayer)
+{
+    const OdDbObjectId definition = addDefinition(L"A");
+    bool isLocked = true;
+    const auto count = [&] { return OdDbRasterImageDefPtr(definition.safeOpenObject())->entityCount(&isLocked); };
+    EXPECT_EQ(count(), 0);
+    EXPECT_FALSE(isLocked);
+    const OdDbObjectId images[] = {addImage(definition), addImage(definition)};
+    EXPECT_EQ(count(), 2);
+    EXPECT_FALSE(isLocked);
+    const OdDbLayerTableRecordPtr layer = OdDbLayerTableRecord::createObject();
+    layer->setName(L"locked");
+    const OdDbLayerTablePtr layers = database->getLayerTableId().safeOpenObject(OdDb::kForWrite);
+    OdDbEntityPtr(images[1].safeOpenObject(OdDb::kForWrite))->setLayer(layers->add(layer));
+    layer->setIsLocked(true);
+    EXPECT_EQ(count(), 2);
+    EXPECT_TRUE(isLocked);
 }
 
 TEST_F(ImagesTest, VariablesAreMadeOnce)
