@@ -1,27 +1,21 @@
 // Attacks the persistent forms of drawing borders: every type of filer, other versions, groups that are missing or in
 // another order, copies, files, JSON.
-#include "support/PluginTest.h"
-
 #include "DbIdMapping.h"
 #include "DrawingBorderData.h"
-#include "ItemsDwgFiler.h"
-#include "ItemsDxfFiler.h"
+#include "FilingTest.h"
 #include "objects/ParamsDrawingBorder.h"
-#include "support/DrawingFiles.h"
 
 using namespace plugintest;
 
 namespace
 {
 
-constexpr const OdChar* kGuid = L"11111111-2222-4333-8444-555555555555";
-
 bool asksForIdsOnly(OdDbFiler::FilerType type)
 {
     return type == OdDbFiler::kIdXlateFiler || type == OdDbFiler::kIdFiler || type == OdDbFiler::kPurgeFiler;
 }
 
-class DrawingBorderFilingTest : public PluginTest
+class DrawingBorderFilingTest : public FilingTest
 {
 protected:
     OdDbDictionaryPtr dictionary() { return CDrawingBorderData::GetDictionary(db); }
@@ -56,47 +50,33 @@ protected:
     std::string keyOf(OdDbObjectId id) { return odStringToUtf8(dictionary()->nameAt(id)); }
     static std::string utf8(const OdString& text) { return odStringToUtf8(text); }
 
-    // ---- DWG-style
-    DwgItems commonItems(OdDbObjectId id, OdDbFiler::FilerType type)
+    /// What every object writes for that type, then what only borders do.
+    DwgFilerPtr beginningOf(OdDbObjectId id, OdDbFiler::FilerType type)
     {
-        const auto filer = OdRxObjectImpl<ItemsDwgFiler>::createObject(db.get(), type);
-        open(id)->OdDbObject::dwgOutFields(filer);
-        return filer->items;
-    }
-    DwgItems writeDwg(OdDbObjectId id, OdDbFiler::FilerType type)
-    {
-        const auto filer = OdRxObjectImpl<ItemsDwgFiler>::createObject(db.get(), type);
-        open(id)->dwgOutFields(filer);
-        return filer->items;
-    }
-    /// What the items behind those of every object are for that type.
-    DwgItems expectedItems(OdDbObjectId id, OdDbFiler::FilerType type, const OdString& guid = kGuid)
-    {
-        DwgItems items = commonItems(id, type);
+        DwgFilerPtr filer = commonOf(id, type);
         if (type == OdDbFiler::kWblockCloneFiler)
-            items.emplace_back("softOwner", dictionary()->objectId().getHandle().ascii());
-        items.emplace_back("int16", L"1");
+            filer->wrSoftOwnershipId(dictionary()->objectId());
+        return filer;
+    }
+    DwgFilerPtr expectedOf(OdDbObjectId id, OdDbFiler::FilerType type, const OdString& guid = kGuid,
+                           OdInt16 version = 1, OdInt32 columns = 2, OdInt32 lines = 1)
+    {
+        DwgFilerPtr filer = beginningOf(id, type);
+        filer->wrInt16(version);
         if (asksForIdsOnly(type))
-            return items;
-        const DwgItems own = dwgItems("string |bool 1|bool 0|bool 1|point 1 5 3|point 4 2 6|int32 2|int32 1|"
-                                      "string 1|string |string A");
-        items.insert(items.end(), own.begin(), own.end());
-        items[items.size() - own.size()].second = guid;
-        return items;
+            return filer;
+        filer->wrString(guid);
+        for (const bool flag : {true, false, true})
+            filer->wrBool(flag);
+        filer->wrPoint3d({1, 5, 3});
+        filer->wrPoint3d({4, 2, 6});
+        filer->wrInt32(columns);
+        filer->wrInt32(lines);
+        for (const OdChar* text : {L"1", L"", L"A"})
+            filer->wrString(text);
+        return filer;
     }
 
-    // ---- DXF
-    DxfItems writeDxf(OdDbObjectId id, OdDbFiler::FilerType type = OdDbFiler::kFileFiler)
-    {
-        const auto filer = OdRxObjectImpl<ItemsDxfFiler>::createObject(db.get(), DxfItems(), type);
-        open(id)->dxfOutFields(filer);
-        return filer->items;
-    }
-    OdResult readDxf(OdDbObjectId id, const DxfItems& items, OdDbFiler::FilerType type = OdDbFiler::kFileFiler)
-    {
-        const auto filer = OdRxObjectImpl<ItemsDxfFiler>::createObject(db.get(), items, type);
-        return open(id, OdDb::kForWrite)->dxfInFields(filer);
-    }
     const DxfItems fullGroups =
         dxfItems("100 CDrawingBorderData|70 1|1 11111111-2222-4333-8444-555555555555|290 1|290 0|290 1|12 1 5 3|"
                  "12 4 2 6|90 2|90 1|1 1|1 |1 A");
@@ -104,45 +84,30 @@ protected:
 
 // ---- DWG-style ------------------------------------------------------------------------------------------------------
 
-TEST_F(DrawingBorderFilingTest, EveryTypeOfFilerGetsItsItems)
-{
-    const OdDbObjectId id = addFullBorder();
-    for (const OdDbFiler::FilerType type : kAllFilers)
-        EXPECT_EQ(writeDwg(id, type), expectedItems(id, type)) << type;
-}
-
-TEST_F(DrawingBorderFilingTest, EveryTypeOfFilerBringsItsItems)
+TEST_F(DrawingBorderFilingTest, EveryTypeOfFilerGetsAndBringsItsItems)
 {
     const OdDbObjectId source = addFullBorder();
     const std::string full = stateOf(*open(source));
+    OdStringArray others;
+    others.append(L"other");
     for (const OdDbFiler::FilerType type : kAllFilers)
     {
+        EXPECT_EQ(bytesOf(writtenBy(source, type)), bytesOf(expectedOf(source, type))) << type;
         const OdDbObjectId id = addFullBorder(L"old");
-        open(id, OdDb::kForWrite)->SetColumnLineIds({}, {});
+        open(id, OdDb::kForWrite)->SetColumnLineIds(others, others);
         const std::string before = stateOf(*open(id));
-        DwgItems items = expectedItems(id, type, L" 'new' ");
-        const auto filer = OdRxObjectImpl<ItemsDwgFiler>::createObject(db.get(), type, items);
-        EXPECT_EQ(open(id, OdDb::kForWrite)->dwgInFields(filer), eOk) << type;
-        EXPECT_TRUE(filer->isAtEnd()) << type;
+        const DwgFilerPtr filer = expectedOf(id, type, L" 'new' ");
+        EXPECT_EQ(read(id, filer), eOk) << type;
+        EXPECT_TRUE(filer->atEnd()) << type;
         EXPECT_EQ(stateOf(*open(id)), asksForIdsOnly(type) ? before : full) << type;
         const bool staysUnderItsKey = asksForIdsOnly(type) || type == OdDbFiler::kFileFiler;
         EXPECT_EQ(keyOf(id), staysUnderItsKey ? "old" : "new") << type;
         if (type == OdDbFiler::kFileFiler)
         {
-            EXPECT_EQ(writeDwg(id, type)[commonItems(id, type).size() + 1].second, L" 'new' ") << "taken as it is";
+            EXPECT_EQ(bytesOf(writtenBy(id, type)), bytesOf(expectedOf(id, type, L" 'new' "))) << "taken as it is";
         }
         erase(id);
     }
-}
-
-TEST_F(DrawingBorderFilingTest, ListsAreEmptiedBeforeTheyAreRead)
-{
-    const OdDbObjectId id = addFullBorder();
-    const std::string before = stateOf(*open(id));
-    const auto filer = OdRxObjectImpl<ItemsDwgFiler>::createObject(db.get(), OdDbFiler::kUndoFiler,
-                                                                   writeDwg(id, OdDbFiler::kUndoFiler));
-    EXPECT_EQ(open(id, OdDb::kForWrite)->dwgInFields(filer), eOk);
-    EXPECT_EQ(stateOf(*open(id)), before);
 }
 
 TEST_F(DrawingBorderFilingTest, OtherVersionsAndDamagedItems)
@@ -150,68 +115,48 @@ TEST_F(DrawingBorderFilingTest, OtherVersionsAndDamagedItems)
     const OdDbObjectId id = addFullBorder();
     for (const OdDbFiler::FilerType type : kAllFilers)
     {
-        const DwgItems good = expectedItems(id, type);
-        const std::size_t version = commonItems(id, type).size() + (type == OdDbFiler::kWblockCloneFiler);
-        const struct
+        const std::size_t begin = beginningOf(id, type)->bytes().size();
+        for (const OdInt16 version : {2, 32767, 0, -1})
         {
-            const OdChar* version;
-            OdResult result;
-        } rows[] = {{L"2", eNotImplementedYet}, {L"32767", eNotImplementedYet}, {L"0", eOk}, {L"-1", eOk}};
-        for (const auto& row : rows)
-        {
-            DwgItems items = good;
-            items[version].second = row.version;
-            const auto filer = OdRxObjectImpl<ItemsDwgFiler>::createObject(db.get(), type, items);
-            EXPECT_EQ(open(id, OdDb::kForWrite)->dwgInFields(filer), row.result) << type << utf8(row.version);
-            if (row.result != eOk)
+            const DwgFilerPtr filer = expectedOf(id, type, kGuid, version);
+            EXPECT_EQ(read(id, filer), version > 1 ? eNotImplementedYet : eOk) << type << " " << version;
+            if (version > 1)
             {
-                EXPECT_EQ(filer->tell(), version + 1) << "nothing more is read";
+                EXPECT_EQ(filer->tell(), begin + 3) << "nothing more is read than a tag and a number";
             }
         }
-        for (std::size_t length = version; length < good.size(); ++length)
+        const std::vector<std::uint8_t> good = bytesOf(expectedOf(id, type));
+        for (std::size_t length = begin; length < good.size(); ++length)
         {
-            const DwgItems cut(good.begin(), good.begin() + static_cast<std::ptrdiff_t>(length));
-            const auto filer = OdRxObjectImpl<ItemsDwgFiler>::createObject(db.get(), type, cut);
-            EXPECT_EQ(thrownBy([&] { open(id, OdDb::kForWrite)->dwgInFields(filer); }).code, eEndOfFile) << length;
+            const DwgFilerPtr cut = oddb::MemoryDwgFiler::create(type, db);
+            cut->setBytes(std::span(good).first(length));
+            EXPECT_EQ(thrownBy([&] { read(id, cut); }).code, eEndOfFile) << length;
         }
     }
-    DwgItems negative = expectedItems(id, OdDbFiler::kBagFiler);
-    negative.resize(negative.size() - 3);
-    negative.back().second = L"-2147483648";
-    negative[negative.size() - 2].second = L"-1";
-    const auto filer = OdRxObjectImpl<ItemsDwgFiler>::createObject(db.get(), OdDbFiler::kBagFiler, negative);
-    EXPECT_EQ(open(id, OdDb::kForWrite)->dwgInFields(filer), eOk);
+    EXPECT_EQ(read(id, expectedOf(id, OdDbFiler::kBagFiler, kGuid, 1, -1, INT32_MIN)), eOk);
     EXPECT_TRUE(open(id)->GetColumnIds().isEmpty() && open(id)->GetLineIds().isEmpty());
 }
 
 // ---- DXF ------------------------------------------------------------------------------------------------------------
 
-TEST_F(DrawingBorderFilingTest, EveryTypeOfFilerGetsItsGroups)
+TEST_F(DrawingBorderFilingTest, EveryTypeOfFilerGetsAndBringsItsGroups)
 {
-    const OdDbObjectId id = addFullBorder();
-    for (const OdDbFiler::FilerType type : kAllFilers)
-    {
-        const std::ptrdiff_t count = asksForIdsOnly(type) ? 2 : std::ssize(fullGroups);
-        EXPECT_EQ(writeDxf(id, type), DxfItems(fullGroups.begin(), fullGroups.begin() + count)) << type;
-    }
-}
-
-TEST_F(DrawingBorderFilingTest, EveryTypeOfFilerBringsItsGroups)
-{
-    const std::string full = stateOf(*open(addFullBorder()));
+    const OdDbObjectId source = addFullBorder();
     DxfItems groups = fullGroups;
     groups[2].second = L" 'new' ";
     for (const OdDbFiler::FilerType type : kAllFilers)
     {
+        const std::ptrdiff_t count = asksForIdsOnly(type) ? 2 : std::ssize(fullGroups);
+        EXPECT_EQ(groupsWrittenBy(source, type), groupsOf({fullGroups.begin(), fullGroups.begin() + count})) << type;
         const OdDbObjectId id = addBorder(L"old");
         const std::string empty = stateOf(*open(id));
-        EXPECT_EQ(readDxf(id, groups, type), eOk) << type;
-        EXPECT_EQ(stateOf(*open(id)), asksForIdsOnly(type) ? empty : full) << type;
+        EXPECT_EQ(read(id, groups, type), eOk) << type;
+        EXPECT_EQ(stateOf(*open(id)), asksForIdsOnly(type) ? empty : stateOf(*open(source))) << type;
         const bool staysUnderItsKey = asksForIdsOnly(type) || type == OdDbFiler::kFileFiler;
         EXPECT_EQ(keyOf(id), staysUnderItsKey ? "old" : "new") << type;
         if (type == OdDbFiler::kFileFiler)
         {
-            EXPECT_EQ(writeDxf(id)[2].second, L" 'new' ") << "taken as it is";
+            EXPECT_EQ(groupsWrittenBy(id).findAny(1)->text(), " 'new' ") << "taken as it is";
         }
         erase(id);
     }
@@ -219,20 +164,13 @@ TEST_F(DrawingBorderFilingTest, EveryTypeOfFilerBringsItsGroups)
 
 TEST_F(DrawingBorderFilingTest, DxfGroupsInAnyOtherOrderAreRefused)
 {
-    for (std::size_t i = 0; i + 1 < fullGroups.size(); ++i)
+    for (std::size_t i = 0; i < fullGroups.size(); ++i)
     {
-        const OdDbObjectId id = addBorder();
-        DxfItems swapped = fullGroups;
-        std::swap(swapped[i], swapped[i + 1]);
-        const bool same = swapped[i].first == swapped[i + 1].first;
-        EXPECT_EQ(readDxf(id, swapped), i == 0 ? 69 : same ? 0 : 1) << i;
         DxfItems missing = fullGroups;
         missing.erase(missing.begin() + static_cast<std::ptrdiff_t>(i));
-        EXPECT_EQ(readDxf(id, missing), i == 0 ? 69 : 1) << i;
-        EXPECT_EQ(readDxf(id, DxfItems(fullGroups.begin(), fullGroups.begin() + static_cast<std::ptrdiff_t>(i))),
-                  i == 0 ? 69 : 1)
-            << i;
+        EXPECT_EQ(read(addBorder(), missing), i == 0 ? 69 : 1) << i;
     }
+    expectOrder(addBorder(), fullGroups);
     const OdDbObjectId id = addBorder();
     const std::tuple<std::size_t, const OdChar*, OdResult> rows[] = {
         {0, L"CBSystemLabel", eBadDxfSequence},
@@ -249,14 +187,14 @@ TEST_F(DrawingBorderFilingTest, DxfGroupsInAnyOtherOrderAreRefused)
             DxfItems changed = fullGroups;
             changed[group].second = value;
             const bool looksAtIt = group < 2 || !asksForIdsOnly(type);
-            EXPECT_EQ(readDxf(id, changed, type), looksAtIt ? result : eOk) << group << " " << type;
+            EXPECT_EQ(read(id, changed, type), looksAtIt ? result : eOk) << group << " " << type;
         }
 }
 
 TEST_F(DrawingBorderFilingTest, DxfInputAppendsToTheLists)
 {
     const OdDbObjectId id = addFullBorder();
-    EXPECT_EQ(readDxf(id, fullGroups), eOk);
+    EXPECT_EQ(read(id, fullGroups), eOk);
     EXPECT_EQ(open(id)->GetColumnIds().size(), 4u);
     EXPECT_EQ(open(id)->GetLineIds().size(), 2u);
 }
@@ -276,7 +214,7 @@ TEST_F(DrawingBorderFilingTest, ACopyWithinTheDrawingHasAGuidOfItsOwn)
     for (OdDbDictionaryIteratorPtr entry = dictionary()->newIterator(); !entry->done(); entry->next())
     {
         EXPECT_EQ(stateOf(*open(entry->objectId())), full);
-        EXPECT_EQ(writeDxf(entry->objectId())[2].second, entry->name());
+        EXPECT_EQ(groupsWrittenBy(entry->objectId()).findAny(1)->text(), utf8(entry->name()));
     }
 }
 
@@ -318,7 +256,7 @@ TEST_F(DrawingBorderFilingTest, FilesBringBordersBackAsTheyWere)
             ASSERT_FALSE(again.isNull());
             EXPECT_EQ(stateOf(*open(again)), stateOf(*open(id)));
             EXPECT_EQ(utf8(entries->nameAt(again)), keyOf(id));
-            EXPECT_EQ(writeDxf(again)[2].second, writeDxf(id)[2].second);
+            EXPECT_EQ(groupsWrittenBy(again).findAny(1)->text(), groupsWrittenBy(id).findAny(1)->text());
         }
         erase(full);
         erase(odd);
