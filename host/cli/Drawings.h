@@ -17,7 +17,8 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-// Opens the file, or a new drawing when the name is empty. Throws UnreadableDrawing.
+// Opens the file, or a new drawing when the name is empty, to work on it until the program ends. Throws
+// UnreadableDrawing.
 void openDrawing(std::optional<session::OpenDrawing>& drawing, const std::string& file);
 
 // Says on standard error what was mended while the drawing was read, a line for each fault.

@@ -31,6 +31,8 @@ OpenDrawing::~OpenDrawing()
     while (m_database->numActiveTransactions() > 0)
         m_database->abortTransaction();
     hostcommands::forgetSelectionSets(*m_database);
+    if (m_endsWithTheProgram)
+        m_database.detach();
 }
 
 } // namespace session

@@ -23,8 +23,13 @@ public:
 
     OdDbDatabase& database() const { return *m_database; }
 
+    // The drawing is the last thing that the program works on. Its objects are left as they are then: the system takes
+    // the program's memory back at once, where freeing object by object would take as long as opening.
+    void endsWithTheProgram() { m_endsWithTheProgram = true; }
+
 private:
     OdDbDatabasePtr m_database;
+    bool m_endsWithTheProgram = false;
 };
 
 } // namespace session
