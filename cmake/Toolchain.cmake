@@ -19,6 +19,7 @@ set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
 add_compile_options(-Wall -Wextra -Werror)
 # Nobody replaces functions of our libraries from outside, so calls inside one need not go through its symbol table.
 add_compile_options(-fno-semantic-interposition)
+add_link_options(-Wl,-Bsymbolic-functions)
 if(ZOLCAD_SANITIZE)
     add_compile_options(-fsanitize=${ZOLCAD_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
     add_link_options(-fsanitize=${ZOLCAD_SANITIZE})
