@@ -264,7 +264,11 @@ private:
     {
         OdUInt32 id = static_cast<OdUInt32>(m_entries.size());
         if (m_freeIds.empty())
+        {
+            if (m_entries.empty())
+                m_entries.reserve(4); // as a start
             m_entries.emplace_back();
+        }
         else
         {
             id = m_freeIds.back();

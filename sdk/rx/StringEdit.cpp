@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cwctype>
@@ -25,17 +26,29 @@ int positionOf(std::size_t found)
     return found == std::wstring_view::npos ? -1 : static_cast<int>(found);
 }
 
-// The sets are short: looking through one costs less than a call.
-auto isOneOf(std::wstring_view set)
+/// Whether a character is in a set: for ASCII, one look at a bit.
+class CharacterSet
 {
-    return [set](OdChar character)
+public:
+    explicit CharacterSet(std::wstring_view characters) : m_characters(characters)
     {
-        for (const OdChar candidate : set)
-            if (candidate == character)
-                return true;
-        return false;
-    };
-}
+        for (const OdChar character : characters)
+            if (odIsAscii(character))
+                m_ascii[character / 64] |= bitOf(character);
+    }
+
+    bool operator()(OdChar character) const
+    {
+        return odIsAscii(character) ? (m_ascii[character / 64] & bitOf(character)) != 0
+                                    : m_characters.find(character) != std::wstring_view::npos;
+    }
+
+private:
+    static std::uint64_t bitOf(OdChar character) { return std::uint64_t{1} << (character % 64); }
+
+    std::wstring_view m_characters;
+    std::uint64_t m_ascii[2] = {0, 0};
+};
 
 std::size_t countLeading(std::wstring_view text, auto condition)
 {
@@ -112,12 +125,12 @@ OdString OdString::right(int count) const
 
 OdString OdString::spanIncluding(const OdChar* characters) const
 {
-    return left(static_cast<int>(countLeading(view(), isOneOf(viewOf(characters)))));
+    return left(static_cast<int>(countLeading(view(), CharacterSet(viewOf(characters)))));
 }
 
 OdString OdString::spanExcluding(const OdChar* characters) const
 {
-    return left(static_cast<int>(countLeading(view(), std::not_fn(isOneOf(viewOf(characters))))));
+    return left(static_cast<int>(countLeading(view(), std::not_fn(CharacterSet(viewOf(characters))))));
 }
 
 int OdString::find(OdChar character, int start) const
@@ -228,7 +241,7 @@ OdString& OdString::trimRight(OdChar character)
 OdString& OdString::trimRight(const OdChar* characters)
 {
     const std::wstring_view text = view();
-    const auto last = std::find_if_not(text.rbegin(), text.rend(), isOneOf(viewOf(characters)));
+    const auto last = std::find_if_not(text.rbegin(), text.rend(), CharacterSet(viewOf(characters)));
     return keep(0, static_cast<std::size_t>(text.rend() - last));
 }
 
@@ -245,7 +258,7 @@ OdString& OdString::trimLeft(OdChar character)
 
 OdString& OdString::trimLeft(const OdChar* characters)
 {
-    const std::size_t first = countLeading(view(), isOneOf(viewOf(characters)));
+    const std::size_t first = countLeading(view(), CharacterSet(viewOf(characters)));
     return keep(first, view().size() - first);
 }
 
