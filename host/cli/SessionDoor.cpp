@@ -2,35 +2,16 @@
 #include <csignal>
 #include <optional>
 
-#include <cerrno>
 #include <unistd.h>
 
 #include "cli/CommandLine.h"
 #include "cli/Doors.h"
 #include "cli/Drawings.h"
-#include "session/LineReader.h"
+#include "session/Conversation.h"
 #include "session/Session.h"
 
 namespace cli
 {
-
-namespace
-{
-
-bool writeAll(std::string_view bytes)
-{
-    while (!bytes.empty())
-    {
-        const ssize_t count = ::write(STDOUT_FILENO, bytes.data(), bytes.size());
-        if (count < 0 && errno != EINTR)
-            return false;
-        if (count > 0)
-            bytes.remove_prefix(static_cast<std::size_t>(count));
-    }
-    return true;
-}
-
-} // namespace
 
 int serveSession(const std::string& drawingFile, session::Plugin plugin)
 {
@@ -40,11 +21,11 @@ int serveSession(const std::string& drawingFile, session::Plugin plugin)
     openDrawing(drawing, drawingFile);
     reportMended(*drawing, drawingFile);
     session::Session session(*drawing);
-    session::LineReader lines(STDIN_FILENO);
-    for (std::string_view line; lines.read(line);)
-        if (!writeAll(lines.wasTooLong() ? session.refuseTooLong() : session.answer(line)))
+    session::Conversation conversation(STDIN_FILENO, STDOUT_FILENO);
+    while (session::ReadRequest* const request = conversation.next())
+        if (!conversation.answer(session.answer(*request)))
             return kFailure;
-    return session.hadError() ? kFailure : kSuccess;
+    return conversation.finish() && !session.hadError() ? kSuccess : kFailure;
 }
 
 } // namespace cli

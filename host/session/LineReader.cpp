@@ -6,6 +6,7 @@
 #include <cstring>
 #include <new>
 
+#include <poll.h>
 #include <unistd.h>
 
 namespace session
@@ -29,13 +30,9 @@ bool LineReader::read(std::string_view& line)
     std::size_t searched = m_begin;
     for (;;)
     {
-        const void* const feed = std::memchr(m_buffer.get() + searched, '\n', m_end - searched);
-        if (feed != nullptr)
+        if (const char* const feed = findFeed(searched))
         {
-            const auto end = static_cast<std::size_t>(static_cast<const char*>(feed) - m_buffer.get());
-            m_wasTooLong = m_wasTooLong || end - m_begin > kLongestLine;
-            line = std::string_view(m_buffer.get() + m_begin, std::min(end - m_begin, kLongestLine));
-            m_begin = end + 1;
+            take(feed, line);
             return true;
         }
         if (m_end - m_begin > kLongestLine)
@@ -51,6 +48,53 @@ bool LineReader::read(std::string_view& line)
     line = std::string_view(m_buffer.get() + m_begin, m_end - m_begin);
     m_begin = m_end;
     return !line.empty();
+}
+
+bool LineReader::readAhead(std::string_view& line)
+{
+    std::size_t searched = m_begin;
+    for (;;)
+    {
+        const char* const feed = findFeed(searched);
+        const std::size_t length = (feed != nullptr ? feed - m_buffer.get() : m_end) - m_begin;
+        if (length > kShortLine)
+            return false;
+        if (feed != nullptr)
+        {
+            m_wasTooLong = false;
+            take(feed, line);
+            return true;
+        }
+        if (!isReadable() || !fill())
+            return false;
+        searched = m_begin + length;
+    }
+}
+
+bool LineReader::hasLine() const
+{
+    return findFeed(m_begin) != nullptr;
+}
+
+// Null when there is none.
+const char* LineReader::findFeed(std::size_t from) const
+{
+    return static_cast<const char*>(std::memchr(m_buffer.get() + from, '\n', m_end - from));
+}
+
+void LineReader::take(const char* feed, std::string_view& line)
+{
+    const auto end = static_cast<std::size_t>(feed - m_buffer.get());
+    m_wasTooLong = m_wasTooLong || end - m_begin > kLongestLine;
+    line = std::string_view(m_buffer.get() + m_begin, std::min(end - m_begin, kLongestLine));
+    m_begin = end + 1;
+}
+
+// Whether reading would give something, or the end, at once.
+bool LineReader::isReadable() const
+{
+    pollfd source{m_descriptor, POLLIN, 0};
+    return ::poll(&source, 1, 0) == 1;
 }
 
 void LineReader::grow(std::size_t size)

@@ -14,12 +14,21 @@ class LineReader
 public:
     // A line may have this many bytes. What is beyond is read and dropped.
     static constexpr std::size_t kLongestLine = std::size_t{256} << 20;
+    // What readAhead() takes for short.
+    static constexpr std::size_t kShortLine = std::size_t{64} << 10;
 
     explicit LineReader(int descriptor);
 
     // Reads up to the next line feed or the end. line is without its line feed and valid until the next call. Returns
     // false at the end, when nothing is left. A read that fails counts as the end.
     bool read(std::string_view& line);
+
+    // Reads the next line if it is short and whole and here: nothing has to be waited for. Returns false if not, and at
+    // the end; read() goes on from there.
+    bool readAhead(std::string_view& line);
+
+    // True when the next line is here already.
+    bool hasLine() const;
 
     // True when the line read last was longer than a line may be; line is its beginning then.
     bool wasTooLong() const { return m_wasTooLong; }
@@ -30,6 +39,9 @@ private:
         void operator()(char* memory) const { std::free(memory); }
     };
 
+    const char* findFeed(std::size_t from) const;
+    void take(const char* feed, std::string_view& line);
+    bool isReadable() const;
     bool fill();
     void grow(std::size_t size);
 

@@ -10,6 +10,11 @@ namespace session
 
 Session::Session(OpenDrawing& drawing) : m_drawing(drawing), m_user(OdRxObjectImpl<UserAnswers>::createObject()) {}
 
+std::string_view Session::answer(ReadRequest& request)
+{
+    return m_writer.write(respond(request));
+}
+
 std::string_view Session::answer(std::string_view line)
 {
     return m_writer.write(respond(line));
@@ -17,10 +22,18 @@ std::string_view Session::answer(std::string_view line)
 
 const Response& Session::respond(std::string_view line)
 {
+    m_request.read(line);
+    return respond(m_request);
+}
+
+const Response& Session::respond(ReadRequest& request)
+{
     m_response = Response();
     try
     {
-        run(m_reader.read(line));
+        if (request.fault)
+            std::rethrow_exception(request.fault);
+        run(*request.reader);
     }
     catch (const RequestError& error)
     {
@@ -34,30 +47,23 @@ const Response& Session::respond(std::string_view line)
     {
         m_response.failure = failureOf(error);
     }
-    const Request& request = m_reader.request();
-    m_response.id = request.id;
-    if (request.hasCommand)
-        m_response.command = request.command;
+    const Request& read = request.reader->request();
+    m_response.id = read.id;
+    if (read.hasCommand)
+        m_response.command = read.command;
     m_response.output = std::move(m_user->output());
     m_hadError = m_hadError || m_response.failure.has_value();
     return m_response;
 }
 
-std::string_view Session::refuseTooLong()
+void Session::run(RequestReader& reader)
 {
-    m_response = Response();
-    refuse(RequestError("the line is too long"));
-    m_hadError = true;
-    return m_writer.write(m_response);
-}
-
-void Session::run(const Request& request)
-{
+    const Request& request = reader.request();
     m_user->begin(request.input);
     OdDbDatabase& database = m_drawing.database();
     const OdResBufPtr parameters =
         request.parameters == nullptr ? OdResBufPtr() : readChain(*request.parameters, database);
-    m_reader.releaseParameters();
+    reader.releaseParameters();
     runCommand(database, request.command, parameters, *m_user, m_response);
 }
 
