@@ -77,7 +77,7 @@ inline std::string drawingOf(const Content& content)
     }
     return section("HEADER", groups("9 $ACADVER|1 AC1015|9 $HANDSEED|5 9000") + content.header) +
            section("TABLES", groups("0 TABLE|2 VPORT") + viewport + groups("0 ENDTAB|0 TABLE|2 LAYER") +
-                                 layer("OFF", 0, -7) + layer("FROZEN", 1, 7) + layer("LOCKED", 4, 7) +
+                                 layer("OFF", 0, -7) + layer("FROZEN", 1, 7) + layer("LOCKED", 4, 6) +
                                  group(0, "ENDTAB")) +
            section("BLOCKS", blocks) + section("ENTITIES", records(content.entities)) + endOfFile();
 }

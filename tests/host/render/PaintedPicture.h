@@ -43,8 +43,9 @@ public:
 
     render::Color at(int x, int y) const
     {
-        const unsigned char* pixel =
-            cairo_image_surface_get_data(m_surface) + y * cairo_image_surface_get_stride(m_surface) + 4 * x;
+        const unsigned char* pixel = cairo_image_surface_get_data(m_surface) +
+                                     std::ptrdiff_t{y} * cairo_image_surface_get_stride(m_surface) +
+                                     std::ptrdiff_t{4} * x;
         const bool isOpaque = cairo_image_surface_get_format(m_surface) == CAIRO_FORMAT_RGB24;
         return {pixel[2], pixel[1], pixel[0], isOpaque ? OdUInt8(255) : pixel[3]};
     }
@@ -85,6 +86,7 @@ constexpr render::Color kBlack{0, 0, 0, 255};
 constexpr render::Color kRed{255, 0, 0, 255};
 constexpr render::Color kGreen{0, 255, 0, 255};
 constexpr render::Color kBlue{0, 0, 255, 255};
+constexpr render::Color kMagenta{255, 0, 255, 255};
 
 class PictureTest : public testing::Test
 {
@@ -99,9 +101,10 @@ protected:
     std::string path(const std::string& name) const { return m_folder.path(name); }
 
     /// Paints a drawing of these entities with the order at hand.
-    void paint(const support::Content& content)
+    void paint(const support::Content& content) { paintFile(support::drawingOf(content)); }
+    void paintFile(const std::string& text)
     {
-        support::writeWholeFile(path("drawing.dxf"), support::drawingOf(content));
+        support::writeWholeFile(path("drawing.dxf"), text);
         const session::OpenDrawing drawing(odUtf8ToString(path("drawing.dxf")));
         render::paintPicture(drawing.database(), order);
     }

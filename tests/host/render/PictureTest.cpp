@@ -1,14 +1,11 @@
 // What pictures show of drawings: layers, colours, widths, patterns, views, and whatever a drawing can do to break
 // them.
-#include <filesystem>
-#include <fstream>
-#include <sstream>
-
 #include "DbBlockTableRecord.h"
 #include "DbEntity.h"
 #include "DbLayerTableRecord.h"
 #include "PaintedPicture.h"
 #include "render/SpaceBounds.h"
+#include "support/DrawingFiles.h"
 
 namespace
 {
@@ -32,8 +29,13 @@ TEST_F(PictureTest, ColoursComeFromEntitiesLayersAndBlocks)
         "INSERT B2 OFF|62 1|100 AcDbBlockReference|2 B|10 40|20 40",
         "INSERT B3 FROZEN|62 1|100 AcDbBlockReference|2 B|10 0|20 60",
         "INSERT B4 LOCKED|62 3|100 AcDbBlockReference|2 B|10 40|20 60",
+        "INSERT B5 LOCKED|100 AcDbBlockReference|2 C|10 0|20 80",
+        "INSERT B6 0|100 AcDbBlockReference|2 C|10 20|20 80",
+        "INSERT B7 0|62 5|100 AcDbBlockReference|2 D|10 60|20 80",
     };
-    content.blocks = {{"B", {square("E1", "0", 0, 0, "62 0"), square("E2", "LOCKED", 20, 0, "62 0")}}};
+    content.blocks = {{"B", {square("E1", "0", 0, 0, "62 0"), square("E2", "LOCKED", 20, 0, "62 0")}},
+                      {"C", {square("E3", "0", 0, 0), square("E4", "LOCKED", 0, 10)}},
+                      {"D", {"INSERT E5 0|62 0|100 AcDbBlockReference|2 B|10 0|20 0"}}};
     paint(content);
     const Pixels pixels(order.file);
     const struct
@@ -58,6 +60,11 @@ TEST_F(PictureTest, ColoursComeFromEntitiesLayersAndBlocks)
         {"layer 0 in a reference that is frozen", 5, 65, kWhite},
         {"own layer in a reference that is frozen", 25, 65, kWhite},
         {"by block of another colour", 45, 65, kGreen},
+        {"by layer, layer 0 in a reference on a layer of a colour", 5, 85, kMagenta},
+        {"by layer, layer 0 in a reference on layer 0", 25, 85, kBlack},
+        {"by layer, own layer in a reference on layer 0", 25, 95, kMagenta},
+        {"by block in a reference by block in one of a colour", 65, 85, kBlue},
+        {"by block on its own layer, as deep", 85, 85, kBlue},
     };
     for (const auto& row : rows)
     {
@@ -92,9 +99,7 @@ TEST_F(PictureTest, LayersThatAreColourSevenAndWhiteAreSeenOnWhite)
     const std::string layers = support::groups("0 TABLE|2 LAYER");
     text.insert(text.find(layers) + layers.size(),
                 support::groups("0 LAYER|2 WHITE|70 0|62 7|420 16777215|6 CONTINUOUS"));
-    support::writeWholeFile(path("drawing.dxf"), text);
-    const session::OpenDrawing drawing(odUtf8ToString(path("drawing.dxf")));
-    render::paintPicture(drawing.database(), order);
+    paintFile(text);
     EXPECT_EQ(colorAt(Pixels(order.file), 5, 5), kBlack);
     EXPECT_EQ(colorAt(Pixels(order.file), 25, 5), kWhite) << "what is white by itself hides what is behind";
 }
@@ -143,10 +148,8 @@ TEST_F(PictureTest, LinesAreAsWideAsTheyWeigh)
 
 TEST_F(PictureTest, LinetypesKeepTheirScales)
 {
-    const std::string linetype = support::group(0, "TABLE") + support::group(2, "LTYPE") + support::group(0, "LTYPE") +
-                                 support::group(2, "DASHED") + support::group(70, "0") + support::group(3, "") +
-                                 support::group(72, "65") + support::group(73, "2") + support::group(40, "5.0") +
-                                 support::group(49, "2.5") + support::group(49, "-2.5") + support::group(0, "ENDTAB");
+    const std::string linetype =
+        support::groups("0 TABLE|2 LTYPE|0 LTYPE|2 DASHED|70 0|3 |72 65|73 2|40 5.0|49 2.5|49 -2.5|0 ENDTAB");
     support::Content content;
     content.header = support::group(9, "$LTSCALE") + support::group(40, "2.0");
     content.entities = {"LINE A1 0|6 DASHED|100 AcDbLine|10 0|20 20|11 100|21 20",
@@ -154,11 +157,8 @@ TEST_F(PictureTest, LinetypesKeepTheirScales)
                         "LINE A3 0|6 DASHED|48 0.001|100 AcDbLine|10 0|20 60|11 100|21 60",
                         "LWPOLYLINE A4 0|6 DASHED|100 AcDbPolyline|90 2|70 0|10 0|20 80|10 9|20 80"};
     std::string text = support::drawingOf(content);
-    const std::string layers = support::group(0, "TABLE") + support::group(2, "LAYER");
-    text.insert(text.find(layers), linetype);
-    support::writeWholeFile(path("drawing.dxf"), text);
-    const session::OpenDrawing drawing(odUtf8ToString(path("drawing.dxf")));
-    render::paintPicture(drawing.database(), order);
+    text.insert(text.find(support::groups("0 TABLE|2 LAYER")), linetype);
+    paintFile(text);
     const Pixels pixels(order.file);
     const auto dashesAt = [&pixels](double y)
     {
@@ -187,12 +187,12 @@ TEST_F(PictureTest, SheetsShowTheModelThroughTheirViewports)
         square("A1", "0", 1000, 1000, "62 1"),
         square("A2", "LOCKED", 1010, 1000, "62 3"),
         square("A3", "0", 0, 90, "67 1|62 5"),
-        "VIEWPORT A4 0|67 1|100 AcDbViewport|10 20|20 20|40 40|41 40|68 2|69 2|12 1005|22 1005|16 0|26 0|36 "
-        "1|17 0|27 0|37 0|45 20|90 0",
-        "VIEWPORT A5 0|67 1|100 AcDbViewport|10 70|20 20|40 40|41 40|68 3|69 3|12 0|22 0|16 0|26 0|36 1|17 "
-        "1010|27 1010|37 0|45 40|51 90|90 0",
-        "VIEWPORT A6 0|67 1|100 AcDbViewport|10 20|20 70|40 30|41 30|68 0|69 4|12 1005|22 1005|16 0|26 0|36 "
-        "1|17 0|27 0|37 0|45 20|90 0"};
+        ("VIEWPORT A4 0|67 1|100 AcDbViewport|10 20|20 20|40 40|41 40|68 2|69 2|12 1005|22 1005|16 0|26 0|36 "
+         "1|17 0|27 0|37 0|45 20|90 0"),
+        ("VIEWPORT A5 0|67 1|100 AcDbViewport|10 70|20 20|40 40|41 40|68 3|69 3|12 0|22 0|16 0|26 0|36 1|17 "
+         "1010|27 1010|37 0|45 40|51 90|90 0"),
+        ("VIEWPORT A6 0|67 1|100 AcDbViewport|10 20|20 70|40 30|41 30|68 0|69 4|12 1005|22 1005|16 0|26 0|36 "
+         "1|17 0|27 0|37 0|45 20|90 0")};
     order.layout = L"layout1";
     paint(content);
     const Pixels pixels(order.file);
@@ -264,10 +264,8 @@ TEST_F(PictureTest, BoundsAreThoseOfEachEntityTogether)
     content.blocks = {{"B", {square("E1", "0", 0, 0), "INSERT E2 0|100 AcDbBlockReference|2 C|10 5|20 5|50 45"}},
                       {"C", {"LINE E3 0|100 AcDbLine|10 0|20 0|11 9|21 0"}}};
     support::writeWholeFile(files.front(), support::drawingOf(content));
-    if (const char* folder = std::getenv("ZOLCAD_DRAWINGS"))
-        for (const auto& entry : std::filesystem::directory_iterator(folder))
-            if (entry.path().extension() == ".dxf")
-                files.push_back(entry.path().string());
+    for (const std::string& real : support::realDrawings())
+        files.push_back(real);
     for (const std::string& file : files)
     {
         const session::OpenDrawing drawing(odUtf8ToString(file));
@@ -332,10 +330,8 @@ TEST_F(PictureTest, TextsAreSeenWhereTheirExtentsSay)
 TEST_F(PictureTest, ShowsPicturesAsTheirEntitiesSay)
 {
     const std::string objects = support::section(
-        "OBJECTS", support::group(0, "IMAGEDEF") + support::group(5, "F1") + support::group(100, "AcDbRasterImageDef") +
-                       support::group(90, "0") + support::group(1, ZOLCAD_TEST_DATA "/pictures/transparent.png") +
-                       support::group(10, "2.0") + support::group(20, "2.0") + support::group(11, "1.0") +
-                       support::group(21, "1.0") + support::group(280, "1") + support::group(281, "0"));
+        "OBJECTS", support::groups("0 IMAGEDEF|5 F1|100 AcDbRasterImageDef|90 0|1 " ZOLCAD_TEST_DATA
+                                   "/pictures/transparent.png|10 2.0|20 2.0|11 1.0|21 1.0|280 1|281 0"));
     const auto image = [](const char* handle, double x, const char* rest)
     {
         return "IMAGE " + std::string(handle) + " 0|100 AcDbRasterImage|90 0|10 " + std::to_string(x) +
@@ -348,9 +344,7 @@ TEST_F(PictureTest, ShowsPicturesAsTheirEntitiesSay)
                         image("A4", 75, "70 7|280 1|281 50|282 0|283 0|71 1|91 2|14 -0.5|24 -0.5|14 0.5|24 1.5")};
     std::string text = support::drawingOf(content);
     text.insert(text.size() - support::endOfFile().size(), objects);
-    support::writeWholeFile(path("drawing.dxf"), text);
-    const session::OpenDrawing drawing(odUtf8ToString(path("drawing.dxf")));
-    render::paintPicture(drawing.database(), order);
+    paintFile(text);
     const Pixels pixels(order.file);
     EXPECT_NE(colorAt(pixels, 5, 15), kWhite);
     EXPECT_EQ(colorAt(pixels, 30, 15), kWhite) << "faded away";
@@ -401,14 +395,6 @@ TEST_F(PictureTest, SurvivesWhatDrawingsDo)
     EXPECT_EQ(colorAt(Pixels(order.file), 50, 50), kRed);
 }
 
-std::string wholeFile(const std::string& file)
-{
-    std::ifstream in(file, std::ios::binary);
-    std::ostringstream text;
-    text << in.rdbuf();
-    return text.str();
-}
-
 TEST_F(PictureTest, TextsStayTextsInVectorFiles)
 {
     const support::Content content{{"TEXT A1 0|62 1|100 AcDbText|10 10|20 40|40 10|1 A<B & \"C\"",
@@ -416,7 +402,7 @@ TEST_F(PictureTest, TextsStayTextsInVectorFiles)
     order.file = path("picture.svg");
     order.format = render::Format::kSvg;
     paint(content);
-    const std::string svg = wholeFile(order.file);
+    const std::string svg = support::readWholeFile(order.file);
     EXPECT_NE(svg.find(">A&lt;B &amp; &quot;C&quot;</text>"), std::string::npos) << svg;
     EXPECT_NE(svg.find("width=\"400\" height=\"400\""), std::string::npos);
     EXPECT_NE(svg.find("fill=\"#ff0000\""), std::string::npos);
@@ -424,24 +410,16 @@ TEST_F(PictureTest, TextsStayTextsInVectorFiles)
     order.file = path("picture.pdf");
     order.format = render::Format::kPdf;
     paint(content);
-    const std::string pdf = wholeFile(order.file);
+    const std::string pdf = support::readWholeFile(order.file);
     EXPECT_EQ(pdf.substr(0, 5), "%PDF-");
     EXPECT_NE(pdf.find("/ToUnicode"), std::string::npos) << "the text can be searched";
     EXPECT_NE(pdf.find("/MediaBox [ 0 0 300 300 ]"), std::string::npos) << "400 pixels of 1/96 inch";
 }
 
-struct Outcome
-{
-    int code;
-    std::string errors;
-};
-
-Outcome run(std::vector<std::string> arguments)
+support::Transcript run(std::vector<std::string> arguments)
 {
     arguments.insert(arguments.begin(), {ZOLCAD_PROGRAM, "render"});
-    support::ChildProcess program(arguments, {});
-    const int code = program.finish();
-    return {code, program.errors()};
+    return support::transcriptOf(arguments);
 }
 
 TEST_F(PictureTest, TheProgramSaysWhatIsWrong)
@@ -483,7 +461,7 @@ TEST_F(PictureTest, TheProgramSaysWhatIsWrong)
     };
     for (const auto& row : rows)
     {
-        const Outcome outcome = run(row.arguments);
+        const support::Transcript outcome = run(row.arguments);
         EXPECT_EQ(outcome.code, row.code) << testing::PrintToString(row.arguments) << outcome.errors;
         EXPECT_NE(outcome.errors.find(row.said), std::string::npos)
             << testing::PrintToString(row.arguments) << outcome.errors;

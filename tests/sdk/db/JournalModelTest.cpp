@@ -89,6 +89,7 @@ private:
             return;
         ASSERT_EQ(db().hasUndo(), !m_undo.empty());
         ASSERT_EQ(db().hasRedo(), !m_redo.empty());
+        ASSERT_EQ(db().isUndoRecordOpen(), m_open);
     }
 
     void undo()
@@ -189,7 +190,7 @@ private:
         act();
         const std::string after = state();
         if (before == after)
-            return;
+            return check();
         m_redo.clear();
         if (db().undoRecordingDisabled())
             m_transactions.back().changedUnrecorded = true;
@@ -205,7 +206,7 @@ private:
     {
         const OdDbObjectId id = any();
         const OdDbObjectPtr object = id.openObject(OdDb::kForWrite, true);
-        switch (below(9))
+        switch (below(10))
         {
         case 0:
             m_objects.push_back(below(2) ? m_drawing.addLedger() : m_drawing.addRecord(++m_counter));
@@ -227,7 +228,10 @@ private:
             object->setXData(xdataRemoval(below(2) ? L"ONE" : L"TWO"));
             return;
         case 7:
-            object->setOwnerId(any());
+            object->setOwnerId(below(4) ? any() : object->ownerId());
+            return;
+        case 8:
+            object->assertWriteEnabled(); // announces a change of which nothing comes
             return;
         default:
             changeData(*object);
@@ -237,7 +241,7 @@ private:
     void changeData(OdDbObject& object)
     {
         if (object.keepsGroups())
-            oddb::ObjectCore::changeGroups(object, recordGroups(++m_counter));
+            oddb::ObjectCore::changeGroups(object, recordGroups(below(4) ? ++m_counter : m_counter));
         else
             static_cast<Ledger&>(object).put(L"line");
     }

@@ -34,92 +34,6 @@ protected:
     OdDbObjectId ledger, record;
 };
 
-TEST_F(JournalRecords, ARunThatChangesNothingLeavesNone)
-{
-    EXPECT_FALSE(db().hasUndo());
-    db().startUndoRecord();
-    EXPECT_FALSE(db().hasUndo());
-    EXPECT_FALSE(db().isUndoRecordOpen());
-    ledger.safeOpenObject(OdDb::kForWrite)->assertWriteEnabled(); // announces, but nothing comes of it
-    drawing.setRecord(record, 0);
-    ledger.safeOpenObject(OdDb::kForWrite)->removePersistentReactor(record);
-    ledger.safeOpenObject(OdDb::kForWrite)->setXData(xdataRemoval(L"ONE"));
-    ledger.safeOpenObject(OdDb::kForWrite)->erase(false);
-    ledger.safeOpenObject(OdDb::kForWrite)->setOwnerId(OdDbObjectId());
-    EXPECT_FALSE(db().hasUndo());
-    EXPECT_EQ(db().undoMark(), 0u);
-    EXPECT_EQ(drawing.journal().stepCount(), 0u);
-    db().undo();
-    db().redo();
-    EXPECT_EQ(lineCount(), 0u);
-}
-
-TEST_F(JournalRecords, NorDoesOneWithinATransaction)
-{
-    const auto announceOnly = [&]
-    {
-        db().startUndoRecord();
-        ledger.safeOpenObject(OdDb::kForWrite)->assertWriteEnabled();
-    };
-    for (const bool aborts : {false, true})
-    {
-        run(L"before");
-        db().startTransaction();
-        announceOnly();
-        run(L"1");
-        announceOnly();
-        db().startTransaction();
-        announceOnly();
-        run(L"2");
-        announceOnly();
-        db().endTransaction();
-        announceOnly();
-        aborts ? db().abortTransaction() : db().endTransaction();
-        EXPECT_EQ(lineCount(), aborts ? 1u : 3u);
-        for (std::size_t left = lineCount(); left > 0; --left)
-        {
-            EXPECT_TRUE(db().hasUndo()) << left;
-            db().undo();
-            EXPECT_EQ(lineCount(), left - 1) << "each of them is a step";
-        }
-        EXPECT_FALSE(db().hasUndo());
-    }
-}
-
-TEST_F(JournalRecords, EachRunIsOneRecord)
-{
-    run(L"1");
-    put(L"2");
-    run(L"3");
-    EXPECT_EQ(drawing.journal().recordCount(), 2u);
-    const OdUInt64 mark = db().undoMark();
-    db().undo();
-    EXPECT_EQ(lineCount(), 2u);
-    EXPECT_LT(db().undoMark(), mark);
-    db().undo();
-    EXPECT_EQ(lineCount(), 0u);
-    db().redo();
-    EXPECT_EQ(lineCount(), 2u);
-    db().redo();
-    EXPECT_EQ(lineCount(), 3u);
-    EXPECT_EQ(db().undoMark(), mark);
-    EXPECT_FALSE(db().hasRedo());
-}
-
-TEST_F(JournalRecords, TheRunKnowsWhetherItHasOne)
-{
-    run(L"1");
-    EXPECT_TRUE(db().isUndoRecordOpen());
-    db().startUndoRecord();
-    EXPECT_FALSE(db().isUndoRecordOpen()); // the record there is belongs to the run before
-    put(L"2");
-    EXPECT_TRUE(db().isUndoRecordOpen());
-    db().undo();
-    EXPECT_FALSE(db().isUndoRecordOpen());
-    db().redo();
-    EXPECT_FALSE(db().isUndoRecordOpen());
-}
-
 TEST_F(JournalRecords, AStateIsKeptOncePerRun)
 {
     db().startUndoRecord();
@@ -142,29 +56,6 @@ TEST_F(JournalRecords, AStateIsKeptOncePerRun)
     EXPECT_FALSE(made.isErased());
     EXPECT_EQ(LedgerPtr(made.safeOpenObject())->lines.size(), 1u);
     EXPECT_TRUE(made.safeOpenObject()->hasPersistentReactor(ledger));
-}
-
-TEST_F(JournalRecords, OnlyRealChangesEndRedo)
-{
-    run(L"1");
-    db().undo();
-    db().startUndoRecord();
-    ledger.safeOpenObject(OdDb::kForWrite)->assertWriteEnabled();
-    EXPECT_TRUE(db().hasRedo()); // nothing came of it
-    db().startUndoRecord();
-    db().startTransaction();
-    put(L"taken back");
-    db().abortTransaction();
-    EXPECT_TRUE(db().hasRedo());
-    db().redo();
-    EXPECT_EQ(lineCount(), 1u);
-    db().undo();
-    run(L"2");
-    EXPECT_FALSE(db().hasRedo());
-    db().undo();
-    db().disableUndoRecording(true);
-    put(L"3");
-    EXPECT_FALSE(db().hasRedo()); // a change that is not recorded is one too
 }
 
 TEST_F(JournalRecords, AFailedRunIsDroppedAndCostsNoRedo)
@@ -268,23 +159,6 @@ TEST_F(JournalRecords, AbortAcrossRunsDropsTheirRecords)
     EXPECT_EQ(lineCount(), 0u);
 }
 
-TEST_F(JournalRecords, ARecordThatBeganBeforeTheTransactionStays)
-{
-    run(L"1");
-    db().startTransaction();
-    put(L"2");
-    db().startTransaction();
-    put(L"3");
-    db().abortTransaction();
-    EXPECT_EQ(lineCount(), 2u);
-    db().abortTransaction();
-    EXPECT_EQ(lineCount(), 1u);
-    EXPECT_TRUE(db().isUndoRecordOpen());
-    put(L"4");
-    db().undo();
-    EXPECT_EQ(lineCount(), 0u);
-}
-
 TEST_F(JournalRecords, EndAndAbortNeedATransaction)
 {
     EXPECT_EQ(codeOf([&] { db().endTransaction(); }), eNoActiveTransactions);
@@ -295,24 +169,6 @@ TEST_F(JournalRecords, EndAndAbortNeedATransaction)
     db().endTransaction();
     db().abortTransaction();
     EXPECT_EQ(codeOf([&] { db().endTransaction(); }), eNoActiveTransactions);
-}
-
-TEST_F(JournalRecords, MakingErasingAndBringingBackInOneRun)
-{
-    db().startUndoRecord();
-    const OdDbObjectId made = drawing.addLedger();
-    made.safeOpenObject(OdDb::kForWrite)->erase();
-    made.safeOpenObject(OdDb::kForWrite, true)->erase(false);
-    made.safeOpenObject(OdDb::kForWrite)->erase();
-    db().undo();
-    EXPECT_TRUE(made.isErased());
-    db().redo();
-    EXPECT_TRUE(made.isErased());
-    made.safeOpenObject(OdDb::kForWrite, true)->erase(false);
-    EXPECT_FALSE(made.isErased());
-    db().undo();
-    db().undo();
-    EXPECT_TRUE(made.isErased());
 }
 
 // An object that is held open meanwhile shows the states that come back.

@@ -100,7 +100,7 @@ TEST_F(XData, RefusesWhatIsNoneAndChangesNothing)
     object->setXData(xdataChain(L"TWO", 2, L"b"));
     const auto before = [](const OdResBufPtr& tail)
     {
-        const OdResBufPtr chain = xdataChain(L"TWO", 9, L"");
+        OdResBufPtr chain = xdataChain(L"TWO", 9, L"");
         chain->last()->setNext(tail);
         return chain;
     };

@@ -51,7 +51,7 @@ protected:
     }
     OdDbIdMappingPtr copyWithin(const OdDbObjectIdArray& ids) const
     {
-        const OdDbIdMappingPtr mapping = OdDbIdMapping::createObject();
+        OdDbIdMappingPtr mapping = OdDbIdMapping::createObject();
         database->deepCloneObjects(ids, OdDbObjectId(), *mapping);
         return mapping;
     }

@@ -215,28 +215,6 @@ TEST_F(CopyTest, CopiesExtensionDictionariesWithTheirContents)
     }
 }
 
-TEST_F(CopyTest, IsUndoneInOneStep)
-{
-    const OdDbObjectId block = makeBlock(L"Block");
-    addLine(block);
-    const OdDbObjectId reference = addReference(database->getModelSpaceId(), block);
-    const OdDbObjectId line = addLine();
-    open(line, OdDb::kForWrite)->createExtensionDictionary();
-    const auto before = modelOf(*database);
-    OdDbObjectIdArray copies;
-    recorded([&] { copies = copiesWithin({reference, line}); });
-    const auto behind = modelOf(*database);
-    EXPECT_EQ(behind.size(), before.size() + 2);
-    EXPECT_EQ(open<OdDbBlockReference>(copies.getAt(0))->blockTableRecord(), block) << "the block is shared";
-    database->undo();
-    EXPECT_EQ(modelOf(*database), before);
-    OdDbObjectIdArray references;
-    open<OdDbBlockTableRecord>(block)->getBlockReferenceIds(references);
-    EXPECT_EQ(references.size(), 1u);
-    database->redo();
-    EXPECT_EQ(modelOf(*database), behind);
-}
-
 TEST_F(CopyTest, RefusesWhatIsNotThere)
 {
     const OdDbObjectId line = addLine();

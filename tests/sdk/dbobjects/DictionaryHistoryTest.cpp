@@ -31,7 +31,7 @@ protected:
         std::string shown;
         const OdDbDictionaryPtr dictionary = open<OdDbDictionary>(dictionaryId);
         const auto& entries = oddb::DictionaryCore::entries(*dictionary);
-        for (auto at = entries.first(); at != entries.kNone; at = entries.next(at))
+        for (auto at = entries.first(); at != oddb::DictionaryEntries::kNone; at = entries.next(at))
         {
             const OdDbObjectId id(entries[at].object);
             shown += entries[at].name + "=" + id.getHandle().text() + (id.isErased() ? "!" : "");
@@ -73,9 +73,10 @@ protected:
     {
         const auto& entries = oddb::DictionaryCore::entries(dictionary);
         auto at = entries.first();
-        for (std::size_t skipped = below(entries.size() + 1); at != entries.kNone && skipped > 0; --skipped)
+        for (std::size_t skipped = below(entries.size() + 1); at != oddb::DictionaryEntries::kNone && skipped > 0;
+             --skipped)
             at = entries.next(at);
-        return at == entries.kNone ? OdDbObjectId() : OdDbObjectId(entries[at].object);
+        return at == oddb::DictionaryEntries::kNone ? OdDbObjectId() : OdDbObjectId(entries[at].object);
     }
 
     std::mt19937 random;

@@ -13,7 +13,7 @@
 
 inline OdDbDatabasePtr openText(std::string_view file)
 {
-    const OdDbDatabasePtr database = OdDbDatabase::createObject();
+    OdDbDatabasePtr database = OdDbDatabase::createObject();
     dxf::readDrawing(*database, "test.dxf", file);
     return database;
 }

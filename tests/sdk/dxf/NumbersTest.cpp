@@ -64,7 +64,6 @@ TEST(Numbers, PrintShort)
                                                     {1e-9, "1e-09"},
                                                     {INFINITY, "0.0"},
                                                     {NAN, "0.0"},
-                                                    // round numbers without exponent
                                                     {100000.0, "100000.0"},
                                                     {999999.9999999999, "999999.9999999999"},
                                                     {1e6, "1000000.0"},

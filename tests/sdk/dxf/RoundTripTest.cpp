@@ -64,6 +64,15 @@ TEST(Reading, DropsWhatTheVersionDoesNotHave)
     EXPECT_EQ(support::dxfGroups(saved).back(), (support::DxfGroup{0, "EOF"}));
 }
 
+// Handles and subclass markers come to old files, so only what they have can be compared: kinds and their numbers.
+std::map<std::string, int> countKinds(std::string_view file)
+{
+    std::map<std::string, int> counts;
+    for (const auto& [name, record] : support::dxfRecords(file))
+        ++counts[record.front().second];
+    return counts;
+}
+
 TEST(Reading, MakesTheNewestVersionOfOldFiles)
 {
     const std::string old = support::oldDrawing();
@@ -71,9 +80,7 @@ TEST(Reading, MakesTheNewestVersionOfOldFiles)
     EXPECT_EQ(reportOf(*database), "");
     const std::string saved = savedText(*database, database->originalFileVersion());
     EXPECT_EQ(support::dxfHeaderValue(saved, "$ACADVER"), "AC1032");
-    std::map<std::string, int> counts;
-    for (const auto& [name, record] : support::dxfRecords(saved))
-        ++counts[record.front().second];
+    std::map<std::string, int> counts = countKinds(saved);
     const std::pair<const char*, int> kExpected[] = {{"LINE", 2},   {"INSERT", 1}, {"ATTRIB", 1}, {"POLYLINE", 1},
                                                      {"VERTEX", 2}, {"TEXT", 1},   {"BLOCK", 3},  {"BLOCK_RECORD", 3},
                                                      {"LAYOUT", 2}, {"LAYER", 2}};
@@ -82,15 +89,6 @@ TEST(Reading, MakesTheNewestVersionOfOldFiles)
     const OdDbDatabasePtr again = openText(saved);
     EXPECT_EQ(reportOf(*again), "");
     EXPECT_EQ(savedText(*again, OdDb::vAC32), saved);
-}
-
-// Handles and subclass markers come to old files, so only what they have can be compared: kinds and their numbers.
-std::map<std::string, int> countKinds(std::string_view file)
-{
-    std::map<std::string, int> counts;
-    for (const auto& [name, record] : support::dxfRecords(file))
-        ++counts[record.front().second];
-    return counts;
 }
 
 void expectKindsKept(std::string_view before, std::string_view after, const std::string& path)

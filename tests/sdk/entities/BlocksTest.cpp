@@ -9,17 +9,13 @@
 #include "DbBlockTableRecord.h"
 #include "DbCircle.h"
 #include "DbDatabase.h"
-#include "DbLayerTable.h"
-#include "DbLayerTableRecord.h"
 #include "DbLine.h"
 #include "EntityTest.h"
-#include "support/ShapeRecorder.h"
 
 namespace
 {
 
 using namespace entitytest;
-using namespace support;
 
 class DrawingTest : public EntityTest
 {
@@ -37,13 +33,11 @@ protected:
 
     OdDbBlockTableRecordPtr modelSpace() { return database->getModelSpaceId().safeOpenObject(OdDb::kForWrite); }
 
-    OdDbObjectId addLine(OdDbBlockTableRecord& block, const OdGePoint3d& from, const OdGePoint3d& to,
-                         OdUInt16 color = 256)
+    OdDbObjectId addLine(OdDbBlockTableRecord& block, const OdGePoint3d& from, const OdGePoint3d& to)
     {
         OdDbLinePtr line = OdDbLine::createObject();
         line->setStartPoint(from);
         line->setEndPoint(to);
-        line->setColorIndex(color);
         return block.appendOdDbEntity(line);
     }
 
@@ -59,18 +53,9 @@ protected:
         return id;
     }
 
-    Box boxOfId(OdDbObjectId id)
+    static void expectBoxAt(OdDbObjectId id, const Box& expected, const char* what)
     {
-        const OdDbEntityPtr entity = id.safeOpenObject();
-        return boxOf(*entity);
-    }
-
-    void expectBoxOf(OdDbObjectId id, const Box& expected, const char* what)
-    {
-        const OdDbEntityPtr entity = id.safeOpenObject();
-        OdGeExtents3d extents;
-        ASSERT_EQ(entity->getGeomExtents(extents), eOk) << what;
-        expectBox(extents, expected, 1e-9, what);
+        expectBoxOf(*OdDbEntityPtr(id.safeOpenObject()), expected, 1e-9, what);
     }
 
     OdDbDatabasePtr database = OdDbDatabase::createObject();
@@ -101,7 +86,7 @@ TEST_F(DrawingTest, ReferencesPlaceScaleTurnAndMirrorTheirBlock)
     };
     OdDbBlockTableRecordPtr model = modelSpace();
     for (const auto& row : rows)
-        expectBoxOf(addReference(*model, id, row.position, row.scale, row.rotation), row.box, row.what);
+        expectBoxAt(addReference(*model, id, row.position, row.scale, row.rotation), row.box, row.what);
 }
 
 TEST_F(DrawingTest, NestedReferencesMultiplyTheirTransforms)
@@ -114,7 +99,7 @@ TEST_F(DrawingTest, NestedReferencesMultiplyTheirTransforms)
     const OdDbObjectId id =
         addReference(*model, outer->objectId(), OdGePoint3d(100, 0, 0), OdGeScale3d(3, 3, 3), kQuarter);
     // (0,0)-(1,2) doubled and turned is (0,0)-(-4,2), moved (10,0)-(6,2), tripled and turned (0,30)-(-6,18).
-    expectBoxOf(id, {94, 18, 0, 100, 30, 0}, "nested");
+    expectBoxAt(id, {94, 18, 0, 100, 30, 0}, "nested");
     const OdDbBlockReferencePtr reference = id.safeOpenObject();
     OdGeExtents3d fitted;
     ASSERT_EQ(reference->geomExtentsBestFit(fitted, OdGeMatrix3d::rotation(kQuarter, OdGeVector3d(0, 0, 1))), eOk);
@@ -145,7 +130,7 @@ TEST_F(DrawingTest, BlocksThatContainThemselvesEnd)
     addReference(*a, b->objectId(), OdGePoint3d(2, 0, 0));
     addReference(*b, a->objectId(), OdGePoint3d(100, 0, 0));
     OdDbBlockTableRecordPtr model = modelSpace();
-    expectBoxOf(addReference(*model, a->objectId(), OdGePoint3d()), {0, 0, 0, 2, 5, 0}, "self-containing");
+    expectBoxAt(addReference(*model, a->objectId(), OdGePoint3d()), {0, 0, 0, 2, 5, 0}, "self-containing");
 }
 
 TEST_F(DrawingTest, BlocksNestedWithoutMeasureTakeNoMeasurelessTime)
@@ -165,7 +150,7 @@ TEST_F(DrawingTest, BlocksNestedWithoutMeasureTakeNoMeasurelessTime)
     OdDbBlockTableRecordPtr model = modelSpace();
     const OdDbObjectId id = addReference(*model, below->objectId(), OdGePoint3d());
     const auto start = std::chrono::steady_clock::now();
-    expectBoxOf(id, {0, 0, 0, 1 + 9 * 30, 1, 0}, "bomb");
+    expectBoxAt(id, {0, 0, 0, 1 + 9 * 30, 1, 0}, "bomb");
     const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
     EXPECT_LT(taken.count(), 20.0);
 }
@@ -184,7 +169,7 @@ TEST_F(DrawingTest, ChainsOfBlocksDeeperThanAnyoneDrawsDoNotExhaustTheStack)
         below = block;
     }
     OdDbBlockTableRecordPtr model = modelSpace();
-    expectBoxOf(addReference(*model, below->objectId(), OdGePoint3d()), {0, 0, 0, 0, 0, 1}, "deep chain");
+    expectBoxAt(addReference(*model, below->objectId(), OdGePoint3d()), {0, 0, 0, 0, 0, 1}, "deep chain");
 }
 
 TEST_F(DrawingTest, ArraysReachFromTheirFirstCellToTheirLast)
@@ -296,57 +281,6 @@ TEST_F(DrawingTest, SettersRefuseEntitiesThatAreOpenForRead)
     EXPECT_EQ(line->endPoint(), OdGePoint3d(1, 0, 0));
     EXPECT_EQ(line->setLayer(L"no such layer"), eKeyNotFound);
     EXPECT_EQ(line->layer(), OdString(L"0"));
-}
-
-TEST_F(DrawingTest, ColoursByBlockComeFromTheReferenceAtAnyDepth)
-{
-    OdDbBlockTableRecordPtr inner = newBlock(L"INNER");
-    for (const OdUInt16 color : {0, 256, 1})
-        addLine(*inner, OdGePoint3d(0, 0, 0), OdGePoint3d(1, 1, 0), color);
-    OdDbBlockTableRecordPtr outer = newBlock(L"OUTER");
-    const OdDbObjectId nested = addReference(*outer, inner->objectId(), OdGePoint3d());
-    OdDbEntityPtr(nested.safeOpenObject(OdDb::kForWrite))->setColorIndex(0);
-    OdDbBlockTableRecordPtr model = modelSpace();
-    const OdDbObjectId id = addReference(*model, outer->objectId(), OdGePoint3d());
-    OdDbEntityPtr reference = id.safeOpenObject(OdDb::kForWrite);
-    reference->setColorIndex(5);
-    const std::vector<DrawnShape> shapes = drawnBy(*reference);
-    ASSERT_EQ(shapes.size(), 3u);
-    EXPECT_EQ(shapes[0].color.colorIndex(), 5);
-    EXPECT_EQ(shapes[1].color.colorIndex(), 7) << "that of layer 0";
-    EXPECT_EQ(shapes[2].color.colorIndex(), 1);
-}
-
-TEST_F(DrawingTest, ColoursByLayerInBlocksComeFromTheLayerThatCounts)
-{
-    const auto addLayer = [this](const wchar_t* name, OdUInt16 color)
-    {
-        OdDbLayerTablePtr layers = database->getLayerTableId().safeOpenObject(OdDb::kForWrite);
-        OdDbLayerTableRecordPtr layer = OdDbLayerTableRecord::createObject();
-        layer->setName(name);
-        layer->setColorIndex(color);
-        return layers->add(layer);
-    };
-    addLayer(L"PARTS", 3);
-    addLayer(L"REFERENCES", 4);
-    OdDbBlockTableRecordPtr block = newBlock(L"BLOCK");
-    // By block and by layer, on the layer 0 and on a layer of its own.
-    for (const wchar_t* layer : {L"0", L"PARTS"})
-    {
-        for (const OdUInt16 color : {0, 256})
-        {
-            const OdDbObjectId id = addLine(*block, OdGePoint3d(0, 0, 0), OdGePoint3d(1, 1, 0), color);
-            OdDbEntityPtr(id.safeOpenObject(OdDb::kForWrite))->setLayer(layer);
-        }
-    }
-    OdDbEntityPtr reference =
-        addReference(*modelSpace(), block->objectId(), OdGePoint3d()).safeOpenObject(OdDb::kForWrite);
-    reference->setLayer(L"REFERENCES");
-    const std::vector<DrawnShape> shapes = drawnBy(*reference);
-    ASSERT_EQ(shapes.size(), 4u);
-    const int expected[] = {4, 4, 4, 3};
-    for (std::size_t i = 0; i < 4; ++i)
-        EXPECT_EQ(shapes[i].color.colorIndex(), expected[i]) << i;
 }
 
 } // namespace

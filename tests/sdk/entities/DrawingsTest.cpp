@@ -62,13 +62,11 @@ TEST_F(RealDrawings, EveryEntityIsMeasuredAndMovesByTheVectorItIsGiven)
             if (result != eOk || !shown)
                 continue;
 
-            OdGeExtents3d after;
-            ASSERT_EQ(entity->getGeomExtents(after), eOk);
             const double tolerance = 1e-6 * (1 + before.diagonal().length() + before.minPoint().asVector().length());
             const OdGePoint3d low = before.minPoint() + vector;
             const OdGePoint3d high = before.maxPoint() + vector;
-            expectBox(after, {low.x, low.y, low.z, high.x, high.y, high.z}, tolerance,
-                      (file + " " + odStringToUtf8(entity->isA()->name())).c_str());
+            expectBoxOf(*entity, {low.x, low.y, low.z, high.x, high.y, high.z}, tolerance,
+                        file + " " + odStringToUtf8(entity->isA()->name()));
         }
         EXPECT_GT(measured, 0u) << file;
     }

@@ -3,12 +3,12 @@
 #include "DbBlockTable.h"
 #include "DbBlockTableRecord.h"
 #include "DbDatabase.h"
-#include "DbDictionary.h"
 #include "DbDimStyleTable.h"
 #include "DbDimStyleTableRecord.h"
 #include "DbLeader.h"
 #include "DbLine.h"
 #include "DbPoint.h"
+#include "DbSpatialFilter.h"
 #include "EntityTest.h"
 #include "entities/FitCurve.h"
 #include "support/ShapeRecorder.h"
@@ -141,17 +141,10 @@ TEST_F(SettingsTest, LeadersHaveTheArrowOfTheirStyle)
 
     // A size of its own, of 1 instead of 3.
     const OdResBufPtr chain = OdResBuf::newRb(1001, OdString(L"ACAD"));
-    OdResBufPtr last = chain;
-    const auto add = [&last](const OdResBufPtr& element)
-    {
-        last->setNext(element);
-        last = element;
-    };
-    add(OdResBuf::newRb(1000, OdString(L"DSTYLE")));
-    add(OdResBuf::newRb(1002, OdString(L"{")));
-    add(OdResBuf::newRb(1070, OdInt16(41)));
-    add(OdResBuf::newRb(1040, 1.0));
-    add(OdResBuf::newRb(1002, OdString(L"}")));
+    for (const OdResBufPtr& element :
+         {OdResBuf::newRb(1000, OdString(L"DSTYLE")), OdResBuf::newRb(1002, OdString(L"{")),
+          OdResBuf::newRb(1070, OdInt16(41)), OdResBuf::newRb(1040, 1.0), OdResBuf::newRb(1002, OdString(L"}"))})
+        chain->last()->setNext(element);
     leader->setXData(chain);
     EXPECT_NEAR(filledArea(drawnBy(*leader)), 2.0 * 2.0 / 3.0 / 2.0, 1e-9);
 }
@@ -258,17 +251,10 @@ TEST_F(SettingsTest, BlockReferencesAreCutToTheirFilter)
     reference->setPosition(OdGePoint3d(1000, 0, 0));
     block.release();
     table.release();
-    OdDbDictionaryPtr filters = OdDbDictionary::createObject();
-    reference->createExtensionDictionary();
-    OdDbDictionaryPtr extension = reference->extensionDictionary().safeOpenObject(OdDb::kForWrite);
-    extension->setAt(L"ACAD_FILTER", filters);
-    const OdDbObjectPtr filter = OdDbObject::cast(odrxSafeCreateObject(L"OdDbSpatialFilter"));
-    filters->setAt(L"SPATIAL", filter);
-    // The outline was set while the block stood at (1000, 0): 10 to 60 of the block.
-    oddb::ObjectCore::putGroups(
-        *filter, groupsFrom("100 AcDbFilter|100 AcDbSpatialFilter|70 2|10 1010|20 10|10 1060|20 60|210 0|220 0|230 "
-                            "1|11 0|21 0|31 0|71 1|72 0|73 0|40 1|40 0|40 0|40 -1000|40 0|40 1|40 0|40 0|40 0|40 0|40 "
-                            "1|40 0|40 1|40 0|40 0|40 0|40 0|40 1|40 0|40 0|40 0|40 0|40 1|40 0"));
+    // The outline is set while the block stands at (1000, 0): 10 to 60 of the block.
+    const OdDbSpatialFilterPtr filter = OdDbSpatialFilter::createObject();
+    filter->setDefinition({{1010, 10}, {1060, 60}}, OdGeVector3d::kZAxis, 0.0);
+    OdDbIndexFilterManager::addFilter(reference, filter);
     const Box cut = boxOf(*reference);
     EXPECT_NEAR(cut.x0, 1010, 1e-9);
     EXPECT_NEAR(cut.x1, 1060, 1e-9);

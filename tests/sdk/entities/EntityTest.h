@@ -93,6 +93,13 @@ inline void expectBox(const OdGeExtents3d& extents, const Box& box, double toler
     EXPECT_NEAR(high.z, box.z1, tolerance) << what;
 }
 
+inline void expectBoxOf(const OdDbEntity& entity, const Box& box, double tolerance, const std::string& what)
+{
+    OdGeExtents3d extents;
+    ASSERT_EQ(entity.getGeomExtents(extents), eOk) << what;
+    expectBox(extents, box, tolerance, what.c_str());
+}
+
 inline Box boxOf(const OdDbEntity& entity)
 {
     OdGeExtents3d extents;

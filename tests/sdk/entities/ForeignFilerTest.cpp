@@ -66,26 +66,17 @@ public:
     void wrObjectId(int code, OdDbObjectId value) override { m_inside->wrObjectId(code, value); }
     void wrDouble(int code, double value, int digits) override { m_inside->wrDouble(code, value, digits); }
     void wrAngle(int code, double value, int digits) override { m_inside->wrAngle(code, value, digits); }
-    void wrPoint2d(int code, const OdGePoint2d& value, int digits) override
-    {
-        m_inside->wrPoint2d(code, value, digits);
+#define WRITE_FIGURES(name, type)                                                                                      \
+    void name(int code, const type& value, int digits) override                                                        \
+    {                                                                                                                  \
+        m_inside->name(code, value, digits);                                                                           \
     }
-    void wrPoint3d(int code, const OdGePoint3d& value, int digits) override
-    {
-        m_inside->wrPoint3d(code, value, digits);
-    }
-    void wrVector2d(int code, const OdGeVector2d& value, int digits) override
-    {
-        m_inside->wrVector2d(code, value, digits);
-    }
-    void wrVector3d(int code, const OdGeVector3d& value, int digits) override
-    {
-        m_inside->wrVector3d(code, value, digits);
-    }
-    void wrScale3d(int code, const OdGeScale3d& value, int digits) override
-    {
-        m_inside->wrScale3d(code, value, digits);
-    }
+    WRITE_FIGURES(wrPoint2d, OdGePoint2d)
+    WRITE_FIGURES(wrPoint3d, OdGePoint3d)
+    WRITE_FIGURES(wrVector2d, OdGeVector2d)
+    WRITE_FIGURES(wrVector3d, OdGeVector3d)
+    WRITE_FIGURES(wrScale3d, OdGeScale3d)
+#undef WRITE_FIGURES
     void wrBinaryChunk(int code, const OdUInt8* bytes, OdUInt32 count) override
     {
         m_inside->wrBinaryChunk(code, bytes, count);

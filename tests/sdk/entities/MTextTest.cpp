@@ -159,13 +159,13 @@ TEST_F(EntityTest, MTextHangsOnItsAttachmentPoint)
     for (int attachment = 1; attachment <= 9; ++attachment)
     {
         const double left = 10 - w * ((attachment - 1) % 3) * 0.5;
-        const double top = 20 + 2.0 * ((attachment - 1) / 3) * 0.5;
+        const int row = (attachment - 1) / 3;
+        const double top = 20.0 + row;
         const std::string groups =
             "100 AcDbMText|10 10|20 20|30 0|40 2|41 0|71 " + std::to_string(attachment) + "|72 1|1 HHH";
-        OdGeExtents3d extents;
-        ASSERT_EQ(entityFrom("MTEXT", groups)->getGeomExtents(extents), eOk);
-        expectBox(extents, {left + line.ink.minPoint().x * 2, top - 2, 0, left + line.ink.maxPoint().x * 2, top, 0},
-                  1e-9, groups.c_str());
+        expectBoxOf(*entityFrom("MTEXT", groups),
+                    {left + line.ink.minPoint().x * 2, top - 2, 0, left + line.ink.maxPoint().x * 2, top, 0}, 1e-9,
+                    groups);
     }
 }
 
@@ -175,19 +175,15 @@ TEST_F(EntityTest, MTextRunsAlongItsDirectionOrItsRotation)
     const Box up{10, 20 + ink.minPoint().x * 2, 0, 12, 20 + ink.maxPoint().x * 2, 0};
     const Box along{10 + ink.minPoint().x * 2, 18, 0, 10 + ink.maxPoint().x * 2, 20, 0};
     const Box behind{along.x0, 20, 0, along.x1, 22, 0}; // seen from below, lines still run to the right
-    for (const auto& [turn, box] : {std::pair{"210 0|220 0|230 1", along}, std::pair{"210 0|220 0|230 -1", behind}})
+    const std::pair<const char*, Box> rows[] = {{"210 0|220 0|230 1", along},
+                                                {"210 0|220 0|230 -1", behind},
+                                                {"11 0|21 1|31 0", up},
+                                                {"11 0|21 8|31 0", up},
+                                                {"50 90", up}};
+    for (const auto& [turn, box] : rows)
     {
         const std::string groups = "100 AcDbMText|10 10|20 20|30 0|40 2|41 0|71 1|72 1|1 HHH|" + std::string(turn);
-        OdGeExtents3d extents;
-        ASSERT_EQ(entityFrom("MTEXT", groups)->getGeomExtents(extents), eOk);
-        expectBox(extents, box, 1e-9, turn);
-    }
-    for (const char* turn : {"11 0|21 1|31 0", "11 0|21 8|31 0", "50 90"})
-    {
-        const std::string groups = "100 AcDbMText|10 10|20 20|30 0|40 2|41 0|71 1|72 1|1 HHH|" + std::string(turn);
-        OdGeExtents3d extents;
-        ASSERT_EQ(entityFrom("MTEXT", groups)->getGeomExtents(extents), eOk);
-        expectBox(extents, up, 1e-9, turn);
+        expectBoxOf(*entityFrom("MTEXT", groups), box, 1e-9, turn);
     }
 }
 

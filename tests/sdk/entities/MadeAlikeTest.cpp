@@ -82,6 +82,10 @@ TEST_F(MadeAlikeTest, WhatIsDoneToOneIsDoneToNoOther)
     OdDbHatchPtr(ids[302].safeOpenObject(OdDb::kForWrite))->erase(true);
     for (const OdDbObjectId& id : ids)
         EXPECT_EQ(groupsOf(id) == before, id != ids[300] && id != ids[301]);
+    const OdDbHatchPtr second = ids[301].safeOpenObject(OdDb::kForWrite);
+    second->removeLoopAt(0);
+    EXPECT_EQ(groupsOf(ids[301]), before) << "of two equal loops one is left";
+    second->downgradeOpen();
     database->undo();
     for (const OdDbObjectId& id : ids)
         EXPECT_EQ(groupsOf(id), before);

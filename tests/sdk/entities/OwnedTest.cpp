@@ -69,13 +69,7 @@ TEST_F(OwnedTest, CopiesInMemoryHaveTheirOwn)
     ASSERT_EQ(open(polyline)->getTransformedCopy(move, copy), eOk);
     ASSERT_EQ(open(reference)->getTransformedCopy(move, inserted), eOk);
     EXPECT_TRUE(state() == before) << "the originals stay";
-    expectBox(
-        [&]
-        {
-            const Box box = boxOf(*copy);
-            return OdGeExtents3d({box.x0, box.y0, box.z0}, {box.x1, box.y1, box.z1});
-        }(),
-        {11, 21, 0, 14, 24, 0}, 1e-9, "copy");
+    expectBoxOf(*copy, {11, 21, 0, 14, 24, 0}, 1e-9, "copy");
     EXPECT_GT(boxOf(*inserted).y0, 19.0);
 
     OdDbEntityPtr second = OdDbEntity::cast(copy->clone());

@@ -35,12 +35,7 @@ const PlaceCase kPlaces[] = {
 TEST_F(EntityTest, ProxiesWithoutPictureAreWhereTheirGroupsSay)
 {
     for (const PlaceCase& each : kPlaces)
-    {
-        const OdDbEntityPtr entity = entityFrom(each.dxfName, each.groups);
-        OdGeExtents3d extents;
-        ASSERT_EQ(entity->getGeomExtents(extents), eOk) << each.dxfName;
-        expectBox(extents, each.box, 1e-9, each.dxfName);
-    }
+        expectBoxOf(*entityFrom(each.dxfName, each.groups), each.box, 1e-9, each.dxfName);
 }
 
 TEST_F(EntityTest, ProxiesThatNobodyKnowsHaveNoPlaceAndDoNotMove)
@@ -105,18 +100,9 @@ TEST_F(EntityTest, PicturesOfProxiesMoveWithTheirData)
     const std::string head = Picture().put(8 + 56 + 12).put(2).bytes;
     const std::string box = Picture().box({1, 2, 3, 4, 5, 6}).bytes;
     const OdDbEntityPtr entity = withPicture("MLINE", head + box + piece, kPlaces[0].groups);
-    expectBox(
-        [&]
-        {
-            OdGeExtents3d e;
-            entity->getGeomExtents(e);
-            return e;
-        }(),
-        {1, 2, 3, 4, 5, 6}, 0, "before");
+    expectBoxOf(*entity, {1, 2, 3, 4, 5, 6}, 0, "before");
     ASSERT_EQ(entity->transformBy(OdGeMatrix3d::translation({10, 20, 30})), eOk);
-    OdGeExtents3d moved;
-    ASSERT_EQ(entity->getGeomExtents(moved), eOk);
-    expectBox(moved, {11, 22, 33, 14, 25, 36}, 1e-9, "moved");
+    expectBoxOf(*entity, {11, 22, 33, 14, 25, 36}, 1e-9, "moved");
 
     Picture expected;
     expected.put(8 + 56 + 136 + 12 + 8).put(4).box({11, 22, 33, 14, 25, 36}).put(136).put(29);

@@ -95,20 +95,6 @@ TEST_F(OverruleTest, PaintsOnlyWhileItIsInForceAndApplies)
     EXPECT_EQ(line->colorIndex(), 1);
 }
 
-TEST_F(OverruleTest, CallsTheNextOneOfTheChainAndTheDrawableAtItsEnd)
-{
-    Overruling overruling;
-    overruling.add(OdDbEntity::desc(), blue);
-    overruling.add(OdDbLine::desc(), green);
-    // The one for the nearer class is asked first, so it has the last word.
-    EXPECT_TRUE(drawnColor(*line) == green.color);
-    green.applies = false;
-    EXPECT_TRUE(drawnColor(*line) == blue.color);
-    const OdDbCirclePtr circle = OdDbCircle::createObject();
-    circle->setRadius(1);
-    EXPECT_TRUE(drawnColor(*circle) == blue.color);
-}
-
 TEST_F(OverruleTest, OfTheShapeReachesExtents)
 {
     OdGeExtents3d extents;

@@ -53,7 +53,7 @@ Pixel pixelOf(const OdGiRasterImage& picture, OdUInt32 x, OdUInt32 y)
 {
     std::vector<OdUInt8> row(picture.scanLineSize());
     picture.scanLines(row.data(), y);
-    const OdUInt8* bytes = &row[4 * x];
+    const OdUInt8* bytes = &row[std::size_t{4} * x];
     return {bytes[0], bytes[1], bytes[2], bytes[3]};
 }
 
@@ -110,7 +110,7 @@ TEST_F(PicturesTest, OtherDepthsBecomeFourBytes)
 TEST_F(PicturesTest, RowsThatAreNotThereAreRefused)
 {
     const OdGiRasterImagePtr picture = load("shades.png");
-    std::vector<OdUInt8> rows(9 * picture->scanLineSize(), 0xCD);
+    std::vector<OdUInt8> rows(std::size_t{9} * picture->scanLineSize(), 0xCD);
     EXPECT_THROW(picture->scanLines(rows.data(), 8), OdError);
     EXPECT_THROW(picture->scanLines(rows.data(), 7, 2), OdError);
     EXPECT_THROW(picture->scanLines(rows.data(), 1, 0xFFFFFFFF), OdError);
@@ -123,7 +123,7 @@ TEST_F(PicturesTest, FilesThatAreNoPicturesAreNamed)
     const support::TemporaryFolder folder;
     const auto write = [&](const std::string& name, const std::string& bytes)
     {
-        const std::string path = folder.path() + "/" + name;
+        std::string path = folder.path() + "/" + name;
         std::ofstream(path, std::ios::binary) << bytes;
         return path;
     };
@@ -154,7 +154,7 @@ TEST_F(PicturesTest, PicturesThatAreCutOffAreFilledUpOrRefused)
             try
             {
                 const OdGiRasterImagePtr picture = services->loadRasterImage(OdString(path.c_str()));
-                std::vector<OdUInt8> rows(picture->scanLineSize() * picture->pixelHeight());
+                std::vector<OdUInt8> rows(std::size_t{picture->scanLineSize()} * picture->pixelHeight());
                 picture->scanLines(rows.data(), 0, picture->pixelHeight());
             }
             catch (const OdError_FileException& error)

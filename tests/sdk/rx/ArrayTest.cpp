@@ -88,7 +88,8 @@ TEST(Array, ChangingACopyLeavesTheOriginal)
 TEST(Array, ReadingThroughConstDoesNotCopy)
 {
     const Strings original = letters();
-    const Strings copy(original);
+    const Strings copies[] = {original};
+    const Strings& copy = copies[0];
     EXPECT_EQ(copy.asArrayPtr(), original.asArrayPtr());
     EXPECT_TRUE(copy.contains(L"c") && !copy.contains(L"a", 1) && copy.getAt(3) == L"d");
     EXPECT_EQ(copy.asArrayPtr(), original.asArrayPtr());

@@ -38,16 +38,6 @@ protected:
     }
 };
 
-TEST_F(Linker, FindsTheFileOfAnApplication)
-{
-    const OdStringArray names = odrxDynamicLinker()->moduleFileNames(L"Vendor.Area.tx");
-    ASSERT_EQ(names.size(), 2u);
-    EXPECT_TRUE(names.getAt(0) == L"Vendor.Area_22.10_16.tx");
-    EXPECT_TRUE(names.getAt(1) == L"Vendor.Area.tx");
-    EXPECT_TRUE(odrxDynamicLinker()->moduleFileNames(L"Area").getAt(0) == L"Area_22.10_16.tx");
-    EXPECT_EQ(odrxDynamicLinker()->moduleFileNames(L"Area_22.10_16.tx").size(), 1u);
-}
-
 TEST_F(Linker, LoadsOnceUnderAllItsNames)
 {
     EXPECT_TRUE(odrxDynamicLinker()->lookupModule(L"GreetingModule.tx").isNull());

@@ -162,7 +162,7 @@ TEST_F(RuntimeClasses, SmartPointersRefuseWhatTheyAreNotFor)
     circle = same;
     EXPECT_EQ(circle->numRefs(), 2);
     const OdSmartPtr<Shape> shape = std::move(circle);
-    EXPECT_TRUE(circle.isNull());
+    EXPECT_TRUE(circle.isNull()); // what was moved from is empty. NOLINT(bugprone-use-after-move)
     any.release();
     EXPECT_EQ(shape->numRefs(), 1);
 }

@@ -23,14 +23,6 @@ namespace
 using namespace selecttest;
 using Visual = OdDbVisualSelection;
 
-std::string handlesOf(const OdDbObjectIdArray& ids)
-{
-    std::string handles;
-    for (const OdDbObjectId& id : ids)
-        handles += (handles.empty() ? "" : " ") + odStringToUtf8(id.getHandle().ascii());
-    return handles;
-}
-
 // Tests every entity that the active viewport may show.
 std::string testEveryEntity(OdDbDatabase& database, const OdGePoint3d& first, const OdGePoint3d& second, bool isWindow)
 {
@@ -243,25 +235,19 @@ TEST_F(Index, FindsTurnedTextsByTheCornersOfTheirBoxes)
 TEST_F(Index, FollowsManyChangesAtRandom)
 {
     std::vector<OdDbObjectId> lines;
+    const auto add = [&] { lines.push_back(addLine(place(), place())); };
+    const auto change = [&](auto work)
+    {
+        const OdDbLinePtr line =
+            lines.empty() ? OdDbLinePtr() : OdDbLine::cast(lines[dice(lines.size())].openObject(OdDb::kForWrite, true));
+        if (!line.isNull())
+            work(*line);
+    };
     const std::function<void()> actions[] = {
-        [&] { lines.push_back(addLine(place(), place())); },
-        [&] { lines.push_back(addLine(place(), place())); },
-        [&]
-        {
-            if (lines.empty())
-                return;
-            const OdDbLinePtr line = OdDbLine::cast(lines[dice(lines.size())].openObject(OdDb::kForWrite));
-            if (!line.isNull())
-                line->setStartPoint(at(place(), place()));
-        },
-        [&]
-        {
-            if (lines.empty())
-                return;
-            const OdDbObjectPtr line = lines[dice(lines.size())].openObject(OdDb::kForWrite, true);
-            if (!line.isNull())
-                line->erase(!line->isErased());
-        },
+        add,
+        add,
+        [&] { change([&](OdDbLine& line) { line.setStartPoint(at(place(), place())); }); },
+        [&] { change([](OdDbLine& line) { line.erase(!line.isErased()); }); },
     };
     for (int round = 0; round < 150; ++round)
     {
@@ -338,18 +324,10 @@ TEST_F(Index, KeepsFarAndSmallThingsApart)
     // Single precision has no place for this difference.
     const OdDbObjectId far = addLine(1e9, 1e9);
     const OdDbObjectId near = addLine(1e9 + 8, 1e9);
-    const auto handleOf = [](const OdDbObjectId& id) { return odStringToUtf8(id.getHandle().ascii()); };
-    const OdDbSelectionSetPtr set = OdDbSelectionSet::createObject(&database());
-    const OdGePoint3d corners[2] = {at(1e9 - 0.1, 1e9 - 0.1), at(1e9 + 3.1, 1e9 + 2.1)};
-    const auto select = [&](const OdGePoint3d& first, const OdGePoint3d& second)
-    {
-        const OdGePoint3d points[2] = {first, second};
-        const OdDbObjectIdArray ids =
-            OdDbSelectionSet::select(database().activeViewportId(), 2, points, Visual::kWindow)->objectIdArray();
-        return ids.size() == 1 ? handleOf(ids[0]) : std::to_string(ids.size()) + " entities";
-    };
-    EXPECT_EQ(select(corners[0], corners[1]), handleOf(far));
-    EXPECT_EQ(select(at(1e9 + 7.9, 1e9 - 0.1), at(1e9 + 11.1, 1e9 + 2.1)), handleOf(near));
+    EXPECT_EQ(m_drawing.select(Visual::kWindow, {at(1e9 - 0.1, 1e9 - 0.1), at(1e9 + 3.1, 1e9 + 2.1)}),
+              handlesOf({far}));
+    EXPECT_EQ(m_drawing.select(Visual::kWindow, {at(1e9 + 7.9, 1e9 - 0.1), at(1e9 + 11.1, 1e9 + 2.1)}),
+              handlesOf({near}));
 }
 
 } // namespace

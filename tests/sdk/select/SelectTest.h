@@ -21,6 +21,15 @@ namespace selecttest
 
 using support::Content;
 
+/// "A1 A2": in order.
+inline std::string handlesOf(const OdDbObjectIdArray& ids)
+{
+    std::string handles;
+    for (const OdDbObjectId& id : ids)
+        handles += (handles.empty() ? "" : " ") + odStringToUtf8(id.getHandle().ascii());
+    return handles;
+}
+
 /// A drawing in memory.
 class Drawing
 {
@@ -56,11 +65,7 @@ public:
         const OdDbSelectionSetPtr set =
             OdDbSelectionSet::select(m_database->activeViewportId(), static_cast<int>(points.size()), points.data(),
                                      mode, OdDbVisualSelection::kDisableSubents, filter);
-        std::string handles;
-        const OdDbObjectIdArray ids = set->objectIdArray();
-        for (const OdDbObjectId& id : ids)
-            handles += (handles.empty() ? "" : " ") + odStringToUtf8(id.getHandle().ascii());
-        return handles;
+        return handlesOf(set->objectIdArray());
     }
 
 private:

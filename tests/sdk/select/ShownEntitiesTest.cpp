@@ -12,18 +12,15 @@ using namespace selecttest;
 
 std::string shownIn(OdDbDatabase& database, bool isForwards)
 {
-    std::vector<std::string> handles;
+    OdDbObjectIdArray ids;
     OdDbShownEntities shown;
     const OdDbBlockTableRecordPtr space = database.getActiveLayoutBTRId().safeOpenObject();
     for (OdDbObjectIteratorPtr walk = space->newIterator(isForwards); !walk->done(); walk->step(isForwards))
         if (shown.isShown(*walk->entity()))
-            handles.push_back(odStringToUtf8(walk->objectId().getHandle().ascii()));
+            ids.append(walk->objectId());
     if (!isForwards)
-        std::reverse(handles.begin(), handles.end());
-    std::string list;
-    for (const std::string& handle : handles)
-        list += (list.empty() ? "" : " ") + handle;
-    return list;
+        ids.reverse();
+    return handlesOf(ids);
 }
 
 std::string insert(const char* handle, const char* layer, const char* block)
