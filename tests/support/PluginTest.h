@@ -261,6 +261,12 @@ inline OdDbObjectIdArray idArray(const std::vector<OdDbObjectId>& ids)
     return array;
 }
 
+/// A parameter as commands on several objects take it.
+inline OdResBufPtr ids(const std::vector<OdDbObjectId>& values)
+{
+    return CadCommands::SetParameterObjectIdArray(L"OBJECTIDARRAY", idArray(values));
+}
+
 class PluginTest : public ::testing::Test
 {
 protected:

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <initializer_list>
+#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -22,34 +23,24 @@ using Annotation::AnnotationProperties;
 /// Members of a stamp and their values as JSON, instead of the usual ones; an empty value leaves the member out.
 using Changes = std::vector<std::pair<std::string, std::string>>;
 
+/// "Height=10|Width=40": names and values, divided by bars.
+inline Changes changesFrom(const std::string& text)
+{
+    Changes changes;
+    std::istringstream all(text);
+    for (std::string member; std::getline(all, member, '|');)
+        changes.emplace_back(member.substr(0, member.find('=')), member.substr(member.find('=') + 1));
+    return changes;
+}
+
+/// In the order in which they are read.
 inline const Changes& usualMembers()
 {
-    static const Changes members = {{"Height", "10"},
-                                    {"Width", "40"},
-                                    {"Padding", "1"},
-                                    {"Angle", "0"},
-                                    {"Nx", "0"},
-                                    {"Ny", "0"},
-                                    {"Nz", "1"},
-                                    {"Id", "\"id\""},
-                                    {"DocumentVersionId", "\"7\""},
-                                    {"Text", "\"Checked\""},
-                                    {"HorizontalAlignment", "1"},
-                                    {"VerticalAlignment", "2"},
-                                    {"OriginalImagePath", "\"\""},
-                                    {"EffectiveImageFileName", "\"\""},
-                                    {"Uniform", "true"},
-                                    {"Handle", "\"\""},
-                                    {"TextColor", "\"#FF000000\""},
-                                    {"BackgroundColor", "\"#80FFFFCC\""},
-                                    {"BorderColor", "\"#FF0000FF\""},
-                                    {"BorderShape", "-4"},
-                                    {"BorderThickness", "0.5"},
-                                    {"CornerRadius", "0"},
-                                    {"FitToText", "false"},
-                                    {"Font", "\"Arial\""},
-                                    {"LineSpacingFactor", "1"},
-                                    {"FontSize", "2.5"}};
+    static const Changes members = changesFrom(
+        R"(Height=10|Width=40|Padding=1|Angle=0|Nx=0|Ny=0|Nz=1|Id="id"|DocumentVersionId="7"|Text="Checked"|)"
+        R"(HorizontalAlignment=1|VerticalAlignment=2|OriginalImagePath=""|EffectiveImageFileName=""|Uniform=true|)"
+        R"(Handle=""|TextColor="#FF000000"|BackgroundColor="#80FFFFCC"|BorderColor="#FF0000FF"|BorderShape=-4|)"
+        R"(BorderThickness=0.5|CornerRadius=0|FitToText=false|Font="Arial"|LineSpacingFactor=1|FontSize=2.5)");
     return members;
 }
 
@@ -99,10 +90,9 @@ inline AnnotationProperties record(const Changes& changes = {})
     return Annotation::ReadAnnotationsFromJson(wide(stamp(changes))).at(0);
 }
 
-/// The text of what work throws, empty when it throws nothing.
-inline std::string textThrownBy(const std::function<void()>& work)
+/// What an error says, empty for none.
+inline std::string textOf(const OdError& error)
 {
-    const OdError error = support::caught(work);
     return error.code() == eOk ? "" : odStringToUtf8(error.description());
 }
 
@@ -125,6 +115,17 @@ protected:
     Outcome runJson(const OdChar* command, const std::string& json)
     {
         return run(command, CadCommands::SetParameterOdString(L"JSON", wide(json)));
+    }
+
+    /// Runs the command itself, without a handler that undoes what fails, and gives its error.
+    OdError runBare(const OdChar* command, const std::string& json)
+    {
+        const CCommandHandlerPtr handler = CCommandHandler::createObject(L"X", db, host);
+        handler->funcIO()->setParam(CadCommands::SetParameterOdString(L"JSON", wide(json)).get());
+        const OdError error = support::caught(
+            [&] { odedRegCmds()->executeCommand(odedRegCmds()->lookupCmd(command, 3), handler.get()); });
+        EXPECT_EQ(db->numActiveTransactions(), 0);
+        return error;
     }
 
     /// The handles in an answer, in its order.

@@ -16,32 +16,17 @@ class AnnotationJson : public AnnotationTest
 protected:
     static std::string refusal(const std::string& json)
     {
-        return textThrownBy([&] { Annotation::ReadAnnotationsFromJson(wide(json)); });
+        return textOf(support::caught([&] { Annotation::ReadAnnotationsFromJson(wide(json)); }));
     }
     static std::size_t count(const std::string& json) { return Annotation::ReadAnnotationsFromJson(wide(json)).size(); }
 };
 
 TEST_F(AnnotationJson, EveryKeyFillsItsField)
 {
-    const AnnotationProperties properties = record({{"X", "1"},
-                                                    {"Y", "-2.5"},
-                                                    {"Z", "1e2"},
-                                                    {"Height", "3"},
-                                                    {"Width", "4.5"},
-                                                    {"Padding", "18446744073709551615"},
-                                                    {"Angle", "-30"},
-                                                    {"Nx", "1"},
-                                                    {"Ny", "2"},
-                                                    {"Nz", "3"},
-                                                    {"Text", "\"a\\nb\""},
-                                                    {"HorizontalAlignment", "-2147483648"},
-                                                    {"VerticalAlignment", "2147483647"},
-                                                    {"OriginalImagePath", "\"o.png\""},
-                                                    {"EffectiveImageFileName", "null"},
-                                                    {"Handle", "\"2F\""},
-                                                    {"BorderShape", "256"},
-                                                    {"FitToText", "true"},
-                                                    {"Unknown", "{\"a\":[1,2]}"}});
+    const AnnotationProperties properties = record(changesFrom(
+        R"(X=1|Y=-2.5|Z=1e2|Height=3|Width=4.5|Padding=18446744073709551615|Angle=-30|Nx=1|Ny=2|Nz=3|Text="a\nb"|)"
+        R"(HorizontalAlignment=-2147483648|VerticalAlignment=2147483647|OriginalImagePath="o.png"|)"
+        R"(EffectiveImageFileName=null|Handle="2F"|BorderShape=256|FitToText=true|Unknown={"a":[1,2]})"));
     EXPECT_EQ(properties.position, OdGePoint3d(1, -2.5, 100));
     EXPECT_EQ(properties.height, 3);
     EXPECT_EQ(properties.width, 4.5);
@@ -107,35 +92,9 @@ TEST_F(AnnotationJson, KeysThatAreMissingOrOfAWrongKindAreNamed)
 /// The keys in the order in which they are read; the order in which they are written does not matter.
 TEST_F(AnnotationJson, OfSeveralFaultyKeysTheFirstOneReadIsNamed)
 {
-    const std::vector<std::string> order = {"X",
-                                            "Y",
-                                            "Z",
-                                            "Height",
-                                            "Width",
-                                            "Padding",
-                                            "Angle",
-                                            "Nx",
-                                            "Ny",
-                                            "Nz",
-                                            "Id",
-                                            "DocumentVersionId",
-                                            "Text",
-                                            "HorizontalAlignment",
-                                            "VerticalAlignment",
-                                            "OriginalImagePath",
-                                            "EffectiveImageFileName",
-                                            "Uniform",
-                                            "Handle",
-                                            "TextColor",
-                                            "BackgroundColor",
-                                            "BorderColor",
-                                            "BorderShape",
-                                            "BorderThickness",
-                                            "CornerRadius",
-                                            "FitToText",
-                                            "Font",
-                                            "LineSpacingFactor",
-                                            "FontSize"};
+    std::vector<std::string> order = {"X", "Y", "Z"};
+    for (const auto& member : usualMembers())
+        order.push_back(member.first);
     const auto faults = [](const std::string& key) {
         return key.size() == 1 ? std::vector<std::string>{"[]"} : std::vector<std::string>{"", "[]"};
     };
@@ -146,7 +105,6 @@ TEST_F(AnnotationJson, OfSeveralFaultyKeysTheFirstOneReadIsNamed)
                 const std::string text = refusal(stamp({{order[first + 1], later}, {order[first], fault}}));
                 EXPECT_NE(text.find(": \"" + order[first] + "\" is "), std::string::npos) << text;
             }
-    EXPECT_EQ(order.size(), usualMembers().size() + 3);
 }
 
 TEST_F(AnnotationJson, MembersMayComeInAnyOrderAndTheFirstOfAKeyCounts)

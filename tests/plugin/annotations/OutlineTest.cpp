@@ -90,7 +90,7 @@ TEST(OutlineTest, AreasAreThoseOfTheShapes)
     for (int turn = 0; turn < 3000; ++turn)
     {
         const OdInt32 shape = turn % 10 == 0 ? 256 : std::uniform_int_distribution(-40, 40)(random);
-        const double scale = std::pow(10.0, real(-4, 5)); // millimetres and metres
+        const double scale = std::pow(10.0, real(-6, 9)); // from less than millimetres to more than metres
         const double width = scale * real(0.1, 10), height = scale * real(0.1, 10);
         const double radius = turn % 3 == 0 ? 0.0 : scale * real(0, 8);
         const Outline outline = outlineOf(shape, width, height, radius);

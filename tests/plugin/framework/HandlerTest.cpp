@@ -192,17 +192,6 @@ TEST_F(HandlerTest, StatesFlagsAndErrorsOfRuns)
     }
 }
 
-TEST_F(HandlerTest, ARunIsUndoneInOneStep)
-{
-    const int before = countEntities();
-    run(L"T_CHANGE T_NEST T_CHANGE");
-    EXPECT_EQ(countEntities(), before + 3);
-    db->undo();
-    EXPECT_EQ(countEntities(), before);
-    db->redo();
-    EXPECT_EQ(countEntities(), before + 3);
-}
-
 TEST_F(HandlerTest, AFailedRunLeavesEarlierRunsAndRedoAlone)
 {
     run(L"T_CHANGE");

@@ -44,21 +44,6 @@ TEST_F(InputTest, CutsCommandStringsIntoAnswers)
     }
 }
 
-TEST_F(InputTest, GivesPointsAsTypedText)
-{
-    const CStringIOPtr io = CStringIO::createObject(L"1,2 x", nullptr);
-    try
-    {
-        io->getPoint(L"", 0, nullptr);
-        FAIL();
-    }
-    catch (const OdEdOtherInput& other)
-    {
-        EXPECT_EQ(other.string(), L"1,2");
-    }
-    EXPECT_EQ(io->getString(L"", 0, nullptr), L"x");
-}
-
 TEST_F(InputTest, FindsKeywords)
 {
     const std::tuple<const OdChar*, const OdChar*, int> rows[] = {

@@ -163,25 +163,6 @@ TEST_F(ProtocolTest, ReadersOfNothingGiveNothing)
               argumentFault(122, "pDb", "CadCommands::ResBufGetObjectIdArray"));
 }
 
-TEST_F(ProtocolTest, AnArrayEndsAtTheFirstElementOfAnotherType)
-{
-    const std::vector<OdDbObjectId> lines = addLines(3);
-    const OdResBufPtr whole = chain({CadCommands::SetParameterObjectIdArray(L"EMPTY", idArray({})),
-                                     CadCommands::SetParameterObjectIdArray(L"IDS", idArray(lines)),
-                                     CadCommands::SetParameterBool(L"FLAG", true)});
-    OdString name;
-    OdDbObjectIdArray ids;
-    OdResBufPtr element = CadCommands::ResBufGetName(whole, name);
-    element = CadCommands::ResBufGetObjectIdArray(element, db, ids);
-    EXPECT_TRUE(ids.isEmpty());
-    element = CadCommands::ResBufGetName(element, name);
-    EXPECT_EQ(name, L"IDS");
-    element = CadCommands::ResBufGetObjectIdArray(element, db, ids);
-    EXPECT_EQ(std::vector<OdDbObjectId>(ids.begin(), ids.end()), lines);
-    CadCommands::ResBufGetName(element, name);
-    EXPECT_EQ(name, L"FLAG");
-}
-
 TEST_F(ProtocolTest, FindsResultsByNamesInDisguise)
 {
     const OdResBufPtr number = CadCommands::SetParameterInt32(L"FIRST", 1);

@@ -188,9 +188,12 @@ protected:
     }
     OdDbObjectId idOfLabel(int number) { return m_labels[static_cast<std::size_t>(number)]; }
 
-    OdResBufPtr idChain(const std::vector<OdDbObjectId>& ids)
+    std::vector<OdDbObjectId> idsOf(const std::vector<int>& entities) const
     {
-        return CadCommands::SetParameterObjectIdArray(L"OBJECTIDARRAY", idArray(ids));
+        std::vector<OdDbObjectId> all;
+        for (const int entity : entities)
+            all.push_back(m_entities[static_cast<std::size_t>(entity)]);
+        return all;
     }
 
     // ---- Steps
@@ -214,18 +217,16 @@ protected:
     void create()
     {
         const std::vector<int> asked = someEntities();
-        std::vector<OdDbObjectId> ids;
-        for (const int entity : asked)
-            ids.push_back(m_entities[static_cast<std::size_t>(entity)]);
+        std::vector<OdDbObjectId> given = idsOf(asked);
         if (oneIn(4))
-            ids.insert(ids.begin(), OdDbObjectId());
+            given.insert(given.begin(), OdDbObjectId());
         const std::string text = "text " + std::to_string(below(4));
         const bool fails = oneIn(6);
         HostCommands& commands = HostCommands::get();
         commands.parsedText = wide(text).c_str();
         commands.whileParsing = fails ? [] { throw OdError(eInvalidInput); } : std::function<void()>();
         const bool bySelection = oneIn(2);
-        const Outcome outcome = bySelection ? createFromSelection(ids) : run(L"BSYSTEMLABELCREATE", idChain(ids));
+        const Outcome outcome = bySelection ? createFromSelection(given) : run(L"BSYSTEMLABELCREATE", ids(given));
 
         const std::vector<int> taken = model().eligible(asked);
         const bool takesErased =
@@ -263,19 +264,19 @@ protected:
     void deleteLabels()
     {
         Model next = model();
-        std::vector<OdDbObjectId> ids;
+        std::vector<OdDbObjectId> given;
         for (unsigned left = below(3); left > 0; --left)
             if (const int number = someLabel(); number >= 0)
             {
-                ids.push_back(idOfLabel(number));
+                given.push_back(idOfLabel(number));
                 next.deleteLabel(number);
             }
         if (oneIn(4))
-            ids.push_back(OdDbObjectId());
+            given.push_back(OdDbObjectId());
         const bool fails = oneIn(5);
         if (fails)
-            ids.push_back(m_entities[below(kEntities)]);
-        const Outcome outcome = run(L"BSYSTEMLABELDELETE", idChain(ids));
+            given.push_back(m_entities[below(kEntities)]);
+        const Outcome outcome = run(L"BSYSTEMLABELDELETE", ids(given));
         EXPECT_EQ(outcome.fault.code, fails ? 39 : 0);
         if (!fails)
             m_history.change(next);
@@ -344,12 +345,9 @@ protected:
                 std::vector<int> asked = someEntities();
                 std::erase_if(asked,
                               [&](int entity) { return next.entities[static_cast<std::size_t>(entity)].isErased; });
-                std::vector<OdDbObjectId> ids;
-                for (const int entity : asked)
-                    ids.push_back(m_entities[static_cast<std::size_t>(entity)]);
                 next.setReferences(number, asked);
                 if (next != model()) // the same once more is a step that changes nothing
-                    label.SetReferencedObjectIds(idArray(ids));
+                    label.SetReferencedObjectIds(idArray(idsOf(asked)));
             });
     }
 
@@ -545,8 +543,8 @@ protected:
                      : CadCommands::SetParameterOdGeExtents3d(L"EXTENTS", OdGeExtents3d({0, 0, 0}, {1, 1, 1}));
         const std::size_t answered = commands.viewerAnswer ? 2 : 1;
         const int number = someLabel();
-        const Outcome outcome = run(oneIn(2) ? L"BSYSTEMLABELZOOM" : L"BSYSTEMLABELDOLLY",
-                                    number < 0 ? idChain({}) : idChain({idOfLabel(number)}));
+        const Outcome outcome =
+            run(oneIn(2) ? L"BSYSTEMLABELZOOM" : L"BSYSTEMLABELDOLLY", number < 0 ? ids({}) : ids({idOfLabel(number)}));
         EXPECT_EQ(outcome.fault, Fault());
         EXPECT_EQ(commands.viewerCalls.size(), number < 0 ? 0 : answered);
     }
@@ -596,7 +594,7 @@ protected:
                                         { return model().labels.at(numberOf(id, m_labels)).text == label.text; });
         EXPECT_EQ(run(L"BSYSTEMLABELGETIDFROMNAME", parameters(L"NAME", wide(label.text))).id(),
                   named == listed.end() ? OdDbObjectId() : *named);
-        const std::string json = run(L"BSYSTEMLABELTOJSON", idChain({idOfLabel(number)})).json();
+        const std::string json = run(L"BSYSTEMLABELTOJSON", ids({idOfLabel(number)})).json();
         EXPECT_EQ(json == "[]", label.isErased) << json;
         EXPECT_EQ(json.find("\"" + label.guid + "\"") != std::string::npos, !label.isErased) << json;
     }

@@ -8,11 +8,6 @@ using namespace plugintest;
 namespace
 {
 
-OdResBufPtr ids(const std::vector<OdDbObjectId>& values)
-{
-    return CadCommands::SetParameterObjectIdArray(L"OBJECTIDARRAY", idArray(values));
-}
-
 class LabelDeletionTest : public PluginTest
 {
 protected:

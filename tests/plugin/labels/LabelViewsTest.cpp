@@ -7,11 +7,6 @@ using namespace plugintest;
 namespace
 {
 
-OdResBufPtr ids(const std::vector<OdDbObjectId>& values)
-{
-    return CadCommands::SetParameterObjectIdArray(L"OBJECTIDARRAY", idArray(values));
-}
-
 OdResBufPtr extents(const OdGePoint3d& least, const OdGePoint3d& greatest)
 {
     return CadCommands::SetParameterOdGeExtents3d(L"EXTENTS", OdGeExtents3d(least, greatest));

@@ -1,4 +1,4 @@
-// Attacks labels as objects: identity and dictionary, references and their marks, blocks, erasing and undo.
+// Attacks labels as objects: identity and dictionary, references and their marks, blocks.
 #include "support/PluginTest.h"
 
 #include <algorithm>
@@ -22,15 +22,6 @@ protected:
     bool listens(OdDbObjectId label, OdDbObjectId entity)
     {
         return entity.safeOpenObject(OdDb::kForRead, true)->hasPersistentReactor(label);
-    }
-    /// A label keeps its promises towards everything that it refers to.
-    void expectMarks(OdDbObjectId label, const std::vector<OdDbObjectId>& entities, const std::string& text)
-    {
-        for (const OdDbObjectId& entity : entities)
-        {
-            EXPECT_EQ(markOf(entity), text + ", " + guidOf(label));
-            EXPECT_TRUE(listens(label, entity));
-        }
     }
 };
 
@@ -86,16 +77,6 @@ TEST_F(LabelTest, SetGuidRekeysTheDictionary)
         EXPECT_EQ(dictionary()->numEntries(), 1u);
     }
     EXPECT_EQ(thrownBy([&] { openLabel(id)->SetGuid(L"cccc"); }).code, eNotOpenForWrite);
-}
-
-TEST_F(LabelTest, SetLabelTrimsAndTouchesNothingElse)
-{
-    const OdDbObjectId line = addLine();
-    const OdDbObjectId id = addLabel({line}, L"E12");
-    openLabel(id, OdDb::kForWrite)->SetLabel(L"\t' e13 x' \n");
-    EXPECT_EQ(openLabel(id)->GetLabel(), L"e13 x");
-    EXPECT_EQ(markOf(line), "E12, " + guidOf(id));
-    EXPECT_EQ(dictionary()->nameAt(id), openLabel(id)->GetGuid());
 }
 
 TEST_F(LabelTest, TheClassIsRegisteredOnce)
@@ -236,24 +217,6 @@ TEST_F(LabelTest, ASharedBlockWithManyReferencesCostsNoMoreForEach)
     EXPECT_EQ(referencesOf(id), inserts);
     openLabel(id, OdDb::kForWrite)->ClearReferencedObjectIds();
     EXPECT_EQ(markOf(inserts.back()), "-, ");
-}
-
-// ---- Erasing and undo -----------------------------------------------------------------------------------------------
-
-TEST_F(LabelTest, UndoingTheMakingTakesEverythingAway)
-{
-    const std::vector<OdDbObjectId> lines = addLines(2);
-    db->clearUndo();
-    db->startUndoRecord();
-    const OdDbObjectId id = addLabel(lines, L"E");
-    db->undo();
-    EXPECT_TRUE(id.isErased());
-    EXPECT_EQ(markOf(lines[0]), "");
-    const OdDbDictionaryPtr named = db->getNamedObjectsDictionaryId().safeOpenObject();
-    EXPECT_FALSE(named->has(L"ZOL_BSYSTEM_LABELS"));
-    db->redo();
-    expectMarks(id, lines, "E");
-    EXPECT_EQ(dictionary()->getAt(openLabel(id)->GetGuid()), id);
 }
 
 // ---- Geometry and the list ------------------------------------------------------------------------------------------

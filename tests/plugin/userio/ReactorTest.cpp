@@ -39,7 +39,7 @@ protected:
 
     static ListenerPtr listener(const char* id)
     {
-        const ListenerPtr made = OdRxObjectImpl<Listener>::createObject();
+        ListenerPtr made = OdRxObjectImpl<Listener>::createObject();
         made->id = id;
         return made;
     }

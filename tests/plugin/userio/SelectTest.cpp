@@ -112,7 +112,7 @@ protected:
     }
     OdDbSelectionSetPtr setOf(int members)
     {
-        const OdDbSelectionSetPtr set = OdDbSelectionSet::createObject(db);
+        OdDbSelectionSetPtr set = OdDbSelectionSet::createObject(db);
         set->append(idArray(addLines(members)));
         return set;
     }

@@ -63,7 +63,7 @@ private:
         options.push_back(givenOptions);
         if (answers.empty())
             throw OdEdCancel();
-        const Answer answer = answers.front();
+        Answer answer = answers.front();
         answers.pop_front();
         return answer;
     }
