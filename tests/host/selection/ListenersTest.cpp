@@ -97,7 +97,7 @@ OdResBufPtr pointer(OdRxObject* object)
 
 OdResBufPtr pickSet(const OdDbSelectionSetPtr& set)
 {
-    const OdResBufPtr element = OdResBuf::newRb(OdResBuf::kRtPickSet);
+    OdResBufPtr element = OdResBuf::newRb(OdResBuf::kRtPickSet);
     element->setPickSet(set);
     return element;
 }
@@ -119,7 +119,7 @@ protected:
 
     OdDbSelectionSetPtr setOf(const std::vector<OdUInt64>& handles)
     {
-        const OdDbSelectionSetPtr set = OdDbSelectionSet::createObject(&database());
+        OdDbSelectionSetPtr set = OdDbSelectionSet::createObject(&database());
         for (const OdUInt64 handle : handles)
             set->append(id(handle));
         return set;

@@ -244,7 +244,7 @@ TEST_F(Selection, IsMadeByJson)
         {R"({'Layers': ['nosuch', '0'], 'Types': ['INSERT']})", "A5"},
         {R"({'Layers': ['OFF', 'FROZEN', 'LOCKED']})", ""},
     };
-    const auto inputOf = [](std::string json)
+    const auto inputOf = [](const std::string& json)
     {
         // Written with single quotes; as a JSON string, quotes and backslashes are escaped.
         std::string text = "[\"";

@@ -143,20 +143,6 @@ TEST_F(Session, DoesNotExplodeOnAPattern)
     EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(20));
 }
 
-TEST_F(Session, SelectsWhatIsShown)
-{
-    const Answer shown = session().run("SELECTIONSELECTALLVISIBLEENTITIES",
-                                       R"({"SELECTIONSETNAME": "", "FILTEROBJECT": {"object": null}})");
-    EXPECT_EQ(shown.json("/result/SELECTIONSET/selectionSet"), R"(["A1","A2","A3","A4","A5"])");
-    EXPECT_EQ(session()
-                  .run("SELECTIONSETGET", R"({"SELECTIONSETNAME": "pickfirst"})")
-                  .json("/result/SELECTIONSET/selectionSet"),
-              R"(["A1","A2","A3","A4","A5"])");
-    session().run("SELECTIONSETCLEAR", R"({"SELECTIONSETNAME": "PICKFIRST"})");
-    EXPECT_EQ(session().run("SELECTIONSETGET", "{}").json("/result/SELECTIONSET/selectionSet"), "[]");
-    EXPECT_EQ(session().run("SELECTIONSETGET", R"({"SELECTIONSETNAME": "other"})").json("/result"), "null");
-}
-
 TEST_F(Session, ErasesCopiesUndoesAndRedoes)
 {
     const Answer copied = session().run(
@@ -356,6 +342,20 @@ TEST_F(Session, AnswersALastLineWithoutALineFeed)
     EXPECT_EQ(fresh.finish(), 0);
     EXPECT_NE(fresh.program().output().find("\"id\":1,"), std::string::npos);
     EXPECT_EQ(fresh.program().errors(), "");
+}
+
+TEST_F(Session, GoesOnWhereThereIsNoPlaceToSave)
+{
+    SessionClient fresh;
+    EXPECT_EQ(fresh.run("SAVE").state(), "failed") << "no file yet";
+    for (const std::string& name : {std::string("missing/new.dxf"), std::string(300, 'x')})
+    {
+        const Answer refused = fresh.run("SAVE", R"({"FILE": ")" + path(name) + "\"}");
+        EXPECT_EQ(refused.state(), "failed") << refused.line();
+        EXPECT_NE(refused.text("/error/text").find(name), std::string::npos) << refused.line();
+    }
+    for (const std::string& parameters : {R"({"FILE": ")" + path("first.dxf") + "\"}", std::string("{}")})
+        EXPECT_EQ(fresh.run("SAVE", parameters).text("/result/FILE"), path("first.dxf"));
 }
 
 // ---- Transactions that last longer than a request -------------------------------------------------------------------

@@ -103,25 +103,6 @@ TEST(Frames, AroundATextDecideItsMarks)
         EXPECT_EQ(parse({textAt(L"E12", -5, -2.5)}, frames), OdString(expected)) << what;
 }
 
-TEST(Frames, OfABlockMarkItsOwnTextsOnly)
-{
-    FoundTexts found;
-    found.texts = {textAt(L"a", -5, -2.5), textAt(L"b", -5, -12.5)};
-    found.scopes.push_back(Scope{1, 2, {frameAt(kRect, 0, -5, 50, 50)}});
-    assignFrames(found);
-    EXPECT_EQ(composeText(found.texts), OdString(L"a <inRect>b</inRect>"));
-}
-
-TEST(Frames, OfABlockAndAroundItCompete)
-{
-    FoundTexts found;
-    found.texts = {textAt(L"a", -5, -2.5)};
-    found.scopes.push_back(Scope{0, 1, {frameAt(kRect, 0, 0, 50, 50)}});
-    found.scopes.push_back(Scope{0, 1, {frameAt(kCircle, 0, 0, 9, 9)}});
-    assignFrames(found);
-    EXPECT_EQ(composeText(found.texts), OdString(L"<inCir>a/<inCir>"));
-}
-
 // ---- What frames are recognised in polylines and lines --------------------------------------------------------------
 
 OutlineVertex at(double x, double y, double bulge = 0.0)
@@ -218,7 +199,7 @@ TEST(Crowds, OfFramesAndTextsTakeSeconds)
         Frame (*frame)(int index);
     } rows[] = {
         {"one around each text",
-         [](int i) { return frameAt(kRect, i % kSide * 20.0 + 5, i / kSide * 10.0 + 2.5, 6, 3); }},
+         [](int i) { return frameAt(kRect, i % kSide * 20.0 + 5, 10.0 * static_cast<int>(i / kSide) + 2.5, 6, 3); }},
         {"all around everything", [](int i) { return frameAt(kRect, 3160, 1580, 1e4 + i, 1e4 + i); }},
         {"all growing around the middle", [](int i) { return frameAt(kCircle, 3160, 1580, i * 0.05, i * 0.05); }},
         {"all too small for any text",
