@@ -236,14 +236,9 @@ TEST_F(StampTest, PlanesAndAnglesTurnTheWholeBox)
         {"1", "2", "3", "12.345"}, {"0.001", "0", "1", "0"}, {"1e-5", "1e-5", "1e-5", "5"}};
     for (const auto& [nx, ny, nz, angle] : rows)
     {
-        const std::string handle = createOne({{"Nx", nx},
-                                              {"Ny", ny},
-                                              {"Nz", nz},
-                                              {"Angle", angle},
-                                              {"X", "7"},
-                                              {"Y", "8"},
-                                              {"Z", "9"},
-                                              {"BorderShape", "5"}});
+        Changes changes = changesFrom("X=7|Y=8|Z=9|BorderShape=5");
+        changes.insert(changes.end(), {{"Nx", nx}, {"Ny", ny}, {"Nz", nz}, {"Angle", angle}});
+        const std::string handle = createOne(changes);
         const OdDbBlockReferencePtr opened = reference(handle);
         const OdGeVector3d normal(std::stod(nx), std::stod(ny), std::stod(nz));
         EXPECT_LT((opened->normal() - normal * (1.0 / normal.length())).length(), 1e-12);

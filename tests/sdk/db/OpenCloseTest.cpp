@@ -2,9 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "CoreDrawing.h"
-#include "DbObjectReactor.h"
 #include "OdError.h"
-#include "RxObjectImpl.h"
 
 namespace
 {
@@ -235,36 +233,6 @@ TEST(OpenClose, ObjectsMayOutliveTheirDatabase)
     EXPECT_TRUE(ledger->xData().isNull());
     EXPECT_EQ(ledger->lines.size(), 1u);
     EXPECT_EQ(oddb::readableGroups(*record).findAny(8)->text(), "");
-}
-
-class Listener : public OdDbObjectReactor
-{
-public:
-    void modified(const OdDbObject*) override { ++changes; }
-    void erased(const OdDbObject* object, bool erasing) override
-    {
-        ++erasures;
-        object->removeReactor(this);
-        EXPECT_TRUE(erasing);
-    }
-    int changes = 0;
-    int erasures = 0;
-};
-
-TEST(OpenClose, ListenersHearOfRealChangesAndMayLeaveMeanwhile)
-{
-    CoreDrawing drawing;
-    const OdDbObjectId id = drawing.addLedger();
-    OdSmartPtr<Listener> listener = OdRxObjectImpl<Listener>::createObject();
-    id.safeOpenObject()->addReactor(listener);
-    id.safeOpenObject(OdDb::kForWrite).release();
-    EXPECT_EQ(listener->changes, 0);
-    LedgerPtr(id.safeOpenObject(OdDb::kForWrite))->put(L"x");
-    EXPECT_EQ(listener->changes, 1);
-    id.safeOpenObject(OdDb::kForWrite)->erase();
-    EXPECT_EQ(listener->erasures, 1);
-    id.safeOpenObject(OdDb::kForWrite, true)->erase(false);
-    EXPECT_EQ(listener->erasures, 1);
 }
 
 } // namespace

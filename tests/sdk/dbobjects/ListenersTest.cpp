@@ -276,13 +276,26 @@ TEST_F(ListenersTest, OfOneObjectHearOfItsWholeLife)
         std::string take() { return std::exchange(text, {}); }
         std::string text;
     };
+    class Leaver : public Diary
+    {
+    public:
+        void erased(const OdDbObject* object, bool erasing) override
+        {
+            Diary::erased(object, erasing);
+            object->removeReactor(this);
+        }
+    };
+    Leaver leaver;
     Diary diary;
     OdDbObjectId line;
     recorded([&] { line = addLine(database->getModelSpaceId(), OdGePoint3d(1, 0, 0)); });
+    open(line)->addReactor(&leaver);
     open(line)->addReactor(&diary);
+    open(line, OdDb::kForWrite).release(); // of which nothing comes
     recorded([&] { open<OdDbLine>(line, OdDb::kForWrite)->setEndPoint(OdGePoint3d(5, 0, 0)); });
     recorded([&] { open(line, OdDb::kForWrite)->erase(); });
     EXPECT_EQ(diary.take(), "mem");
+    EXPECT_EQ(leaver.take(), "me") << "it left when it was told";
     database->undo();
     database->undo();
     database->undo();
