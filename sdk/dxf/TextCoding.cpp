@@ -39,19 +39,25 @@ bool hasSpecial(std::uint64_t bytes, bool inCodePage)
     return ((special | control | (inCodePage ? bytes : 0)) & kHighBits) != 0;
 }
 
-// Takes eight bytes at a time, filled up with blanks at the end.
+// Takes eight bytes at a time; the last ones of a longer text overlap those before, a shorter text is filled up with
+// blanks.
 bool hasSpecial(std::string_view text, bool inCodePage)
 {
-    std::uint64_t bytes = 0;
-    for (; text.size() >= sizeof bytes; text.remove_prefix(sizeof bytes))
+    std::uint64_t bytes = kOnes * ' ';
+    if (text.size() < sizeof bytes)
     {
-        std::memcpy(&bytes, text.data(), sizeof bytes);
+        for (const char character : text)
+            bytes = bytes << 8 | static_cast<unsigned char>(character);
+        return hasSpecial(bytes, inCodePage);
+    }
+    const char* const last = text.data() + text.size() - sizeof bytes;
+    for (const char* at = text.data(); at < last; at += sizeof bytes)
+    {
+        std::memcpy(&bytes, at, sizeof bytes);
         if (hasSpecial(bytes, inCodePage))
             return true;
     }
-    bytes = kOnes * ' ';
-    for (const char character : text)
-        bytes = bytes << 8 | static_cast<unsigned char>(character);
+    std::memcpy(&bytes, last, sizeof bytes);
     return hasSpecial(bytes, inCodePage);
 }
 

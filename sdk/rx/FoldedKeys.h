@@ -18,9 +18,16 @@ inline std::size_t hashOf(std::wstring_view key, auto foldCharacter)
 
 struct FoldedHash
 {
+    // As good as folded: upper and lower case are one bit apart, and characters that fall together are still compared.
+    static OdChar spread(OdChar character)
+    {
+        const OdChar folded = odIsAscii(character) ? character : odCaseFoldBeyondAscii(character);
+        return odIsAscii(folded) ? folded | 0x20 : folded;
+    }
+
     std::size_t operator()(const OdString& key) const
     {
-        return hashOf(key.view(), [](OdChar character) { return odCaseFold(character); });
+        return hashOf(key.view(), [](OdChar character) { return spread(character); });
     }
 };
 

@@ -26,7 +26,19 @@ int positionOf(std::size_t found)
     return found == std::wstring_view::npos ? -1 : static_cast<int>(found);
 }
 
-/// Whether a character is in a set: for ASCII, one look at a bit.
+/// Whether a character is in a short set, for those who ask once or twice.
+auto isOneOf(std::wstring_view set)
+{
+    return [set](OdChar character)
+    {
+        for (const OdChar candidate : set)
+            if (candidate == character)
+                return true;
+        return false;
+    };
+}
+
+/// The same for those who ask for many characters: for ASCII, one look at a bit.
 class CharacterSet
 {
 public:
@@ -241,7 +253,7 @@ OdString& OdString::trimRight(OdChar character)
 OdString& OdString::trimRight(const OdChar* characters)
 {
     const std::wstring_view text = view();
-    const auto last = std::find_if_not(text.rbegin(), text.rend(), CharacterSet(viewOf(characters)));
+    const auto last = std::find_if_not(text.rbegin(), text.rend(), isOneOf(viewOf(characters)));
     return keep(0, static_cast<std::size_t>(text.rend() - last));
 }
 
@@ -258,7 +270,7 @@ OdString& OdString::trimLeft(OdChar character)
 
 OdString& OdString::trimLeft(const OdChar* characters)
 {
-    const std::size_t first = countLeading(view(), CharacterSet(viewOf(characters)));
+    const std::size_t first = countLeading(view(), isOneOf(viewOf(characters)));
     return keep(first, view().size() - first);
 }
 
