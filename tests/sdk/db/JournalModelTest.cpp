@@ -140,9 +140,9 @@ private:
         m_transactions.pop_back();
         if (!m_transactions.empty())
             m_transactions.back().changedUnrecorded |= ended.changedUnrecorded;
-        else if (ended.changedUnrecorded)
-            forget();
         check();
+        if (m_transactions.empty() && ended.changedUnrecorded)
+            forget();
     }
 
     // Changes outside of all records make the states of older ones unreachable for the model.

@@ -58,6 +58,24 @@ TEST_F(JournalRecords, AStateIsKeptOncePerRun)
     EXPECT_TRUE(made.safeOpenObject()->hasPersistentReactor(ledger));
 }
 
+// In transactions and out of them.
+TEST_F(JournalRecords, ChangesThatAreNotRecordedEndRedo)
+{
+    for (const bool inTransaction : {false, true})
+    {
+        run(L"1");
+        db().undo();
+        db().disableUndoRecording(true);
+        if (inTransaction)
+            db().startTransaction();
+        put(L"2");
+        if (inTransaction)
+            db().endTransaction();
+        db().disableUndoRecording(false);
+        EXPECT_FALSE(db().hasRedo()) << inTransaction;
+    }
+}
+
 TEST_F(JournalRecords, AFailedRunIsDroppedAndCostsNoRedo)
 {
     run(L"1");
