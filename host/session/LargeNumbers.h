@@ -4,7 +4,9 @@
 #pragma once
 
 #include <cstddef>
+#include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace session
@@ -13,8 +15,9 @@ namespace session
 class LargeNumbers
 {
 public:
-    // Takes the large numbers out of the text of one JSON value. The text keeps its length.
-    void takeOut(std::vector<wchar_t>& units);
+    // Takes the large numbers out of the units of one JSON value, which keep their number. In its bytes is looked first
+    // whether there may be any.
+    void takeOut(std::string_view utf8, std::span<wchar_t> units);
 
     // Called for each number in the order of the text: the number as it was written, null for one that was not taken
     // out.
@@ -26,6 +29,8 @@ private:
         std::size_t position; // counted in numbers
         std::string digits;
     };
+
+    void takeOutOf(std::span<wchar_t> units);
 
     std::vector<Taken> m_taken;
     std::size_t m_nextTaken = 0;

@@ -10,8 +10,6 @@
 #include <rapidjson/error/en.h>
 #include <rapidjson/reader.h>
 
-#include "session/WideText.h"
-
 namespace session
 {
 
@@ -239,7 +237,7 @@ const Request& RequestReader::read(std::string_view line)
 {
     m_request = Request();
     decode(line);
-    parse();
+    parse(line);
     takeMembers();
     return m_request;
 }
@@ -250,7 +248,7 @@ void RequestReader::releaseParameters()
     if (m_request.input != nullptr || m_units.capacity() < kLongRequest)
         return;
     forgetDocument();
-    m_units = std::vector<wchar_t>();
+    m_units.release();
 }
 
 void RequestReader::forgetDocument()
@@ -264,23 +262,23 @@ void RequestReader::decode(std::string_view line)
     const std::size_t nullByte = line.find('\0');
     if (nullByte != std::string_view::npos)
         throw RequestError("the line is not JSON: a null byte at byte " + std::to_string(nullByte + 1));
-    const std::size_t decoded = decodeUtf8(line, m_units);
+    const std::size_t decoded = m_units.decode(line);
     if (decoded != line.size())
         throw RequestError("the line is not UTF-8 from byte " + std::to_string(decoded + 1) + " on");
-    const std::size_t half = hasEscapedUnits(line) ? findLoneSurrogateEscape(m_units) : std::wstring_view::npos;
+    const std::size_t half = hasEscapedUnits(line) ? findLoneSurrogateEscape(m_units.text()) : std::wstring_view::npos;
     if (half != std::wstring_view::npos)
         throw RequestError("the line is not JSON: half a surrogate pair at character " + std::to_string(half + 1));
 }
 
-void RequestReader::parse()
+void RequestReader::parse(std::string_view line)
 {
     forgetDocument();
-    m_largeNumbers.takeOut(m_units);
+    m_largeNumbers.takeOut(line, m_units.units());
     RequestHandler handler(*m_document, m_request, m_largeNumbers);
     rapidjson::ParseResult outcome;
     auto generate = [&](WideDocument&)
     {
-        rapidjson::GenericInsituStringStream<WideEncoding> stream(m_units.data());
+        rapidjson::GenericInsituStringStream<WideEncoding> stream(m_units.units().data());
         rapidjson::GenericReader<WideEncoding, WideEncoding> reader;
         outcome = reader.Parse<kParseFlags>(stream, handler);
         return !outcome.IsError();

@@ -19,6 +19,7 @@
 #include "OdString.h"
 #include "session/Json.h"
 #include "session/LargeNumbers.h"
+#include "session/WideText.h"
 
 namespace session
 {
@@ -58,12 +59,12 @@ public:
 
 private:
     void decode(std::string_view line);
-    void parse();
+    void parse(std::string_view line);
     void forgetDocument();
     void takeMembers();
 
     Request m_request;
-    std::vector<wchar_t> m_units;
+    LineUnits m_units;
     LargeNumbers m_largeNumbers;
     std::vector<char> m_memory;
     std::unique_ptr<rapidjson::MemoryPoolAllocator<>> m_allocator;

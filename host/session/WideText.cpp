@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <string>
 
 namespace session
 {
@@ -67,16 +68,16 @@ std::size_t readSequence(std::string_view bytes, std::uint32_t& character)
 // Copies the characters below 0x80 that bytes begins with, so far as they come in blocks; how many these are.
 std::size_t copyPlainBlocks(std::string_view bytes, wchar_t* to)
 {
-    constexpr std::size_t kBlock = 8;
+    constexpr std::size_t kBlock = 16;
     std::size_t at = 0;
     for (; at + kBlock <= bytes.size(); at += kBlock)
     {
-        std::uint64_t block;
-        std::memcpy(&block, bytes.data() + at, kBlock);
-        if ((block & 0x8080808080808080) != 0)
+        std::uint64_t halves[2];
+        std::memcpy(halves, bytes.data() + at, kBlock);
+        if (((halves[0] | halves[1]) & 0x8080808080808080) != 0)
             break;
         unsigned char each[kBlock]; // which the writing cannot change, so that all are widened at once
-        std::memcpy(each, &block, kBlock);
+        std::memcpy(each, halves, kBlock);
         for (std::size_t i = 0; i < kBlock; ++i)
             to[at + i] = static_cast<wchar_t>(each[i]);
     }
@@ -95,16 +96,15 @@ wchar_t* putUnits(std::uint32_t character, wchar_t* to)
     return to;
 }
 
-// Decodes the sequences that begin in [at, end) and leaves at behind them, or at the first that is malformed. Returns
-// where the units end.
-wchar_t* decodePiece(std::string_view bytes, std::size_t& at, std::size_t end, wchar_t* to)
+// Decodes the sequences and leaves at behind them, or at the first that is malformed. Returns where the units end.
+wchar_t* decodeSequences(std::string_view bytes, std::size_t& at, wchar_t* to)
 {
-    while (at < end)
+    while (at < bytes.size())
     {
-        const std::size_t plain = copyPlainBlocks(bytes.substr(at, end - at), to);
+        const std::size_t plain = copyPlainBlocks(bytes.substr(at), to);
         at += plain;
         to += plain;
-        if (at == end)
+        if (at == bytes.size())
             break;
         const auto byte = static_cast<unsigned char>(bytes[at]);
         if (byte < 0x80)
@@ -160,25 +160,24 @@ bool readEscapedUnit(const wchar_t* at, const wchar_t* end, wchar_t& unit)
 
 } // namespace
 
-std::size_t decodeUtf8(std::string_view bytes, std::vector<wchar_t>& units)
+void LineUnits::makeRoom(std::size_t size)
 {
-    // Piece by piece, for a vector fills all that it is resized to. A sequence never becomes more units than it has
-    // bytes.
-    constexpr std::size_t kPiece = 4096;
-    constexpr std::size_t kLongestSequence = 4;
-    wchar_t piece[kPiece];
-    units.clear();
-    units.reserve(bytes.size() + 1);
+    m_size = 0;
+    if (size <= m_capacity)
+        return;
+    release();
+    m_units = std::make_unique_for_overwrite<wchar_t[]>(size);
+    m_capacity = size;
+}
+
+// A sequence never becomes more units than it has bytes.
+std::size_t LineUnits::decode(std::string_view utf8)
+{
+    makeRoom(utf8.size() + 1);
     std::size_t at = 0;
-    while (at < bytes.size())
-    {
-        const std::size_t end = std::min(at + kPiece - kLongestSequence, bytes.size());
-        const wchar_t* const filled = decodePiece(bytes, at, end, piece);
-        units.insert(units.end(), static_cast<const wchar_t*>(piece), filled);
-        if (at < end)
-            break;
-    }
-    units.push_back(L'\0');
+    wchar_t* const end = decodeSequences(utf8, at, m_units.get());
+    *end = L'\0';
+    m_size = static_cast<std::size_t>(end - m_units.get());
     return at;
 }
 
@@ -190,7 +189,7 @@ bool hasEscapedUnits(std::string_view bytes)
     return false;
 }
 
-std::size_t findLoneSurrogateEscape(const std::vector<wchar_t>& units)
+std::size_t findLoneSurrogateEscape(std::wstring_view units)
 {
     const wchar_t* const begin = units.data();
     const wchar_t* const end = begin + units.size();

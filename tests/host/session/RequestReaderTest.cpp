@@ -193,7 +193,22 @@ TEST(RequestReader, GivesParametersBackButNotWhatIsStillAskedFor)
     EXPECT_EQ(reader.read(R"({"command":"Y","parameters":{"A":1}})").parameters->MemberCount(), 1u);
 }
 
-// Long texts are decoded in pieces, which may end anywhere in a character.
+// Lines are searched in blocks, which may end anywhere in a number.
+TEST(RequestReader, KeepsLargeNumbersAtAllPlaces)
+{
+    for (const std::string& number : {std::string("1e100"), std::string("-1.5E+0400"), std::string("2e-999"),
+                                      std::string(201, '7'), "0." + std::string(199, '1')})
+        for (std::size_t shift = 0; shift < 210; ++shift)
+        {
+            session::RequestReader reader;
+            const std::string text(shift, 'x');
+            const Request& request =
+                reader.read("{\"command\":\"X\",\"parameters\":{\"A\":\"" + text + "\"},\"id\":" + number + "}");
+            EXPECT_EQ(request.id, number) << shift;
+        }
+}
+
+// Characters below 80 are decoded in blocks, which may end anywhere.
 TEST(WideText, DecodesCharactersOfAllLengthsAtAllPlaces)
 {
     const std::wstring character = L"a\u00E9\u20AC\U0001F600";
@@ -203,12 +218,13 @@ TEST(WideText, DecodesCharactersOfAllLengthsAtAllPlaces)
         for (int i = 0; i < 3000; ++i)
             expected.append(character);
         std::string bytes = odStringToUtf8(expected.view());
-        std::vector<wchar_t> units;
-        EXPECT_EQ(session::decodeUtf8(bytes, units), bytes.size());
-        EXPECT_EQ(units.back(), L'\0');
-        EXPECT_EQ(session::joinSurrogates(units.data(), units.size() - 1), expected);
+        session::LineUnits line;
+        EXPECT_EQ(line.decode(bytes), bytes.size());
+        const std::wstring_view units = line.text();
+        EXPECT_EQ(units.data()[units.size()], L'\0');
+        EXPECT_EQ(session::joinSurrogates(units.data(), units.size()), expected);
         bytes.pop_back();
-        EXPECT_EQ(session::decodeUtf8(bytes, units), bytes.size() - 3);
+        EXPECT_EQ(line.decode(bytes), bytes.size() - 3);
     }
 }
 
