@@ -11,6 +11,7 @@
 #include "DbUCSTable.h"
 #include "DbViewTable.h"
 #include "DbViewportTable.h"
+#include "ObjectCore.h"
 #include "SymbolTableCore.h"
 
 using oddb::SymbolTable;
@@ -45,6 +46,9 @@ OdDbObjectId OdDbBlockTable::getPaperSpaceId() const
 // Names that begin with "*" and one letter belong to the database, which numbers them.
 static void completeName(const OdDbBlockTable& table, OdDbSymbolTableRecord& record)
 {
+    const oddb::Groups groups = oddb::readableGroups(record);
+    if (const std::optional<oddb::GroupView> name = groups.findAny(2); !name || !name->text().starts_with('*'))
+        return;
     const OdString stem = record.getName();
     if (stem.getLength() != 2 || stem[0] != L'*')
         return;

@@ -1,9 +1,10 @@
-// The table of edits. Each has the choice between a few places. An edit that comes for the first time leaves its hash
-// there, so that those that come once keep no rows; who finds its hash stays as long as it is asked for.
+// The table of edits. An edit that comes for the first time only leaves its hash, so that those that come once keep no
+// rows. One that comes again has the choice between a few places, and stays there as long as it is asked for.
 #include "KnownEdits.h"
 
 #include <algorithm>
-#include <functional>
+#include <cstring>
+#include <utility>
 
 #include "DatabaseImpl.h"
 #include "ObjectCore.h"
@@ -21,6 +22,21 @@ std::size_t mixed(std::size_t hash, std::size_t value)
     return hash ^ hash >> 29;
 }
 
+// Eight bytes at a time; most edits have no more than two or three such blocks.
+std::size_t mixed(std::size_t hash, std::string_view bytes)
+{
+    std::size_t block = 0;
+    for (; bytes.size() >= sizeof block; bytes.remove_prefix(sizeof block))
+    {
+        std::memcpy(&block, bytes.data(), sizeof block);
+        hash = mixed(hash, block);
+    }
+    block = bytes.size();
+    for (const char byte : bytes)
+        block = block << 8 | static_cast<unsigned char>(byte);
+    return mixed(hash, block);
+}
+
 } // namespace
 
 bool KnownEdits::Place::answers(const Groups& row, const RowEdit& edit) const
@@ -32,18 +48,22 @@ bool KnownEdits::Place::answers(const Groups& row, const RowEdit& edit) const
 KnownEdits::Place* KnownEdits::placesOf(std::size_t hash)
 {
     if (m_places.empty())
+    {
         m_places.resize(kPlaces);
+        m_once.resize(kPlaces);
+    }
     return &m_places[hash % (kPlaces / kChoice) * kChoice];
 }
 
-KnownEdits::Place* KnownEdits::find(Place* places, const Groups& row, const RowEdit& edit)
+KnownEdits::Place* KnownEdits::find(Place* places, std::size_t hash, const Groups& row, const RowEdit& edit)
 {
-    Place* const found =
-        std::find_if(places, places + kChoice, [&](const Place& place) { return place.answers(row, edit); });
-    if (found == places + kChoice)
-        return nullptr;
-    found->isUsed = true;
-    return found;
+    for (Place* place = places; place != places + kChoice; ++place)
+        if (place->hash == hash && place->answers(row, edit))
+        {
+            place->isUsed = true;
+            return place;
+        }
+    return nullptr;
 }
 
 // The first that was not asked for; when all were, they begin anew.
@@ -62,29 +82,25 @@ KnownEdits::Place& KnownEdits::placeToGive(Place* places)
 
 void KnownEdits::remember(Place* places, std::size_t hash, const Groups& row, const RowEdit& edit, const Groups& result)
 {
-    Place* const end = places + kChoice;
-    Place* const again = std::find_if(places, end, [&](const Place& place) { return place.hash == hash; });
-    if (again == end)
-    {
-        Place& given = placeToGive(places);
-        given = Place();
-        given.hash = hash;
+    std::size_t& once = m_once[hash % kPlaces];
+    if (std::exchange(once, hash) != hash)
         return;
-    }
-    again->isUsed = true;
-    again->subject = edit.subject;
-    again->part = edit.part;
-    again->code = edit.code;
-    again->groups = edit.groups;
-    again->before = row;
-    again->after = result;
+    Place& given = placeToGive(places);
+    given.hash = hash;
+    given.isUsed = true;
+    given.subject = edit.subject;
+    given.part = edit.part;
+    given.code = edit.code;
+    given.groups = edit.groups;
+    given.before = row;
+    given.after = result;
 }
 
 std::size_t KnownEdits::hashOf(const Groups& row, const RowEdit& edit)
 {
-    const std::size_t hash =
-        mixed(std::hash<std::string_view>()(edit.groups), reinterpret_cast<std::size_t>(row.data()));
-    return mixed(hash, reinterpret_cast<std::size_t>(edit.part) + static_cast<std::size_t>(edit.code));
+    const std::size_t hash = mixed(reinterpret_cast<std::size_t>(edit.part) + static_cast<std::size_t>(edit.code),
+                                   reinterpret_cast<std::size_t>(row.data()));
+    return mixed(hash, edit.groups);
 }
 
 KnownEdits* KnownEdits::of(const OdDbObject& object)

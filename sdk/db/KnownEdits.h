@@ -50,7 +50,7 @@ public:
             return make();
         const std::size_t hash = hashOf(row, edit);
         Place* const places = placesOf(hash);
-        if (Place* const known = find(places, row, edit))
+        if (Place* const known = find(places, hash, row, edit))
             return known->after;
         Groups after = make();
         remember(places, hash, row, edit, after);
@@ -62,7 +62,7 @@ private:
     static constexpr std::size_t kChoice = 4;     ///< places next to each other where an edit may be kept
     static constexpr std::size_t kLongest = 1024; ///< in bytes: longer groups are not compared
 
-    /// An edit that was asked for once, and with the rows one that came again.
+    /// An edit that came again.
     struct Place
     {
         bool answers(const Groups& row, const RowEdit& edit) const;
@@ -81,11 +81,12 @@ private:
     static bool isShared(const Groups& row) { return row.data() && row.data()->references > 2; }
     static std::size_t hashOf(const Groups& row, const RowEdit& edit);
     Place* placesOf(std::size_t hash);
-    static Place* find(Place* places, const Groups& row, const RowEdit& edit);
-    static void remember(Place* places, std::size_t hash, const Groups& row, const RowEdit& edit, const Groups& result);
+    static Place* find(Place* places, std::size_t hash, const Groups& row, const RowEdit& edit);
+    void remember(Place* places, std::size_t hash, const Groups& row, const RowEdit& edit, const Groups& result);
     static Place& placeToGive(Place* places);
 
     std::vector<Place> m_places;                       ///< by hash; none before the first edit
+    std::vector<std::size_t> m_once;                   ///< hashes of edits that came, by hash
     std::unordered_map<const void*, Groups> m_newRows; ///< by class
 };
 

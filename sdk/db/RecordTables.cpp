@@ -3,6 +3,15 @@
 
 #include <algorithm>
 
+#include "DbBlockTableRecord.h"
+#include "DbDimStyleTableRecord.h"
+#include "DbLayerTableRecord.h"
+#include "DbLinetypeTableRecord.h"
+#include "DbRegAppTableRecord.h"
+#include "DbTextStyleTableRecord.h"
+#include "DbUCSTableRecord.h"
+#include "DbViewTableRecord.h"
+#include "DbViewportTableRecord.h"
 #include "TableRows.h"
 
 namespace oddb
@@ -229,16 +238,20 @@ constinit const DxfClass kTable{"TABLE", "OdDbSymbolTable", kTableParts, false};
 const SymbolTableKind& symbolTableKind(SymbolTable table)
 {
     static constexpr SymbolTableKind kKinds[] = {
-        {SymbolTable::None, "", "", ""},
-        {SymbolTable::Block, "BLOCK_RECORD", "OdDbBlockTable", "OdDbBlockTableRecord"},
-        {SymbolTable::Layer, "LAYER", "OdDbLayerTable", "OdDbLayerTableRecord"},
-        {SymbolTable::TextStyle, "STYLE", "OdDbTextStyleTable", "OdDbTextStyleTableRecord"},
-        {SymbolTable::Linetype, "LTYPE", "OdDbLinetypeTable", "OdDbLinetypeTableRecord"},
-        {SymbolTable::View, "VIEW", "OdDbViewTable", "OdDbViewTableRecord"},
-        {SymbolTable::Ucs, "UCS", "OdDbUCSTable", "OdDbUCSTableRecord"},
-        {SymbolTable::Viewport, "VPORT", "OdDbViewportTable", "OdDbViewportTableRecord"},
-        {SymbolTable::RegApp, "APPID", "OdDbRegAppTable", "OdDbRegAppTableRecord"},
-        {SymbolTable::DimStyle, "DIMSTYLE", "OdDbDimStyleTable", "OdDbDimStyleTableRecord"},
+        {SymbolTable::None, "", "", "", nullptr},
+        {SymbolTable::Block, "BLOCK_RECORD", "OdDbBlockTable", "OdDbBlockTableRecord", &OdDbBlockTableRecord::desc},
+        {SymbolTable::Layer, "LAYER", "OdDbLayerTable", "OdDbLayerTableRecord", &OdDbLayerTableRecord::desc},
+        {SymbolTable::TextStyle, "STYLE", "OdDbTextStyleTable", "OdDbTextStyleTableRecord",
+         &OdDbTextStyleTableRecord::desc},
+        {SymbolTable::Linetype, "LTYPE", "OdDbLinetypeTable", "OdDbLinetypeTableRecord",
+         &OdDbLinetypeTableRecord::desc},
+        {SymbolTable::View, "VIEW", "OdDbViewTable", "OdDbViewTableRecord", &OdDbViewTableRecord::desc},
+        {SymbolTable::Ucs, "UCS", "OdDbUCSTable", "OdDbUCSTableRecord", &OdDbUCSTableRecord::desc},
+        {SymbolTable::Viewport, "VPORT", "OdDbViewportTable", "OdDbViewportTableRecord",
+         &OdDbViewportTableRecord::desc},
+        {SymbolTable::RegApp, "APPID", "OdDbRegAppTable", "OdDbRegAppTableRecord", &OdDbRegAppTableRecord::desc},
+        {SymbolTable::DimStyle, "DIMSTYLE", "OdDbDimStyleTable", "OdDbDimStyleTableRecord",
+         &OdDbDimStyleTableRecord::desc},
     };
     return kKinds[static_cast<std::size_t>(table)];
 }

@@ -16,6 +16,7 @@ struct SymbolTableKind
     const char* dxfName;
     const char* tableClass;
     const char* recordClass;
+    OdRxClass* (*recordType)(); ///< the class of that name, null while it is not registered
 };
 const SymbolTableKind& symbolTableKind(SymbolTable table);
 

@@ -57,7 +57,7 @@ static void requireRecord(const OdDbSymbolTable& table, const OdDbSymbolTableRec
     if (record->isDBRO())
         throw OdError(eAlreadyInDb);
     const oddb::SymbolTableKind& kind = oddb::symbolTableKind(SymbolTableCore::records(table).kind);
-    OdRxClass* required = odrxGetClass(kind.recordClass);
+    OdRxClass* required = kind.recordType();
     if (!record->isKindOf(required))
         throw OdError_NotThatKindOfClass(record->isA(), required);
 }

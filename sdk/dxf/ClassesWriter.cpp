@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <map>
+#include <unordered_map>
 
 namespace dxf
 {
@@ -20,26 +21,22 @@ struct Use
 };
 using Uses = std::map<std::string, Use, std::less<>>;
 
-// Most objects follow another of their name.
+// The objects of one class have their name from one place.
 Uses countUses(Writing& writing)
 {
     Uses uses;
-    std::string_view lastName;
-    Use* last = nullptr;
+    std::unordered_map<const char*, Use*> known;
     writing.database.stubs.visit(
         [&](const OdDbStub& stub)
         {
             if (stub.isErased())
                 return;
             const std::string_view name = writing.objects.nameOf(*stub.object);
-            if (last == nullptr || name != lastName)
-            {
-                const auto place = uses.try_emplace(std::string(name)).first;
-                last = &place->second;
-                lastName = place->first;
-                last->runtimeClass = stub.object->isA();
-            }
-            ++last->count;
+            Use*& use = known[name.data()];
+            if (use == nullptr)
+                use = &uses[std::string(name)];
+            use->runtimeClass = stub.object->isA();
+            ++use->count;
         });
     return uses;
 }
