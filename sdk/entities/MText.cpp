@@ -241,7 +241,8 @@ void OdDbMText::setContents(const OdString& contents)
     remove(*this, kMText, 3);
     if (!groups.empty())
         setGroups(*this, kMText, 3, groups);
-    setText(*this, kMText, 1, OdString(all.substr(at)));
+    groups.clear();
+    setGroups(*this, kMText, 1, groups.text(1, odStringToUtf8(all.substr(at))));
 }
 
 OdString OdDbMText::text() const

@@ -62,8 +62,9 @@ OdDbObjectId CAnnotationDrawing::AddDefinition(const OdChar* pszName)
     const OdDbBlockTablePtr pBlocks = m_db.getBlockTableId().safeOpenObject(OdDb::kForWrite);
     const OdDbBlockTableRecordPtr pDefinition = OdDbBlockTableRecord::createObject();
     int& iLast = m_lastNumbers[pszName];
-    iLast = FindFreeNumber(pszName, iLast, [&](const OdString& strName) { return pBlocks->has(strName); });
-    pDefinition->setName(NumberedName(pszName, iLast));
+    const FreeName free = FindFreeName(pszName, iLast, [&](const OdString& strName) { return pBlocks->has(strName); });
+    iLast = free.iNumber;
+    pDefinition->setName(free.strName);
     const OdDbObjectId id = pBlocks->add(pDefinition);
     pBlocks->downgradeOpen();
     return id;

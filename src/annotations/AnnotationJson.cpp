@@ -107,12 +107,19 @@ struct KeyRow
 {
     std::wstring_view key; ///< of a literal, which ends with a 0
     void (*read)(const JsonValue& value, AnnotationProperties& properties);
+    bool bIsOptional = false; ///< may be missing or null
 };
 
 template<auto Field>
 void Read(const JsonValue& value, AnnotationProperties& properties)
 {
     ReadValue(value, properties.*Field);
+}
+
+template<double OdGePoint3d::*Coordinate>
+void ReadPosition(const JsonValue& value, AnnotationProperties& properties)
+{
+    ReadValue(value, properties.position.*Coordinate);
 }
 
 template<double OdGeVector3d::*Coordinate>
@@ -132,6 +139,9 @@ void ReadColor(const JsonValue& value, AnnotationProperties& properties)
 using Properties = AnnotationProperties;
 
 constexpr KeyRow kKeys[] = {
+    {L"X", &ReadPosition<&OdGePoint3d::x>, true},
+    {L"Y", &ReadPosition<&OdGePoint3d::y>, true},
+    {L"Z", &ReadPosition<&OdGePoint3d::z>, true},
     {L"Height", &Read<&Properties::height>},
     {L"Width", &Read<&Properties::width>},
     {L"Padding", &Read<&Properties::padding>},
@@ -189,6 +199,8 @@ Values FindValues(const JsonValue& object)
 
 void ReadKey(const JsonValue* pValue, const KeyRow& row, AnnotationProperties& properties)
 {
+    if (row.bIsOptional && (!pValue || pValue->IsNull()))
+        return;
     if (!pValue)
         RefuseKey(eMessageKeyMissing, row.key.data());
     try
@@ -199,14 +211,6 @@ void ReadKey(const JsonValue* pValue, const KeyRow& row, AnnotationProperties& p
     {
         RefuseKey(wrong.eMessage, row.key.data());
     }
-}
-
-/// Each may be missing or null.
-void RequireCoordinates(const JsonValue& object)
-{
-    for (const OdChar* pszKey : {L"X", L"Y", L"Z"})
-        if (const JsonValue* pValue = FindMember(object, pszKey); pValue && !pValue->IsNumber())
-            RefuseKey(eMessageKeyNoNumber, pszKey);
 }
 
 /// Reads one of several objects, and says which one it was that could not be read.
@@ -243,8 +247,6 @@ void ReadAnnotationFromJson(const JsonValue& object, AnnotationProperties& prope
 {
     if (!object.IsObject())
         throw OdError(eInvalidInput, odSystemServices()->formatMessage(eMessageNoObject));
-    RequireCoordinates(object);
-    properties.position = ReadJsonPoint(object, OdGePoint3d());
     const Values values = FindValues(object);
     for (std::size_t i = 0; i < values.size(); ++i)
         ReadKey(values[i], kKeys[i], properties);

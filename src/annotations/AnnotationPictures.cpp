@@ -107,9 +107,10 @@ OdDbObjectId CPictures::AddDefinition(const Picture& picture)
         pDefinition->setResolutionUnits(OdDbRasterImageDef::kInch);
     }
     pDefinition->setLoaded(true);
-    m_iLastNumber = FindFreeNumber(kDefinitionName, m_iLastNumber,
-                                   [&](const OdString& strName) { return pDictionary->has(strName); });
-    const OdDbObjectId id = pDictionary->setAt(NumberedName(kDefinitionName, m_iLastNumber), pDefinition);
+    const FreeName free = FindFreeName(kDefinitionName, m_iLastNumber,
+                                       [&](const OdString& strName) { return pDictionary->has(strName); });
+    m_iLastNumber = free.iNumber;
+    const OdDbObjectId id = pDictionary->setAt(free.strName, pDefinition);
     pDictionary->downgradeOpen();
     return id;
 }

@@ -38,7 +38,11 @@ bool NeedsPlaceholder(const AnnotationProperties& properties)
 
 OdString InFont(const AnnotationProperties& properties, const OdString& strText)
 {
-    return OdString(OdDbMText::fontChange()) + properties.font + L";" + strText;
+    OdString strInFont(OdDbMText::fontChange());
+    strInFont.append(properties.font.view());
+    strInFont.append(L";");
+    strInFont.append(strText.view());
+    return strInFont;
 }
 
 void SetColor(const AnnotationProperties& properties, OdDbMText& text)
@@ -108,10 +112,10 @@ double PlaceAcross(const AnnotationProperties& properties, const OdDbMText& text
     return eMode == OdDb::kTextLeft ? -fEdge : eMode == OdDb::kTextRight ? fEdge : 0.0;
 }
 
-double PlaceUpward(const AnnotationProperties& properties, const OdDbMText& text, const TextReach& reach)
+double PlaceUpward(const AnnotationProperties& properties, const TextReach& reach)
 {
     const double fEdge = properties.height / 2.0 - EffectivePadding(properties);
-    switch (text.verticalMode())
+    switch (reach.eVertical)
     {
     case OdDb::kTextTop:
         return fEdge - reach.fCapital;
@@ -124,7 +128,7 @@ double PlaceUpward(const AnnotationProperties& properties, const OdDbMText& text
 
 void SetPlace(const AnnotationProperties& properties, OdDbMText& text, const TextReach& reach)
 {
-    text.setLocation(OdGePoint3d(PlaceAcross(properties, text), PlaceUpward(properties, text, reach), 0.0));
+    text.setLocation(OdGePoint3d(PlaceAcross(properties, text), PlaceUpward(properties, reach), 0.0));
 }
 
 // ---- Contents
@@ -156,13 +160,14 @@ double ContentLength(double fLength, double fMargin)
 TextReach CTextMeasure::Measure(const AnnotationProperties& properties, OdDbMText& text)
 {
     const bool bDescends = properties.text.findOneOf(kDescenders) >= 0;
-    const Key key(std::wstring(properties.font.view()), text.textHeight(), text.verticalMode(), bDescends);
+    const OdDb::TextVertMode eVertical = text.verticalMode();
+    const Key key(std::wstring(properties.font.view()), text.textHeight(), eVertical, bDescends);
     if (const auto found = m_known.find(key); found != m_known.end())
         return found->second;
     text.setLocation(OdGePoint3d::kOrigin);
     const OdGeExtents3d capital = Probe(properties, text, kCapital);
     const OdGeExtents3d line = bDescends ? Probe(properties, text, kCapitalAndDescenders) : capital;
-    return m_known[key] = {capital.maxPoint().y, line.maxPoint().y, line.minPoint().y};
+    return m_known[key] = {capital.maxPoint().y, line.maxPoint().y, line.minPoint().y, eVertical};
 }
 
 // What differs from one text to the next comes last, for texts share what they were before.

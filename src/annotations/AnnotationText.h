@@ -13,9 +13,10 @@ namespace Annotation
 /** How far a line of text reaches above and below the place of its MTEXT. */
 struct TextReach
 {
-    double fCapital; ///< top of a capital letter by itself
-    double fTop;     ///< of the line
-    double fBottom;  ///< of the line
+    double fCapital;              ///< top of a capital letter by itself
+    double fTop;                  ///< of the line
+    double fBottom;               ///< of the line
+    OdDb::TextVertMode eVertical; ///< where that place is in the text
     double Height() const { return fTop - fBottom; }
 };
 

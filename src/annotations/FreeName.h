@@ -20,25 +20,35 @@ inline OdString NumberedName(const OdChar* pszName, int iNumber)
     return OdString(strName);
 }
 
-/** A number above iLast whose name is free, next to one whose name is taken or to iLast. Names are given from the first
-    number on, so it is found by doubling and halving rather than by trying all. */
-template<class IsTaken>
-int FindFreeNumber(const OdChar* pszName, int iLast, IsTaken isTaken)
+/** A name that is free, and its number. */
+struct FreeName
 {
-    const auto taken = [&](int iNumber) { return isTaken(NumberedName(pszName, iNumber)); };
+    int iNumber;
+    OdString strName;
+};
+
+/** A name with a number above iLast that is free, next to one that is taken or to that of iLast. Names are given from
+    the first number on, so it is found by doubling and halving rather than by trying all. */
+template<class IsTaken>
+FreeName FindFreeName(const OdChar* pszName, int iLast, IsTaken isTaken)
+{
+    FreeName free{iLast + 1, NumberedName(pszName, iLast + 1)};
     int iTaken = iLast;
-    int iFree = iTaken + 1;
-    for (int iStep = 1; taken(iFree); iStep *= 2)
+    for (int iStep = 1; isTaken(free.strName); iStep *= 2)
     {
-        iTaken = iFree;
-        iFree += iStep;
+        iTaken = free.iNumber;
+        free.iNumber += iStep;
+        free.strName = NumberedName(pszName, free.iNumber);
     }
-    while (iFree - iTaken > 1)
+    while (free.iNumber - iTaken > 1)
     {
-        const int iMiddle = iTaken + (iFree - iTaken) / 2;
-        (taken(iMiddle) ? iTaken : iFree) = iMiddle;
+        const int iMiddle = iTaken + (free.iNumber - iTaken) / 2;
+        if (OdString strMiddle = NumberedName(pszName, iMiddle); isTaken(strMiddle))
+            iTaken = iMiddle;
+        else
+            free = {iMiddle, strMiddle};
     }
-    return iFree;
+    return free;
 }
 
 } // namespace Annotation
