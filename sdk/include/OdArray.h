@@ -143,7 +143,7 @@ public:
     }
     void setAll(const T& value)
     {
-        const T copy(value);
+        const T copy(value); // value may be an element. NOLINT(performance-unnecessary-copy-initialization)
         own();
         std::fill(m_data, m_data + size(), copy);
     }
