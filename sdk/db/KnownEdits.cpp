@@ -22,16 +22,21 @@ std::size_t mixed(std::size_t hash, std::size_t value)
     return hash ^ hash >> 29;
 }
 
-// Eight bytes at a time; most edits have no more than two or three such blocks.
+// Eight bytes at a time, at the end some for the second time; most edits have no more than two or three such blocks.
 std::size_t mixed(std::size_t hash, std::string_view bytes)
 {
     std::size_t block = 0;
-    for (; bytes.size() >= sizeof block; bytes.remove_prefix(sizeof block))
+    if (bytes.size() >= sizeof block)
     {
-        std::memcpy(&block, bytes.data(), sizeof block);
-        hash = mixed(hash, block);
+        const std::size_t last = bytes.size() - sizeof block;
+        for (std::size_t at = 0; at < last; at += sizeof block)
+        {
+            std::memcpy(&block, bytes.data() + at, sizeof block);
+            hash = mixed(hash, block);
+        }
+        std::memcpy(&block, bytes.data() + last, sizeof block);
+        return mixed(hash, block);
     }
-    block = bytes.size();
     for (const char byte : bytes)
         block = block << 8 | static_cast<unsigned char>(byte);
     return mixed(hash, block);

@@ -285,9 +285,8 @@ void ObjectCore::putGroups(OdDbObject& object, Groups groups)
 
 void ObjectCore::changeGroups(OdDbObject& object, Groups groups)
 {
-    object.assertWriteEnabled(false, false);
     if (ObjectCore::groups(object) == groups)
-        return;
+        return object.assertWriteEnabled(false, false);
     object.assertWriteEnabled();
     putGroups(object, std::move(groups));
 }
