@@ -123,19 +123,27 @@ wchar_t* decodeSequences(std::string_view bytes, std::size_t& at, wchar_t* to)
     return to;
 }
 
+// Without branches, so that the units are compared at once.
+template<std::size_t count>
+bool hasSurrogatesInBlock(const wchar_t* units)
+{
+    std::uint32_t found = 0;
+    for (std::size_t i = 0; i < count; ++i)
+        found |= (static_cast<std::uint32_t>(units[i]) & 0xFFFFF800) == 0xD800 ? 1 : 0;
+    return found != 0;
+}
+
 bool hasSurrogates(std::wstring_view units)
 {
-    // In blocks without branches, which are compared at once.
-    constexpr std::size_t kBlock = 16;
+    constexpr std::size_t kLongBlock = 64;
+    constexpr std::size_t kShortBlock = 8;
     std::size_t at = 0;
-    for (; at + kBlock <= units.size(); at += kBlock)
-    {
-        std::uint32_t found = 0;
-        for (std::size_t i = 0; i < kBlock; ++i)
-            found |= (static_cast<std::uint32_t>(units[at + i]) & 0xFFFFF800) == 0xD800 ? 1 : 0;
-        if (found != 0)
+    for (; at + kLongBlock <= units.size(); at += kLongBlock)
+        if (hasSurrogatesInBlock<kLongBlock>(units.data() + at))
             return true;
-    }
+    for (; at + kShortBlock <= units.size(); at += kShortBlock)
+        if (hasSurrogatesInBlock<kShortBlock>(units.data() + at))
+            return true;
     return std::any_of(units.begin() + static_cast<std::ptrdiff_t>(at), units.end(), isSurrogate);
 }
 

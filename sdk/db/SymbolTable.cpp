@@ -68,14 +68,22 @@ static bool namesAreUnique(SymbolTable kind)
     return kind != SymbolTable::Viewport;
 }
 
+// In UTF-8; valid as long as the row is.
+static std::string_view nameIn(const oddb::Groups& groups)
+{
+    const std::optional<oddb::GroupView> name = groups.findAny(2);
+    return name ? name->text() : std::string_view();
+}
+
 OdDbObjectId OdDbSymbolTable::add(OdDbSymbolTableRecord* record)
 {
     assertWriteEnabled(false, false);
     requireRecord(*this, record);
-    const OdString name = record->getName();
-    if (name.isEmpty() && m_records->kind != SymbolTable::TextStyle)
+    const oddb::Groups groups = oddb::readableGroups(*record);
+    const std::string_view name = nameIn(groups);
+    if (name.empty() && m_records->kind != SymbolTable::TextStyle)
         throw OdError(eInvalidSymbolTableName);
-    if (namesAreUnique(m_records->kind) && !name.isEmpty() && has(name))
+    if (namesAreUnique(m_records->kind) && !name.empty() && m_records->findName(name))
         throw OdError(eDuplicateRecordName);
     const OdDbObjectId id = database()->addOdDbObject(record, objectId());
     if (id.isNull())
@@ -131,19 +139,17 @@ OdDbSymbolTableIteratorPtr OdDbSymbolTable::newIterator(bool atBeginning, bool s
 OdString OdDbSymbolTableRecord::getName() const
 {
     const oddb::Groups groups = oddb::readableGroups(*this);
-    const std::optional<oddb::GroupView> name = groups.findAny(2);
-    return name ? odUtf8ToString(name->text()) : OdString();
+    return odUtf8ToString(nameIn(groups));
 }
 
 void OdDbSymbolTableRecord::setName(const OdString& name)
 {
     assertWriteEnabled(false, false);
-    const OdString before = getName();
-    if (name == before || (isDBRO() && database()->isUndoing()))
+    const std::string utf8 = odStringToUtf8(name);
+    if (utf8 == nameIn(oddb::readableGroups(*this)) || (isDBRO() && database()->isUndoing()))
         return;
     if (name.isEmpty())
         throw OdError(eInvalidSymbolTableName);
-    const std::string utf8 = odStringToUtf8(name);
     const OdDbSymbolTable* table = isDBRO() ? SymbolTableCore::tableOf(*this) : nullptr;
     if (table && namesAreUnique(SymbolTableCore::records(*table).kind))
     {
