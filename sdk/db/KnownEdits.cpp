@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <utility>
 
 #include "DatabaseImpl.h"
 #include "ObjectCore.h"
@@ -85,10 +84,19 @@ KnownEdits::Place& KnownEdits::placeToGive(Place* places)
     return *(end - 1);
 }
 
+bool KnownEdits::cameBefore(std::size_t hash)
+{
+    std::array<std::size_t, kChoice>& latest = m_once[hash % kPlaces];
+    if (std::find(latest.begin(), latest.end(), hash) != latest.end())
+        return true;
+    std::copy_backward(latest.begin(), latest.end() - 1, latest.end());
+    latest.front() = hash;
+    return false;
+}
+
 void KnownEdits::remember(Place* places, std::size_t hash, const Groups& row, const RowEdit& edit, const Groups& result)
 {
-    std::size_t& once = m_once[hash % kPlaces];
-    if (std::exchange(once, hash) != hash)
+    if (!cameBefore(hash))
         return;
     Place& given = placeToGive(places);
     given.hash = hash;

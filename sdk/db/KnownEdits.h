@@ -5,6 +5,7 @@
 //                         known            known           known
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -84,9 +85,12 @@ private:
     static Place* find(Place* places, std::size_t hash, const Groups& row, const RowEdit& edit);
     void remember(Place* places, std::size_t hash, const Groups& row, const RowEdit& edit, const Groups& result);
     static Place& placeToGive(Place* places);
+    /// False, and noted, when an edit of this hash has not come lately.
+    bool cameBefore(std::size_t hash);
 
-    std::vector<Place> m_places;                       ///< by hash; none before the first edit
-    std::vector<std::size_t> m_once;                   ///< hashes of edits that came, by hash
+    std::vector<Place> m_places; ///< by hash; none before the first edit
+    /// By hash: the hashes of the edits that came latest and are in no place.
+    std::vector<std::array<std::size_t, kChoice>> m_once;
     std::unordered_map<const void*, Groups> m_newRows; ///< by class
 };
 
