@@ -13,7 +13,6 @@ namespace
 {
 
 constexpr std::size_t kMostPending = std::size_t{256} << 10; // bytes
-constexpr int kPatience = 200; // how often the other thread looks for work before it sleeps: for about 0.1 ms
 
 } // namespace
 
@@ -170,18 +169,14 @@ void Conversation::work()
     }
 }
 
+// Ends when nothing is left to do.
 void Conversation::serve()
 {
-    for (int idle = 0; idle < kPatience;)
+    bool didSomething = true;
+    while (didSomething)
     {
         const bool wrote = writePending();
-        if (readAhead() || wrote)
-            idle = 0;
-        else
-        {
-            ++idle;
-            std::this_thread::yield();
-        }
+        didSomething = readAhead() || wrote;
     }
 }
 

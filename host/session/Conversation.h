@@ -45,7 +45,7 @@ public:
     bool finish();
 
 private:
-    static constexpr std::size_t kAhead = 32; // requests that are read and not done
+    static constexpr std::size_t kAhead = 128; // requests that are read and not done
 
     ReadRequest& slot(std::size_t place) { return m_slots[place % kAhead]; }
     bool isOneRead() const { return countAhead() > 0; }

@@ -16,7 +16,7 @@ namespace session
 namespace
 {
 
-constexpr std::size_t kReusedMemory = std::size_t{64} * 1024;
+constexpr std::size_t kReusedMemory = std::size_t{8} * 1024;
 constexpr std::size_t kLongRequest = std::size_t{1024} * 1024; // in units
 constexpr int kDeepestNesting = 512;
 constexpr std::size_t kShownDigits = 40;
