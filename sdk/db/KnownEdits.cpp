@@ -18,7 +18,7 @@ std::size_t mixed(std::size_t hash, std::size_t value)
 {
     constexpr std::size_t kOdd = 0x9E3779B97F4A7C15u;
     hash = (hash ^ value) * kOdd;
-    return hash ^ hash >> 29;
+    return hash ^ hash >> 32;
 }
 
 // Eight bytes at a time, at the end some for the second time; most edits have no more than two or three such blocks.
@@ -109,11 +109,11 @@ void KnownEdits::remember(Place* places, std::size_t hash, const Groups& row, co
     given.after = result;
 }
 
+// The row comes last, for what comes last is mixed least: addresses differ in their lower bits, numbers in all.
 std::size_t KnownEdits::hashOf(const Groups& row, const RowEdit& edit)
 {
-    const std::size_t hash = mixed(reinterpret_cast<std::size_t>(edit.part) + static_cast<std::size_t>(edit.code),
-                                   reinterpret_cast<std::size_t>(row.data()));
-    return mixed(hash, edit.groups);
+    const std::size_t what = reinterpret_cast<std::size_t>(edit.part) + static_cast<std::size_t>(edit.code);
+    return mixed(mixed(what, edit.groups), reinterpret_cast<std::size_t>(row.data()));
 }
 
 KnownEdits* KnownEdits::of(const OdDbObject& object)

@@ -96,7 +96,7 @@ TEST_F(MadeAlikeTest, ThoseOfManyKindsShareThoughTheKindsTakeTurns)
 {
     constexpr std::size_t kKinds = kCount / 3;
     const std::vector<OdDbObjectId> ids =
-        draw<OdDbMText>(database, [](OdDbMText& text, int number) { text.setTextHeight(2.0 + number % kKinds); });
+        draw<OdDbMText>(database, [](OdDbMText& text, int number) { text.setTextHeight(1.0 / (2 + number % kKinds)); });
     std::size_t alone = 0;
     for (std::size_t i = kKinds; i < 2 * kKinds; ++i)
         alone += groupsOf(ids[i]).data() != groupsOf(ids[i + kKinds]).data() ? 1 : 0;
