@@ -12,6 +12,7 @@ namespace session
 namespace
 {
 
+constexpr int kWorthWaking = 8; // lines; fewer are read sooner than the other thread is awake
 constexpr std::size_t kMostPending = std::size_t{256} << 10; // bytes
 
 } // namespace
@@ -78,7 +79,7 @@ bool Conversation::readOne()
     if (!m_lines.read(line))
         return false;
     add(line);
-    m_hasMore.store(m_lines.hasLine(), std::memory_order_relaxed);
+    m_hasMore.store(m_lines.hasLines(kWorthWaking), std::memory_order_relaxed);
     return true;
 }
 

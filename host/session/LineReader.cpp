@@ -71,9 +71,17 @@ bool LineReader::readAhead(std::string_view& line)
     }
 }
 
-bool LineReader::hasLine() const
+bool LineReader::hasLines(int count) const
 {
-    return findFeed(m_begin) != nullptr;
+    std::size_t from = m_begin;
+    for (; count > 0; --count)
+    {
+        const char* const feed = findFeed(from);
+        if (feed == nullptr)
+            return false;
+        from = static_cast<std::size_t>(feed - m_buffer.get()) + 1;
+    }
+    return true;
 }
 
 // Null when there is none.

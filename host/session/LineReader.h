@@ -27,8 +27,8 @@ public:
     // the end; read() goes on from there.
     bool readAhead(std::string_view& line);
 
-    // True when the next line is here already.
-    bool hasLine() const;
+    // True when so many lines are here already.
+    bool hasLines(int count) const;
 
     // True when the line read last was longer than a line may be; line is its beginning then.
     bool wasTooLong() const { return m_wasTooLong; }
