@@ -14,6 +14,8 @@ namespace
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 constexpr bool kTakeApart = true; // what is wrong with that is to be found, too
+#elif defined(__has_feature)
+constexpr bool kTakeApart = __has_feature(address_sanitizer) || __has_feature(thread_sanitizer);
 #else
 constexpr bool kTakeApart = false;
 #endif

@@ -1,21 +1,16 @@
 // A line of the session's input as far as it could be read.
 #include "session/ReadRequest.h"
 
+#include "session/LineReader.h"
+
 namespace session
 {
-
-namespace
-{
-
-constexpr std::size_t kLongLine = std::size_t{64} << 10;
-
-} // namespace
 
 void ReadRequest::read(std::string_view line, bool isTooLong)
 {
     if (isLong || isTooLong)
         reader = std::make_unique<RequestReader>();
-    isLong = line.size() > kLongLine;
+    isLong = line.size() > LineReader::kShortLine;
     fault = nullptr;
     try
     {
