@@ -173,7 +173,7 @@ OdRxClass* odrxGetClassByDxfName(const OdString& dxfName)
 {
     if (dxfName.isEmpty())
         return nullptr;
-    for (OdRxDictionaryIteratorPtr it = odrxClassDictionary()->newIterator(OdRx::kDictSorted); !it->done(); it->next())
+    for (OdRxDictionaryIteratorPtr it = odrxClassDictionary()->newIterator(); !it->done(); it->next())
     {
         OdRxClass* candidate = static_cast<OdRxClass*>(it->object().get());
         if (candidate->dxfName().iCompare(dxfName) == 0)

@@ -206,8 +206,8 @@ public:
         std::vector<EntryReference> entries = references();
         std::sort(entries.begin(), entries.end(),
                   [this, type](const EntryReference& first, const EntryReference& second) {
-                      return type == OdRx::kDictSorted ? first.serial < second.serial
-                                                       : m_rule.isLess(first.key, second.key);
+                      return type == OdRx::kDictSorted ? m_rule.isLess(first.key, second.key)
+                                                       : first.serial < second.serial;
                   });
         return OdRxObjectImpl<Iterator, OdRxDictionaryIterator>::createObject(
             static_cast<const OdRxDictionary&>(*this), static_cast<const EntryReader&>(*this), std::move(entries));

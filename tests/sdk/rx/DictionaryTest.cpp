@@ -80,10 +80,10 @@ TEST_P(Dictionaries, IteratorsSeeWhatIsStillThere)
     const OdRxDictionaryPtr dictionary = make(false);
     for (const OdChar* key : {L"d", L"B", L"a", L"C"})
         dictionary->putAt(key, number(key[0]));
-    EXPECT_TRUE(keysOf(*dictionary, OdRx::kDictCollated) == L"a B C d ");
-    EXPECT_TRUE(keysOf(*dictionary, OdRx::kDictSorted) == L"d B a C ");
+    EXPECT_TRUE(keysOf(*dictionary, OdRx::kDictSorted) == L"a B C d ");
+    EXPECT_TRUE(keysOf(*dictionary, OdRx::kDictCollated) == L"d B a C ");
 
-    const OdRxDictionaryIteratorPtr it = dictionary->newIterator();
+    const OdRxDictionaryIteratorPtr it = dictionary->newIterator(OdRx::kDictSorted);
     EXPECT_TRUE(it->getKey() == L"a");
     dictionary->remove(L"a");
     dictionary->putAt(L"e", number(5)); // takes the id of the removed one
