@@ -1,6 +1,8 @@
 // What can be loaded into a running program: modules.
 #pragma once
 
+#include <atomic>
+
 #include "OdPlatform.h"
 #include "RxObject.h"
 
@@ -41,9 +43,9 @@ public:
         return s_module;
     }
 
-    void addRef() override { ++m_references; }
-    void release() override { --m_references; }
-    long numRefs() const override { return m_references; }
+    void addRef() override { m_references.fetch_add(1, std::memory_order_relaxed); }
+    void release() override { m_references.fetch_sub(1, std::memory_order_acq_rel); }
+    long numRefs() const override { return m_references.load(std::memory_order_acquire); }
     void* sysData() override { return m_handle; }
     OdString moduleName() const override { return m_name; }
     void deleteModule() override
@@ -59,7 +61,7 @@ private:
     static inline OdRxModule* s_module = nullptr;
     HINSTANCE m_handle;
     OdString m_name;
-    long m_references = 0;
+    std::atomic<long> m_references = 0;
 };
 
 /** What a module that is part of the program is made by. */

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <thread>
 
 #include "OdaCommon.h"
 #include "RxClass.h"
@@ -125,6 +126,15 @@ TEST_F(Linker, PrefersModulesOfTheProgram)
     const OdRxModule* module = odrxLoadApp(L"greetingMODULE.tx", false);
     EXPECT_NE(dynamic_cast<const StaticModule*>(module), nullptr);
     EXPECT_EQ(StaticModule::starts, 1);
+    const auto copyPointers = [module]
+    {
+        for (int i = 0; i < 200000; ++i)
+            const OdRxModulePtr copy(module);
+    };
+    std::thread other(copyPointers);
+    copyPointers();
+    other.join();
+    EXPECT_EQ(module->numRefs(), 1);
     odrxDynamicLinker()->unloadUnreferenced();
     EXPECT_EQ(StaticModule::ends, 1);
     odrxRegisterStaticModule(L"GreetingModule.tx", nullptr);
