@@ -314,7 +314,9 @@ int OdString::remove(OdChar character)
 
 int OdString::insert(int index, OdChar character)
 {
-    return insert(index, OdString(&character, 1).c_str());
+    const int at = std::clamp(index, 0, getLength());
+    *this = left(at) + character + mid(at);
+    return getLength();
 }
 
 int OdString::insert(int index, const OdChar* text)

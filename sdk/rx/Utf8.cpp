@@ -1,10 +1,12 @@
 // Implements the reading and writing of UTF-8.
 #include "rx/Utf8.h"
 
-#include "OdString.h"
-
 #include <algorithm>
+#include <climits>
 #include <cstring>
+
+#include "OdError.h"
+#include "OdString.h"
 
 namespace odutf8
 {
@@ -129,7 +131,10 @@ OdString odUtf8ToString(std::string_view utf8)
     if (utf8.empty())
         return text;
     const std::size_t ascii = countAscii(utf8);
-    const int length = static_cast<int>(ascii + odutf8::countCharacters(utf8.substr(ascii)));
+    const std::size_t count = ascii + odutf8::countCharacters(utf8.substr(ascii));
+    if (count > INT_MAX)
+        odThrow(eOutOfMemory);
+    const int length = static_cast<int>(count);
     OdChar* target = std::copy_n(utf8.begin(), ascii, text.getBuffer(length));
     const char* position = utf8.data() + ascii;
     for (const char* const end = utf8.data() + utf8.size(); position != end; ++target)

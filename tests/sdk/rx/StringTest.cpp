@@ -90,6 +90,7 @@ TEST(String, PositionsOutOfRangeAreBroughtIntoRange)
     EXPECT_EQ(support::codeOf([&] { text.getAt(6); }), eInvalidIndex);
     EXPECT_EQ(support::codeOf([&] { text.getAt(-1); }), eInvalidIndex);
     EXPECT_EQ(text[6], L'\0');
+    EXPECT_EQ(OdString(text).insert(3, L'\0'), 7) << "a null character is one, too";
 }
 
 TEST(String, NullPointersAreTheEmptyText)
