@@ -40,6 +40,13 @@ public:
     }
     // The same for a text that is known to be printed ASCII.
     void printed(std::string_view text) { put(text); }
+    // Puts a string down that is in its form already: in UTF-8, with quotes and escapes.
+    void escaped(std::string_view string)
+    {
+        Prefix(rapidjson::kStringType);
+        std::copy(string.begin(), string.end(), os_->Push(string.size()));
+        EndValue(true);
+    }
 
 private:
     template<class View>

@@ -466,23 +466,23 @@ bool isHalfCharacter(wchar_t character)
     return (character >= 0xD800 && character <= 0xDFFF) || character < 0 || character > 0x10FFFF;
 }
 
-std::wstring escape(std::wstring_view text)
+std::string escape(std::wstring_view text)
 {
-    std::wstring escaped = L"\"";
+    std::string escaped = "\"";
     for (const wchar_t character : text)
     {
         if (isHalfCharacter(character) || character < L' ')
         {
-            wchar_t digits[8];
-            std::swprintf(digits, std::size(digits), L"\\u%04x", unsigned(character) & 0xFFFF);
+            char digits[8];
+            std::snprintf(digits, std::size(digits), "\\u%04x", unsigned(character) & 0xFFFF);
             escaped += digits;
             continue;
         }
         if (character == L'"' || character == L'\\')
-            escaped += L'\\';
-        escaped += character;
+            escaped += '\\';
+        odAppendUtf8(escaped, {&character, 1});
     }
-    return escaped += L'"';
+    return escaped += '"';
 }
 
 } // namespace
@@ -516,8 +516,7 @@ void writeText(JsonWriter& writer, const OdString& text)
         writer.String(view.data(), static_cast<rapidjson::SizeType>(view.size()));
         return;
     }
-    const std::wstring escaped = escape(view);
-    writer.RawValue(escaped.data(), escaped.size(), rapidjson::kStringType);
+    writer.escaped(escape(view));
 }
 
 } // namespace session
