@@ -331,6 +331,10 @@ inline std::string odStringToUtf8(const OdChar* text)
 /** As odStringToUtf8, put behind what the buffer holds. */
 void odAppendUtf8(std::string& buffer, std::wstring_view text);
 
+/** Copies the ASCII characters that the text begins with, each to one byte, and returns how many they are. There is
+   room for as many bytes as the text has characters; those behind the copied ones may be overwritten. */
+std::size_t odCopyAscii(std::wstring_view text, char* target);
+
 /** As odUtf8ToString, put behind what the buffer holds. */
 void odAppendWide(std::wstring& buffer, std::string_view utf8);
 

@@ -39,8 +39,11 @@ OdChar odCaseFoldBeyondAscii(OdChar character)
     return odToLower(odToUpper(character));
 }
 
+// Texts that are compared are the same to the letter more often than not, which is found out at many characters a time.
 int odCompareNoCase(std::wstring_view first, std::wstring_view second)
 {
+    if (first == second)
+        return 0;
     const std::size_t common = std::min(first.size(), second.size());
     for (std::size_t i = 0; i < common; ++i)
     {
@@ -58,6 +61,8 @@ bool odEqualsNoCase(std::wstring_view first, std::wstring_view second)
 {
     if (first.size() != second.size())
         return false;
+    if (first == second)
+        return true;
     for (std::size_t i = 0; i < first.size(); ++i)
         if (first[i] != second[i] && odCaseFold(first[i]) != odCaseFold(second[i]))
             return false;

@@ -3,7 +3,10 @@
 
 #include <algorithm>
 #include <climits>
-#include <cstring>
+
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
 
 #include "OdError.h"
 #include "OdString.h"
@@ -143,24 +146,37 @@ OdString odUtf8ToString(std::string_view utf8)
     return text;
 }
 
-// Copies the ASCII characters that the text begins with, and returns how many they are. There is room for all of it.
-static std::size_t copyAscii(std::wstring_view text, char* target)
+static constexpr std::size_t kBlock = 8; // characters that are copied at once
+
+// Copies a block. False when not all of it is ASCII; what was put down then is of no use.
+static bool copyAsciiBlock(const OdChar* source, char* target)
 {
-    constexpr std::size_t kBlock = 8;
-    std::size_t count = 0;
-    for (; count + kBlock <= text.size(); count += kBlock)
+#ifdef __SSE2__
+    const __m128i low = _mm_loadu_si128(reinterpret_cast<const __m128i*>(source));
+    const __m128i high = _mm_loadu_si128(reinterpret_cast<const __m128i*>(source + kBlock / 2));
+    const __m128i words = _mm_packs_epi32(low, high);
+    _mm_storel_epi64(reinterpret_cast<__m128i*>(target), _mm_packus_epi16(words, words));
+    const __m128i beyond = _mm_andnot_si128(_mm_set1_epi32(0x7F), _mm_or_si128(low, high));
+    return _mm_movemask_epi8(_mm_cmpeq_epi32(beyond, _mm_setzero_si128())) == 0xFFFF;
+#else
+    OdChar all = 0;
+    for (std::size_t i = 0; i < kBlock; ++i)
     {
-        wchar_t all = 0;
-        char block[kBlock];
-        for (std::size_t i = 0; i < kBlock; ++i)
-        {
-            all |= text[count + i];
-            block[i] = static_cast<char>(text[count + i]);
-        }
-        if (!odIsAscii(all))
-            break;
-        std::memcpy(target + count, block, kBlock);
+        all |= source[i];
+        target[i] = static_cast<char>(source[i]);
     }
+    return odIsAscii(all);
+#endif
+}
+
+std::size_t odCopyAscii(std::wstring_view text, char* target)
+{
+    std::size_t count = 0;
+    while (count + kBlock <= text.size() && copyAsciiBlock(text.data() + count, target + count))
+        count += kBlock;
+    const std::size_t lastBlock = text.size() - kBlock; // which may share characters with the one in front of it
+    if (text.size() >= kBlock && count > lastBlock && copyAsciiBlock(text.data() + lastBlock, target + lastBlock))
+        return text.size();
     for (; count < text.size() && odIsAscii(text[count]); ++count)
         target[count] = static_cast<char>(text[count]);
     return count;
@@ -170,7 +186,7 @@ void odAppendUtf8(std::string& buffer, std::wstring_view text)
 {
     const std::size_t before = buffer.size();
     buffer.resize(before + text.size());
-    const std::size_t ascii = copyAscii(text, buffer.data() + before);
+    const std::size_t ascii = odCopyAscii(text, buffer.data() + before);
     buffer.resize(before + ascii);
     for (std::size_t i = ascii; i < text.size();)
         odutf8::appendCharacter(buffer, odutf8::takeCharacter(text, i));
