@@ -15,7 +15,7 @@ void writeId(rapidjson::StringBuffer& text, JsonWriter& writer, const std::strin
 {
     if (id.empty())
         return;
-    writer.printed("id");
+    writer.plain("id");
     writer.RawValue(L"", 0, rapidjson::kNullType); // the separator; the text itself is in bytes already
     for (const char byte : id)
         text.Put(byte);
@@ -24,43 +24,43 @@ void writeId(rapidjson::StringBuffer& text, JsonWriter& writer, const std::strin
 void writeOptional(JsonWriter& writer, const std::optional<OdString>& text)
 {
     if (text)
-        writeText(writer, *text);
+        writer.text(text->view());
     else
         writer.Null();
 }
 
 void writeFailure(JsonWriter& writer, const Failure& failure)
 {
-    writer.printed("error");
+    writer.plain("error");
     writer.StartObject();
-    writer.printed("code");
+    writer.plain("code");
     writer.Int(failure.code);
-    writer.printed("type");
-    writeText(writer, failure.type);
+    writer.plain("type");
+    writer.text(failure.type.view());
     if (failure.name)
     {
-        writer.printed("name");
-        writeText(writer, *failure.name);
+        writer.plain("name");
+        writer.text(failure.name->view());
     }
     if (failure.function)
     {
-        writer.printed("function");
-        writeText(writer, *failure.function);
+        writer.plain("function");
+        writer.text(failure.function->view());
     }
-    writer.printed("text");
-    writeText(writer, failure.text);
+    writer.plain("text");
+    writer.text(failure.text.view());
     writer.EndObject();
 }
 
 void writeOutput(JsonWriter& writer, const std::vector<Output>& output)
 {
-    writer.printed("output");
+    writer.plain("output");
     writer.StartArray();
     for (const Output& piece : output)
     {
         writer.StartObject();
-        writer.printed(kOutputNames[static_cast<std::size_t>(piece.kind)]);
-        writeText(writer, piece.text);
+        writer.plain(kOutputNames[static_cast<std::size_t>(piece.kind)]);
+        writer.text(piece.text.view());
         writer.EndObject();
     }
     writer.EndArray();
@@ -75,15 +75,15 @@ std::string_view ResponseWriter::write(const Response& response)
     JsonWriter& writer = m_writer;
     writer.StartObject();
     writeId(m_text, writer, response.id);
-    writer.printed("command");
+    writer.plain("command");
     writeOptional(writer, response.command);
-    writer.printed("state");
-    writer.printed(response.state);
-    writer.printed("flags");
+    writer.plain("state");
+    writer.plain(response.state);
+    writer.plain("flags");
     writer.Uint(response.flags);
-    writer.printed("message");
+    writer.plain("message");
     writeOptional(writer, response.message);
-    writer.printed("result");
+    writer.plain("result");
     if (response.result.isNull() || response.failure)
         writer.Null();
     else

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 #include <string>
 #include <string_view>
 
@@ -186,7 +185,7 @@ int countOfType(const OdResBuf* element, int type)
 
 void writeHandle(JsonWriter& writer, const OdDbObjectId& id)
 {
-    writer.printed(id.getHandle().text());
+    writer.plain(id.getHandle().text());
 }
 
 void writePointOf(JsonWriter& writer, const OdResBuf* element)
@@ -205,7 +204,7 @@ void writePointOf(JsonWriter& writer, const OdResBuf* element)
 
 void writeString(Sink& sink, const OdResBuf* element, int)
 {
-    writeText(sink.writer, element->getString());
+    sink.writer.text(element->getString().view());
 }
 
 void writeBool(Sink& sink, const OdResBuf* element, int)
@@ -452,37 +451,13 @@ void writeChainAt(Sink& sink, const OdResBuf* chain)
         const OdString name = hasName ? element->getString() : OdString();
         if (hasName)
             element = element->next();
-        writeText(sink.writer, name);
+        sink.writer.text(name.view());
         if (hostcommands::namesObjectList(name))
             element = writeKind(sink, kObjectIdsKind, element, countOfType(element, OdResBuf::kRtObjectId));
         else
             element = writeValues(sink, element);
     }
     sink.writer.EndObject();
-}
-
-bool isHalfCharacter(wchar_t character)
-{
-    return (character >= 0xD800 && character <= 0xDFFF) || character < 0 || character > 0x10FFFF;
-}
-
-std::string escape(std::wstring_view text)
-{
-    std::string escaped = "\"";
-    for (const wchar_t character : text)
-    {
-        if (isHalfCharacter(character) || character < L' ')
-        {
-            char digits[8];
-            std::snprintf(digits, std::size(digits), "\\u%04x", unsigned(character) & 0xFFFF);
-            escaped += digits;
-            continue;
-        }
-        if (character == L'"' || character == L'\\')
-            escaped += '\\';
-        odAppendUtf8(escaped, {&character, 1});
-    }
-    return escaped += '"';
 }
 
 } // namespace
@@ -504,19 +479,6 @@ void writeChain(JsonWriter& writer, const OdResBuf* chain)
 {
     Sink sink{writer};
     writeChainAt(sink, chain);
-}
-
-void writeText(JsonWriter& writer, const OdString& text)
-{
-    const std::wstring_view view = text.view();
-    if (writer.printed(view))
-        return;
-    if (std::none_of(view.begin(), view.end(), isHalfCharacter))
-    {
-        writer.String(view.data(), static_cast<rapidjson::SizeType>(view.size()));
-        return;
-    }
-    writer.escaped(escape(view));
 }
 
 } // namespace session

@@ -32,7 +32,4 @@ OdResBufPtr readChain(const WideValue& members, OdDbDatabase& database);
 // null, one with several values an array of them.
 void writeChain(JsonWriter& writer, const OdResBuf* chain);
 
-// Writes a text; half characters, which stand for bytes that are no text, become escapes of JSON.
-void writeText(JsonWriter& writer, const OdString& text);
-
 } // namespace session

@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include "session/ValueKinds.h"
 #include "session/WideText.h"
 
 namespace
@@ -235,11 +234,6 @@ TEST(WideText, JoinsHalvesAndLeavesLoneOnesAlone)
     const OdString text = session::joinSurrogates(units, std::size(units));
     const std::wstring expected = {L'a', wchar_t(0x1F600), wchar_t(0xDE00), wchar_t(0xD83D), L'b', wchar_t(0xD83D)};
     EXPECT_EQ(text, OdString(expected));
-
-    rapidjson::StringBuffer written;
-    session::JsonWriter writer(written);
-    session::writeText(writer, text + L"\u0416\"\n");
-    EXPECT_STREQ(written.GetString(), "\"a\xF0\x9F\x98\x80\\ude00\\ud83db\\ud83d\xD0\x96\\\"\\u000a\"");
 }
 
 } // namespace
