@@ -19,6 +19,7 @@ namespace
 {
 
 constexpr std::size_t kBufferSize = std::size_t{1} << 18;
+constexpr std::uint64_t kDiskStep = std::uint64_t{1} << 22;
 constexpr mode_t kPermissions = 07777;
 constexpr int kMostLinks = 40;
 
@@ -138,6 +139,7 @@ void OutputFile::flush()
 void OutputFile::writeOut(std::string_view bytes)
 {
     NoSignals noSignals;
+    m_written += bytes.size();
     while (!bytes.empty())
     {
         const ssize_t count = ::write(m_file, bytes.data(), bytes.size());
@@ -151,6 +153,18 @@ void OutputFile::writeOut(std::string_view bytes)
         }
         bytes.remove_prefix(static_cast<std::size_t>(count));
     }
+    if (m_temporary && m_written - m_onItsWay >= kDiskStep)
+        startToDisk();
+}
+
+// Lets the disk work while the rest is printed, so that commit() has little left to wait for. What goes wrong is told
+// there.
+void OutputFile::startToDisk()
+{
+    const auto work = [file = m_file, from = m_onItsWay, count = m_written - m_onItsWay]
+    { ::sync_file_range(file, static_cast<off_t>(from), static_cast<off_t>(count), SYNC_FILE_RANGE_WRITE); };
+    m_toDisk = std::async(std::launch::async | std::launch::deferred, work); // deferred: without a thread, never
+    m_onItsWay = m_written;
 }
 
 void OutputFile::commit()

@@ -5,6 +5,8 @@
 #include "OutputBuffer.h"
 #include "TemporaryFile.h"
 
+#include <cstdint>
+#include <future>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -34,10 +36,14 @@ private:
     void makeRoom(std::size_t size) override;
     void flush();
     void writeOut(std::string_view bytes);
+    void startToDisk();
 
     std::string m_target;
     std::optional<TemporaryFile> m_temporary; // none when the target is written directly
     int m_file = -1;
+    std::uint64_t m_written = 0;
+    std::uint64_t m_onItsWay = 0; // of what was written: what the disk has got, or is getting
+    std::future<void> m_toDisk;   // behind the file, which it needs until it ends
 };
 
 } // namespace dxf
