@@ -167,6 +167,7 @@ class GroupSpan
 {
 public:
     GroupSpan() = default;
+    GroupSpan(const std::uint8_t* begin, const std::uint8_t* end) : m_begin(begin), m_end(end) {}
     GroupSpan(const GroupsData* data)
         : m_begin(data != nullptr ? data->bytes() : nullptr), m_end(data != nullptr ? m_begin + data->size : nullptr)
     {
@@ -309,6 +310,8 @@ public:
 
     const std::uint8_t* begin() const { return m_buffer; }
     const std::uint8_t* end() const { return m_buffer + m_size; }
+    /// The row made so far, valid until the builder is used again.
+    GroupSpan view() const { return {begin(), end()}; }
 
 private:
     std::uint8_t* grow(std::size_t size)

@@ -282,7 +282,9 @@ void GroupsDxfFiler::wrName(const OdString& name)
 
 void GroupsDxfFiler::wrString(int groupCode, const OdString& value)
 {
-    m_builder.text(groupCode, odStringToUtf8(value));
+    m_text.clear();
+    odAppendUtf8(m_text, value.view());
+    m_builder.text(groupCode, m_text);
 }
 
 void GroupsDxfFiler::wrSubclassMarker(const OdString& value)

@@ -1,6 +1,8 @@
 // A DXF filer over rows of groups: what an object writes becomes a row, and it reads from a row as from a file.
 #pragma once
 
+#include <string>
+
 #include "DbFiler.h"
 #include "Groups.h"
 #include "RxObjectImpl.h"
@@ -20,6 +22,8 @@ public:
 
     /// The groups written so far; the filer is empty afterwards.
     Groups finish() { return m_builder.finish(); }
+    /// The same without taking them; valid until the filer is used again.
+    GroupSpan written() const { return m_builder.view(); }
     /// Writes a whole row.
     void wrGroups(const Groups& groups) { m_builder.append(groups); }
     /// Reads all groups that are left.
@@ -97,6 +101,7 @@ private:
     OdDbDatabase* m_database = nullptr;
     OdDb::DwgVersion m_version = OdDb::kDHL_CURRENT;
     GroupsBuilder m_builder;
+    std::string m_text; ///< the last one that was written
     Groups m_groups;
     GroupIterator m_current; ///< end() before the first nextItem()
     GroupIterator m_next;

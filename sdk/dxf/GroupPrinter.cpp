@@ -12,47 +12,60 @@ namespace dxf
 
 void GroupPrinter::group(const oddb::GroupView& group)
 {
-    switch (valueKind(group.code()))
+    const int code = group.code();
+    switch (valueKind(code))
     {
     case ValueKind::Real:
-        return m_tags.real(group.code(), group.real());
+        return m_tags.real(code, group.real());
     case ValueKind::Int16:
     case ValueKind::Int32:
     case ValueKind::Int64:
     case ValueKind::Bool:
-        return m_tags.integer(group.code(), group.integer());
+        return m_tags.integer(code, group.integer());
     case ValueKind::Bytes:
-        return m_tags.bytes(group.code(), group.binary());
+        return m_tags.bytes(code, group.binary());
     default:
-        referenceOrText(group);
+        referenceOrText(code, group);
     }
 }
 
-void GroupPrinter::referenceOrText(const oddb::GroupView& group)
+void GroupPrinter::referenceOrText(int code, const oddb::GroupView& group)
 {
-    switch (group.type())
+    switch (group.storage())
     {
-    case oddb::GroupType::Id:
-        return m_tags.handle(group.code(), group.stub() != nullptr ? group.stub()->handle : 0);
-    case oddb::GroupType::Name:
-        return m_tags.text(group.code(), nameOf(group.stub()));
+    case oddb::Storage::Atom:
+        return atom(code, group.atom());
+    case oddb::Storage::Id:
+        return m_tags.handle(code, group.stub() != nullptr ? group.stub()->handle : 0);
+    case oddb::Storage::Name:
+        return m_tags.text(code, nameOf(group.stub()));
     default:
-        text(group.code(), group.text());
+        text(code, group.text());
     }
+}
+
+// Whether the text of an atom needs encoding is found out once.
+void GroupPrinter::atom(int code, oddb::Atom atom)
+{
+    if (atom.index() >= m_plainAtoms.size())
+        m_plainAtoms.resize(atom.index() + std::size_t{1});
+    std::string_view& plain = m_plainAtoms[atom.index()];
+    if (plain.empty())
+    {
+        const std::string_view encoded = m_encoder.encode(atom.text());
+        if (encoded.data() != atom.text().data())
+            return m_tags.text(code, encoded);
+        plain = encoded;
+    }
+    m_tags.text(code, plain);
 }
 
 const std::string& GroupPrinter::nameOf(const OdDbStub* record)
 {
     PrintedName& name = m_names[std::hash<const OdDbStub*>()(record) / sizeof(OdDbStub) % m_names.size()];
-    if (name.record != record)
-        name = {record, std::string(m_encoder.encode(oddb::symbolName(record)))};
+    if (name.record != record || name.age != m_age)
+        name = {record, m_age, std::string(m_encoder.encode(oddb::symbolName(record)))};
     return name.text;
-}
-
-void GroupPrinter::forgetNames()
-{
-    for (PrintedName& name : m_names)
-        name.record = nullptr;
 }
 
 void GroupPrinter::groups(oddb::GroupSpan groups)

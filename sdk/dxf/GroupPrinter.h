@@ -7,7 +7,10 @@
 #include "db/Groups.h"
 
 #include <array>
+#include <cstdint>
 #include <string>
+#include <string_view>
+#include <vector>
 
 namespace dxf
 {
@@ -47,24 +50,28 @@ public:
     void groupsOf(const oddb::DxfClass* cls, oddb::GroupSpan groups);
 
     /// To be called when table records may have changed.
-    void forgetNames();
+    void forgetNames() { ++m_age; }
 
 private:
     /// The name of a table record as it was printed last.
     struct PrintedName
     {
         const OdDbStub* record = nullptr;
+        std::uint64_t age = 0;
         std::string text;
     };
 
-    void referenceOrText(const oddb::GroupView& group);
+    void referenceOrText(int code, const oddb::GroupView& group);
     const std::string& nameOf(const OdDbStub* record);
+    void atom(int code, oddb::Atom atom);
 
     TagPrinter& m_tags;
     TextEncoder m_encoder;
     bool m_drops = false;
     OdDb::DwgVersion m_version = OdDb::kDHL_CURRENT;
-    std::array<PrintedName, 64> m_names; // each record has one place, which it shares with others
+    std::array<PrintedName, 64> m_names;        // each record has one place, which it shares with others
+    std::uint64_t m_age = 0;                    // of the names that hold
+    std::vector<std::string_view> m_plainAtoms; // by their numbers: the texts that need no encoding
 };
 
 } // namespace dxf

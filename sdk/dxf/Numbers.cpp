@@ -8,6 +8,7 @@
 #include <cmath>
 #include <cstring>
 #include <limits>
+#include <type_traits>
 
 namespace dxf
 {
@@ -59,22 +60,14 @@ bool parsePlainReal(std::string_view text, double& value)
     return true;
 }
 
-// What comes of reading whole / 10^decimals back when it has so few digits is the same number, and no shorter text is.
-constexpr double kFewDigits = 1e15;
-
-// How many decimals a number of this magnitude may have within the few digits, in steps; -1 for one that is too large.
-int roomForDecimals(double magnitude)
-{
-    return magnitude < 1e6 ? 9 : magnitude < 1e9 ? 6 : magnitude < 1e12 ? 3 : magnitude < kFewDigits ? 0 : -1;
-}
-
 char* printPair(std::uint64_t pair, char* at)
 {
     std::memcpy(at, &kDigitPairs[2 * pair], 2);
     return at + 2;
 }
 
-char* printDigits(std::uint64_t value, char* at)
+template<class Unsigned>
+char* printDigits(Unsigned value, char* at)
 {
     if (value < 10)
     {
@@ -86,54 +79,67 @@ char* printDigits(std::uint64_t value, char* at)
     return printPair(value % 100, printDigits(value / 100, at));
 }
 
-// Prints the fraction without zeros at its end, but one digit at least.
-char* printFraction(std::uint64_t fraction, int decimals, char* at)
+// Prints a fraction of nine digits without the zeros at its end, but one digit at least.
+char* printFraction(std::uint32_t fraction, char* at)
 {
     if (fraction == 0)
     {
         *at = '0';
         return at + 1;
     }
-    while (fraction % 1000 == 0)
-    {
-        fraction /= 1000;
-        decimals -= 3;
-    }
-    while (fraction % 10 == 0)
-    {
-        fraction /= 10;
-        --decimals;
-    }
-    char* const end = at + decimals;
-    char* digit = end;
-    for (; digit - at >= 2; fraction /= 100)
-        printPair(fraction % 100, digit -= 2);
-    if (digit != at)
-        *at = static_cast<char>('0' + fraction);
+    char* end = at + 9;
+    for (char* pair = end - 2; pair > at; pair -= 2, fraction /= 100)
+        printPair(fraction % 100, pair);
+    *at = static_cast<char>('0' + fraction);
+    while (end[-1] == '0')
+        --end;
     return end;
 }
 
-// Prints a number that is exactly a short decimal one; null for any other, for the negative zero, and for numbers so
-// small that the form with an exponent is shorter.
+// Prints digits / 10^decimals; so much is known when it is compiled, so that nothing is divided.
+template<int decimals>
+char* printDecimal(std::uint64_t digits, char* at)
+{
+    constexpr auto kScale = static_cast<std::uint64_t>(kPowersOfTen[decimals]);
+    constexpr auto kMissing = static_cast<std::uint32_t>(kPowersOfTen[9 - decimals]);
+    using Whole = std::conditional_t<decimals == 9, std::uint32_t, std::uint64_t>; // below a million then
+    at = printDigits(static_cast<Whole>(digits / kScale), at);
+    *at++ = '.';
+    return printFraction(static_cast<std::uint32_t>(digits % kScale) * kMissing, at);
+}
+
+// Prints a number that is exactly a short decimal one: what comes of reading digits / 10^decimals back when it has so
+// few digits is the same number, and no shorter text is. Null for any other.
+template<int decimals>
+char* printIfDecimal(double value, char* at)
+{
+    const double magnitude = std::fabs(value);
+    // Wrong rounding is found out below. NOLINTNEXTLINE(bugprone-incorrect-roundings)
+    const auto digits = static_cast<std::uint64_t>(magnitude * kPowersOfTen[decimals] + 0.5);
+    if (static_cast<double>(digits) / kPowersOfTen[decimals] != magnitude)
+        return nullptr;
+    *at = '-';
+    return printDecimal<decimals>(digits, at + (value < 0.0));
+}
+
+// The same with as many decimals as there is room for within fifteen digits. Null also for the negative zero, and for
+// numbers so small that the form with an exponent is shorter.
 char* printPlainReal(double value, char* buffer)
 {
     constexpr double kSmall = 1e-4;
     const double magnitude = std::fabs(value);
-    const int decimals = roomForDecimals(magnitude);
-    if (decimals < 0 || (magnitude < kSmall && std::bit_cast<std::uint64_t>(value) != 0))
-        return nullptr;
-    const double power = kPowersOfTen[decimals];
-    // Wrong rounding is found out below. NOLINTNEXTLINE(bugprone-incorrect-roundings)
-    const auto digits = static_cast<std::uint64_t>(magnitude * power + 0.5);
-    if (static_cast<double>(digits) / power != magnitude)
-        return nullptr;
-    const auto scale = static_cast<std::uint64_t>(power);
-    char* at = buffer;
-    if (value < 0.0)
-        *at++ = '-';
-    at = printDigits(digits / scale, at);
-    *at++ = '.';
-    return printFraction(digits % scale, decimals, at);
+    if (magnitude < kSmall)
+    {
+        std::memcpy(buffer, "0.0", 3);
+        return std::bit_cast<std::uint64_t>(value) == 0 ? buffer + 3 : nullptr;
+    }
+    if (magnitude < 1e6)
+        return printIfDecimal<9>(value, buffer);
+    if (magnitude < 1e9)
+        return printIfDecimal<6>(value, buffer);
+    if (magnitude < 1e12)
+        return printIfDecimal<3>(value, buffer);
+    return magnitude < 1e15 ? printIfDecimal<0>(value, buffer) : nullptr;
 }
 
 double nearestFinite(std::string_view text)

@@ -124,7 +124,7 @@ void ObjectPrinter::printFiled(const OdDbObject& object)
     const OdDbObjectPtr open = object.objectId().safeOpenObject(OdDb::kForRead);
     const auto filer = oddb::GroupsDxfFiler::create(&m_database, OdDbFiler::kFileFiler, m_version);
     open->dxfOutFields(filer);
-    m_groups.groups(filer->finish());
+    m_groups.groups(filer->written());
     // nobody knows what an object does while it files itself
     m_groups.forgetNames();
     m_lastXData = {};
