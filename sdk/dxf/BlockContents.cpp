@@ -6,6 +6,8 @@
 
 #include "Tables.h"
 
+#include <string_view>
+
 #include "DbEntity.h"
 #include "db/BlockCore.h"
 #include "db/ObjectCore.h"
@@ -29,12 +31,12 @@ bool hasSubentities(OdDbStub* stub)
     return list != nullptr && !list->elements().empty();
 }
 
-bool mayOwnSubentities(const std::string& name)
+bool mayOwnSubentities(std::string_view name)
 {
     return name == "POLYLINE" || name == "INSERT";
 }
 
-bool isSubentity(const std::string& name)
+bool isSubentity(std::string_view name)
 {
     return name == "VERTEX" || name == "ATTRIB" || name == "SEQEND";
 }
@@ -69,7 +71,7 @@ void BlockContents::place(OdDbStub* block)
     if (isSubentity(m_reading.record.name) && m_parent != nullptr)
         return placeUnderParent();
     end();
-    if (m_reading.record.name == "SEQEND")
+    if (std::string_view(m_reading.record.name) == "SEQEND")
         return m_reading.noteFault("a SEQEND that ends nothing is passed over");
     OdDbStub* const entity = m_reading.objects.loadEntity(m_reading.record, block);
     if (isSubentity(m_reading.record.name))

@@ -10,6 +10,10 @@
 #include <bit>
 #include <cstring>
 
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
 namespace dxf
 {
 namespace
@@ -23,9 +27,18 @@ std::uint64_t markEqual(std::uint64_t word, char byte)
     return (zeroWhereEqual - kOnes) & ~zeroWhereEqual & kOnes << 7;
 }
 
-// Where the line ends: eight bytes at a time, for most lines are not longer.
+// Where the line ends: many bytes at a time, for most lines are not longer.
 const char* findLineEnd(const char* at, const char* end)
 {
+#ifdef __SSE2__
+    for (const __m128i lineFeeds = _mm_set1_epi8('\n'), returns = _mm_set1_epi8('\r'); end - at >= 16; at += 16)
+    {
+        const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
+        const __m128i marks = _mm_or_si128(_mm_cmpeq_epi8(bytes, lineFeeds), _mm_cmpeq_epi8(bytes, returns));
+        if (const auto bits = static_cast<unsigned int>(_mm_movemask_epi8(marks)); bits != 0)
+            return at + std::countr_zero(bits);
+    }
+#endif
     if constexpr (std::endian::native == std::endian::little)
         for (std::uint64_t word = 0; end - at >= 8; at += 8)
         {
@@ -39,6 +52,17 @@ const char* findLineEnd(const char* at, const char* end)
 }
 
 constexpr std::ptrdiff_t kMostDigits = 4; // of a group code
+
+// Reads a code that is right-aligned in three places, the form in which nearly all programs write them; -1 for any
+// other.
+int readAlignedCode(const char* at)
+{
+    const auto valueOf = [](char character) { return character == ' ' ? 0 : character - '0'; };
+    const auto isPlace = [](char character) { return character == ' ' || (character >= '0' && character <= '9'); };
+    const bool isAligned =
+        at[2] >= '0' && at[2] <= '9' && isPlace(at[1]) && isPlace(at[0]) && (at[1] != ' ' || at[0] == ' ');
+    return isAligned ? valueOf(at[0]) * 100 + valueOf(at[1]) * 10 + valueOf(at[2]) : -1;
+}
 
 // Reads a group code that has blanks behind it or a sign, or finds that it is none.
 bool parseCode(std::string_view line, int& code)
@@ -99,17 +123,6 @@ bool TagScanner::readLine(std::string_view& line)
     m_at = static_cast<std::size_t>(at - m_file.data());
     ++m_line;
     return true;
-}
-
-// Reads a code that is right-aligned in three places, the form in which nearly all programs write them; -1 for any
-// other.
-int readAlignedCode(const char* at)
-{
-    const auto valueOf = [](char character) { return character == ' ' ? 0 : character - '0'; };
-    const auto isPlace = [](char character) { return character == ' ' || (character >= '0' && character <= '9'); };
-    const bool isAligned =
-        at[2] >= '0' && at[2] <= '9' && isPlace(at[1]) && isPlace(at[0]) && (at[1] != ' ' || at[0] == ' ');
-    return isAligned ? valueOf(at[0]) * 100 + valueOf(at[1]) * 10 + valueOf(at[2]) : -1;
 }
 
 // Reads a line that is a code and has nothing but blanks in front of it, as nearly all do. Any other line is left
