@@ -2,6 +2,7 @@
 #include "render/ShownDraw.h"
 
 #include "DbLayerTable.h"
+#include "DbViewport.h"
 
 namespace render
 {
@@ -17,6 +18,11 @@ OdDbObjectId findDefpoints(const OdDbDatabase& database)
 }
 
 } // namespace
+
+bool showsModel(const OdGiDrawable& drawable)
+{
+    return drawable.isA() == OdDbViewport::desc();
+}
 
 ShownDraw::ShownDraw(OdGiRegenType regenType, const OdDbDatabase& database)
     : OdGiBaseVectorizer(regenType), m_defpoints(findDefpoints(database))

@@ -7,6 +7,9 @@
 namespace render
 {
 
+/// True for windows on a sheet, through which the model is seen.
+bool showsModel(const OdGiDrawable& drawable);
+
 /// Passes over what is invisible, on layers that are off or frozen, or there only for dimensions to hang on.
 class ShownDraw : public OdGiBaseVectorizer
 {

@@ -13,6 +13,7 @@
 #include "Gi/GiGeometrySimplifier.h"
 #include "Gi/GiPolyline.h"
 #include "Gi/GiTextStyle.h"
+#include "render/RecordingGeometry.h"
 #include "render/ShownDraw.h"
 
 namespace render
@@ -30,8 +31,8 @@ double extremeOf(double cosinePart, double sinePart)
     return std::atan2(sinePart, cosinePart);
 }
 
-/// The box around a space as it is seen, or around all that a block holds.
-OdGeExtents2d boundsOf(const OdDbObjectId& blockId, bool isOfBlock);
+/// The box around all that a block holds.
+OdGeExtents2d boundsOfBlock(const OdDbObjectId& blockId);
 
 class BoundsGeometry : public OdGiGeometrySimplifier
 {
@@ -213,7 +214,7 @@ private:
         const OdDbObjectId block = reference->blockTableRecord();
         const auto [known, isNew] = m_blocks.try_emplace(static_cast<OdDbStub*>(block));
         if (isNew && !block.isErased())
-            known->second = boundsOf(block, true);
+            known->second = boundsOfBlock(block);
         const OdGeMatrix3d map = reference->blockTransform();
         const bool isFlat = map.entry[0][2] == 0.0 && map.entry[1][2] == 0.0;
         if (!isFlat || !known->second.isValidExtents())
@@ -267,39 +268,79 @@ private:
 class BoundsDraw : public ShownDraw
 {
 public:
-    BoundsDraw(const OdDbDatabase& database, bool isOfBlock)
-        : ShownDraw(kOdGiForExtents, database), m_geometry(*this, isOfBlock), m_isOfBlock(isOfBlock)
+    /// Without a recording, all of a block is looked at, seen or not.
+    BoundsDraw(const OdDbDatabase& database, Recording* recording)
+        : ShownDraw(kOdGiForExtents, database), m_geometry(*this, !recording)
     {
+        if (recording)
+            m_recorder.emplace(m_geometry, traits(), *recording);
     }
-    OdGiGeometry& geometry() const override { return m_geometry; }
+
+    OdGiGeometry& geometry() const override
+    {
+        return m_recorder ? static_cast<OdGiGeometry&>(*m_recorder) : m_geometry;
+    }
     bool wantsTraits() const override { return true; }
+    /// What is recorded comes in the order in which it is drawn.
+    OdGiRegenType regenType() const override
+    {
+        if (m_recorder && m_recorder->isInSpace())
+            return kOdGiStandardDisplay;
+        noteQuestion();
+        return ShownDraw::regenType();
+    }
+    double deviation() const override
+    {
+        noteQuestion();
+        return ShownDraw::deviation();
+    }
+
     const OdGeExtents2d& bounds() const { return m_geometry.bounds(); }
+    bool isRecordingComplete() const { return m_recorder && m_recorder->isComplete(); }
 
 protected:
     /// What is seen of a block depends on the reference.
     bool isShown(const OdGiDrawable& drawable, OdUInt32 flags) override
     {
-        return m_isOfBlock || ShownDraw::isShown(drawable, flags);
+        if (!m_recorder)
+            return true;
+        const bool isShown = ShownDraw::isShown(drawable, flags);
+        if (isShown)
+            m_recorder->beginShown();
+        return isShown;
     }
 
 private:
+    void noteQuestion() const
+    {
+        if (m_recorder)
+            m_recorder->noteQuestion();
+    }
+
     mutable OdStaticRxObject<BoundsGeometry> m_geometry;
-    bool m_isOfBlock;
+    mutable std::optional<OdStaticRxObject<RecordingGeometry>> m_recorder;
 };
 
-OdGeExtents2d boundsOf(const OdDbObjectId& blockId, bool isOfBlock)
+OdGeExtents2d boundsOfBlock(const OdDbObjectId& blockId)
 {
     const OdDbBlockTableRecordPtr block = OdDbBlockTableRecord::cast(blockId.safeOpenObject());
-    OdStaticRxObject<BoundsDraw> draw(*block->database(), isOfBlock);
+    OdStaticRxObject<BoundsDraw> draw(*block->database(), nullptr);
     draw.geometry().draw(block);
     return draw.bounds();
 }
 
 } // namespace
 
-OdGeExtents2d boundsOf(const OdDbObjectId& blockId)
+SpaceBounds boundsOf(const OdDbObjectId& blockId)
 {
-    return boundsOf(blockId, false);
+    const OdDbBlockTableRecordPtr block = OdDbBlockTableRecord::cast(blockId.safeOpenObject());
+    Recording recording;
+    OdStaticRxObject<BoundsDraw> draw(*block->database(), &recording);
+    draw.geometry().draw(block);
+    SpaceBounds bounds{draw.bounds(), {}};
+    if (draw.isRecordingComplete())
+        bounds.recording = std::move(recording);
+    return bounds;
 }
 
 } // namespace render

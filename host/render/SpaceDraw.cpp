@@ -2,6 +2,7 @@
 #include "render/SpaceDraw.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "DbBlockTableRecord.h"
 #include "render/OutlineCollector.h"
@@ -29,9 +30,26 @@ SpaceGeometry::SpaceGeometry(SpaceDraw& draw, Canvas& canvas, Looks& looks)
 
 void SpaceGeometry::draw(const OdGiDrawable* drawable)
 {
-    if (drawable->isA() == OdDbViewport::desc())
+    // The space is being drawn itself, so that what refers to it within it goes no deeper than ever.
+    if (const Recording* recording = std::exchange(m_recording, nullptr))
+        return tell(*recording);
+    if (showsModel(*drawable))
         m_spaceDraw.drawViewport(*OdDbViewport::cast(drawable));
     PictureGeometry::draw(drawable);
+}
+
+void SpaceGeometry::tell(const Recording& recording)
+{
+    Recording::Teller teller(recording);
+    for (const Recording::Part& part : recording.parts())
+    {
+        const OdDbEntityPtr asked = OdDbEntity::cast(OdDbObjectId(part.asked).openObject());
+        if (!asked.isNull())
+            draw(asked);
+        else
+            drawAs(recording.looksAt(part.looks), [&] { teller.tell(part, *this, worldDraw().traits()); });
+    }
+    m_hasToldRecording = true;
 }
 
 SpaceDraw::SpaceDraw(Canvas& canvas, Looks& looks, OdDbDatabase& database)
@@ -54,7 +72,8 @@ void SpaceDraw::drawSpace(const OdDbObjectId& blockId, const View& view, const O
     m_page = page;
     look(m_sheet, page, m_sheetScale);
     const OdDbBlockTableRecordPtr block = OdDbBlockTableRecord::cast(blockId.safeOpenObject());
-    m_geometry.draw(block);
+    m_geometry.setRecording(view.recording ? &*view.recording : nullptr);
+    m_geometry.PictureGeometry::draw(block);
 }
 
 Path SpaceDraw::outlineOf(const OdDbViewport& viewport) const

@@ -19,8 +19,17 @@ public:
     SpaceGeometry(SpaceDraw& draw, Canvas& canvas, Looks& looks);
     void draw(const OdGiDrawable* drawable) override;
 
+    /// The space that is drawn next is told from the recording when its first entity comes.
+    void setRecording(const Recording* recording) { m_recording = recording; }
+    /// True when all of the space has been drawn.
+    bool hasToldRecording() const { return m_hasToldRecording; }
+
 private:
+    void tell(const Recording& recording);
+
     SpaceDraw& m_spaceDraw;
+    const Recording* m_recording = nullptr; ///< until it is told
+    bool m_hasToldRecording = false;
 };
 
 class SpaceDraw : public ShownDraw
@@ -36,6 +45,7 @@ public:
 
     OdGiGeometry& geometry() const override { return m_geometry; }
     double deviation() const override { return m_deviation; }
+    bool regenAbort() const override { return m_geometry.hasToldRecording(); }
 
 protected:
     bool isShown(const OdGiDrawable& drawable, OdUInt32 flags) override;

@@ -67,9 +67,8 @@ View activeViewOf(OdDbDatabase& database, const OdDbLayout& layout)
     return view;
 }
 
-OdGeExtents2d wholeOf(const OdDbLayout& layout)
+OdGeExtents2d wholeOf(const OdDbLayout& layout, const OdGeExtents2d& drawn)
 {
-    const OdGeExtents2d drawn = boundsOf(layout.getBlockTableRecordId());
     if (isModel(layout))
         return withRoom(drawn);
     OdGeExtents2d sheet = sheetOf(layout);
@@ -160,7 +159,11 @@ View viewOf(OdDbDatabase& database, const OdDbLayout& layout, const PictureOrder
         view.plane = *order.window;
     }
     if (!view.plane.isValidExtents())
-        view.plane = wholeOf(layout);
+    {
+        SpaceBounds bounds = boundsOf(layout.getBlockTableRecordId());
+        view.plane = wholeOf(layout, bounds.box);
+        view.recording = std::move(bounds.recording);
+    }
     return view;
 }
 

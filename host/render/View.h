@@ -5,6 +5,7 @@
 #include "DbLayout.h"
 #include "render/PageMap.h"
 #include "render/Picture.h"
+#include "render/Recording.h"
 
 namespace render
 {
@@ -14,6 +15,7 @@ struct View
 {
     ViewPoint from;
     OdGeExtents2d plane;
+    std::optional<Recording> recording; ///< of the layout's space, when it was gone through to find what is seen
 };
 
 /// The layout with this name, case ignored; the current one for the empty name. Throws OdError (eKeyNotFound).

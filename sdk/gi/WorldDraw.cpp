@@ -24,26 +24,27 @@ OdGiBaseVectorizer::OdGiBaseVectorizer(OdGiRegenType regenType) : m_regenType(re
 
 OdGiBaseVectorizer::~OdGiBaseVectorizer() = default;
 
-const OdGiSubEntityTraitsData& OdGiBaseVectorizer::effectiveTraits() const
+gi::Inheritance& OdGiBaseVectorizer::inheritance() const
 {
     if (!m_inheritance)
         m_inheritance = std::make_unique<gi::Inheritance>();
-    return m_inheritance->effective(m_traits);
+    return *m_inheritance;
+}
+
+const OdGiSubEntityTraitsData& OdGiBaseVectorizer::effectiveTraits() const
+{
+    return inheritance().effective(m_traits);
 }
 
 bool OdGiBaseVectorizer::isLayerShown() const
 {
-    if (!m_inheritance)
-        m_inheritance = std::make_unique<gi::Inheritance>();
-    const gi::LayerLooks& layer = m_inheritance->looksOf(m_traits.layer());
+    const gi::LayerLooks& layer = inheritance().looksOf(m_traits.layer());
     return !layer.isOff && !layer.isFrozen;
 }
 
 bool OdGiBaseVectorizer::isLayerFrozen() const
 {
-    if (!m_inheritance)
-        m_inheritance = std::make_unique<gi::Inheritance>();
-    return m_inheritance->looksOf(m_traits.layer()).isFrozen;
+    return inheritance().looksOf(m_traits.layer()).isFrozen;
 }
 
 bool OdGiBaseVectorizer::isShown(const OdGiDrawable&, OdUInt32 flags)
@@ -69,22 +70,40 @@ void OdGiGeometrySimplifier::popModelTransform()
         m_transforms.pop_back();
 }
 
-void OdGiGeometrySimplifier::draw(const OdGiDrawable* drawable)
+template<class Begin, class Tell>
+void OdGiGeometrySimplifier::drawWithin(Begin begin, Tell tell)
 {
     const std::size_t depth = m_transforms.size();
     OdGiSubEntityTraitsToData& traits = m_worldDraw.m_traits;
     const OdGiSubEntityTraitsData outer = traits.values();
     traits.setValues(OdGiSubEntityTraitsData());
-    if (begin(*drawable))
+    if (begin(traits))
     {
         if (m_worldDraw.wantsTraits())
-            m_worldDraw.m_inheritance->enter(traits.values());
-        drawable->worldDraw(&m_worldDraw);
+            m_worldDraw.inheritance().enter(traits.values());
+        tell();
         if (m_worldDraw.wantsTraits())
-            m_worldDraw.m_inheritance->leave();
+            m_worldDraw.inheritance().leave();
     }
     traits.setValues(outer);
     m_transforms.resize(depth, OdGeMatrix3d::kIdentity);
+}
+
+void OdGiGeometrySimplifier::draw(const OdGiDrawable* drawable)
+{
+    drawWithin([&](const OdGiSubEntityTraitsToData&) { return begin(*drawable); },
+               [&] { drawable->worldDraw(&m_worldDraw); });
+}
+
+void OdGiGeometrySimplifier::drawAs(const OdGiSubEntityTraitsData& looks, const std::function<void()>& tell)
+{
+    drawWithin(
+        [&](OdGiSubEntityTraitsToData& traits)
+        {
+            traits.setValues(looks);
+            return true;
+        },
+        tell);
 }
 
 /// Asks a drawable for its looks, and the client whether it is to be drawn.
@@ -92,11 +111,9 @@ bool OdGiGeometrySimplifier::begin(const OdGiDrawable& drawable)
 {
     if (!m_worldDraw.wantsTraits())
         return m_worldDraw.isShown(drawable, 0);
-    if (!m_worldDraw.m_inheritance)
-        m_worldDraw.m_inheritance = std::make_unique<gi::Inheritance>();
     OdGiSubEntityTraitsToData& traits = m_worldDraw.m_traits;
     const OdUInt32 flags = drawable.setAttributes(&traits);
-    if (OdDbStub* layer = m_worldDraw.m_inheritance->layerOf(traits.layer()); layer != traits.layer())
+    if (OdDbStub* layer = m_worldDraw.inheritance().layerOf(traits.layer()); layer != traits.layer())
         traits.setLayer(layer);
     return m_worldDraw.isShown(drawable, flags);
 }

@@ -1,6 +1,22 @@
 // Implements text styles.
 #include "Gi/GiTextStyle.h"
 
+#include <tuple>
+
+bool OdGiTextStyle::operator==(const OdGiTextStyle& other) const
+{
+    const auto numbers = [](const OdGiTextStyle& style)
+    { return std::tie(style.m_textSize, style.m_xScale, style.m_obliquingAngle, style.m_trackingPercent); };
+    const auto switches = [](const OdGiTextStyle& style)
+    {
+        return std::tie(style.m_bold, style.m_italic, style.m_underlined, style.m_overlined, style.m_striked,
+                        style.m_vertical);
+    };
+    const auto names = [](const OdGiTextStyle& style)
+    { return std::tie(style.m_fileName, style.m_bigFontFileName, style.m_typeface); };
+    return numbers(*this) == numbers(other) && switches(*this) == switches(other) && names(*this) == names(other);
+}
+
 void OdGiTextStyle::setFileName(const OdString& fileName)
 {
     m_fileName = fileName;

@@ -50,6 +50,8 @@ protected:
 private:
     friend class OdGiGeometrySimplifier;
 
+    gi::Inheritance& inheritance() const;
+
     mutable OdStaticRxObject<OdGiSubEntityTraitsToData> m_traits;
     mutable std::unique_ptr<gi::Inheritance> m_inheritance;
     OdGiRegenType m_regenType;

@@ -1,11 +1,13 @@
 // Receives shapes and reduces those that a client does not take itself to simpler ones.
 #pragma once
 
+#include <functional>
 #include <vector>
 
 #include "Gi/GiGeometry.h"
 
 class OdGiBaseVectorizer;
+struct OdGiSubEntityTraitsData;
 
 /** Keeps the transforms, and draws drawables into each other. Circles and arcs arrive as elliptical arcs, polygons and
     areas with holes as closed polylines, flat polylines as lines, arcs and filled polygons, texts and pictures as
@@ -42,7 +44,12 @@ protected:
     const OdGeMatrix3d& toWorld() const { return m_transforms.back(); }
     OdGiBaseVectorizer& worldDraw() const { return m_worldDraw; }
 
+    /** Draws what tell hands to this receiver as shapes of a drawable that has these looks and is shown. */
+    void drawAs(const OdGiSubEntityTraitsData& looks, const std::function<void()>& tell);
+
 private:
+    template<class Begin, class Tell>
+    void drawWithin(Begin begin, Tell tell);
     bool begin(const OdGiDrawable& drawable);
 
     OdGiBaseVectorizer& m_worldDraw;

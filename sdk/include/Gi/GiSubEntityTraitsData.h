@@ -7,6 +7,7 @@
 struct OdGiSubEntityTraitsData
 {
     OdGiSubEntityTraitsData();
+    bool operator==(const OdGiSubEntityTraitsData& other) const = default;
 
     OdCmEntityColor color;
     OdDbStub* layer = nullptr;

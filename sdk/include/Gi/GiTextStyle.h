@@ -19,6 +19,7 @@ class OdGiTextStyle
 {
 public:
     OdGiTextStyle() = default;
+    bool operator==(const OdGiTextStyle& other) const;
 
     const OdString& fileName() const { return m_fileName; }
     /** Takes the typeface away that setFont has set. */
