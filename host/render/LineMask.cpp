@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <utility>
 
 namespace render
 {
@@ -48,9 +49,28 @@ LineMask::~LineMask()
 
 void LineMask::add(Path path, double width)
 {
-    wait();
     m_isEmpty = false;
-    m_adding = std::async(std::launch::async, [this, path = std::move(path), width] { addLines(path, width); });
+    const std::lock_guard lock(m_mutex);
+    m_waiting.push_back({std::move(path), width});
+    if (!std::exchange(m_isAdding, true))
+        m_adding = std::async(std::launch::async, [this] { addWaiting(); });
+}
+
+void LineMask::addWaiting()
+{
+    std::vector<Waiting> taken;
+    while (true)
+    {
+        {
+            const std::lock_guard lock(m_mutex);
+            taken = std::exchange(m_waiting, {});
+            m_isAdding = !taken.empty();
+        }
+        if (taken.empty())
+            return;
+        for (const Waiting& waiting : taken)
+            addLines(waiting.path, waiting.width);
+    }
 }
 
 void LineMask::wait()

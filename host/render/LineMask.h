@@ -2,6 +2,8 @@
 #pragma once
 
 #include <future>
+#include <mutex>
+#include <vector>
 
 #include <cairo.h>
 
@@ -22,7 +24,8 @@ public:
 
     /// False when there is no memory for the mask. Until it is asked, the mask takes none.
     bool makeRoom();
-    /// Adds the lines of a path, their ends half a width longer. There has to be room. The caller goes on meanwhile.
+    /// Adds the lines of a path, their ends half a width longer. There has to be room. The caller goes on meanwhile,
+    /// and may add more at once.
     void add(Path path, double width);
     bool isEmpty() const { return m_isEmpty; }
     /// Paints with the source of the context, whose coordinates are pixels, and forgets the lines.
@@ -35,7 +38,15 @@ private:
         int left, top, right, bottom;
     };
 
+    /// Lines that are not in the mask yet.
+    struct Waiting
+    {
+        Path path;
+        double width;
+    };
+
     void wait();
+    void addWaiting();
     void addLines(const Path& path, double width);
     void addLine(const OdGePoint2d& from, const OdGePoint2d& to, double width);
 
@@ -47,6 +58,9 @@ private:
     Box m_used;
     bool m_isEmpty = true;
     std::future<void> m_adding; ///< what else the mask is used for has to wait for it
+    std::mutex m_mutex;         ///< for the two that follow
+    std::vector<Waiting> m_waiting;
+    bool m_isAdding = false; ///< what waits will be added without further ado
 };
 
 } // namespace render

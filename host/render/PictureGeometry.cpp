@@ -28,6 +28,12 @@ bool isFinite(const OdGePoint2d& point)
     return std::isfinite(point.x) && std::isfinite(point.y);
 }
 
+/// True for the size of what is within a pixel.
+bool isTiny(const OdGeVector2d& size)
+{
+    return size.x < kSmallest && size.y < kSmallest && size.length() < kSmallest;
+}
+
 bool isNear(const OdGePoint2d& point)
 {
     return std::fabs(point.x) < kFar && std::fabs(point.y) < kFar;
@@ -67,8 +73,20 @@ struct PictureGeometry::Ellipse
     double start = 0.0;
     double sweep = 0.0;
 
-    OdGePoint2d at(double t) const { return center + major * std::cos(t) + minor * std::sin(t); }
-    OdGeVector2d slopeAt(double t) const { return minor * std::cos(t) - major * std::sin(t); }
+    /// Where it is at an angle, and in which direction and how fast it runs there.
+    struct Place
+    {
+        OdGePoint2d point;
+        OdGeVector2d slope;
+    };
+
+    Place placeAt(double t) const
+    {
+        const double c = std::cos(t);
+        const double s = std::sin(t);
+        return {center + major * c + minor * s, minor * c - major * s};
+    }
+    OdGePoint2d at(double t) const { return placeAt(t).point; }
     double reach() const { return major.length() + minor.length(); }
 };
 
@@ -139,7 +157,7 @@ void PictureGeometry::addPolyline(const PageMap& map, OdInt32 numPoints, const O
 
 void PictureGeometry::addEllipse(const Ellipse& ellipse, Path& path) const
 {
-    const OdGePoint2d start = ellipse.at(ellipse.start);
+    const auto [start, slopeAtStart] = ellipse.placeAt(ellipse.start);
     if (!isFinite(start) || !std::isfinite(ellipse.sweep) || !std::isfinite(ellipse.reach()))
         return;
     const double reach = ellipse.reach();
@@ -167,12 +185,10 @@ void PictureGeometry::addEllipse(const Ellipse& ellipse, Path& path) const
     if (path.empty() || path.lastPoint().distanceTo(start) > 1e-3)
         path.moveTo(start);
     OdGePoint2d from = start;
-    OdGeVector2d slope = ellipse.slopeAt(ellipse.start);
+    OdGeVector2d slope = slopeAtStart;
     for (int i = 1; i <= pieces; ++i)
     {
-        const double angle = ellipse.start + step * i;
-        const OdGePoint2d to = ellipse.at(angle);
-        const OdGeVector2d slopeAtEnd = ellipse.slopeAt(angle);
+        const auto [to, slopeAtEnd] = ellipse.placeAt(ellipse.start + step * i);
         path.curveTo(from + slope * handle, to - slopeAtEnd * handle, to);
         from = to;
         slope = slopeAtEnd;
@@ -200,7 +216,7 @@ void PictureGeometry::strokeLines(const Path& path, bool isClosed)
     if (color.alpha == 0)
         return;
     const double width = m_looks.widthOf(traits);
-    if (m_canvas.showsPixels() && bounds.diagonal().length() < kSmallest)
+    if (isTiny(bounds.diagonal()) && m_canvas.showsPixels())
     {
         // Within a pixel, nobody sees more than a line.
         Path line;

@@ -61,40 +61,29 @@ public:
     const unsigned char* indices() const { return m_indices.data(); }
 
 private:
-    /// Colours become known with this.
+    /// Colours become known with this. Nearly all are where they are looked for first.
     void numberRow(const unsigned char* pixel, int width, unsigned char* index)
     {
-        std::uint32_t lastColor = 0; // has no alpha: no pixel of an opaque image
-        unsigned char lastIndex = 0;
         for (int x = 0; x < width; ++x, pixel += 4)
         {
             std::uint32_t color;
             std::memcpy(&color, pixel, sizeof color);
-            if (color != lastColor)
-            {
-                lastColor = color;
-                lastIndex = indexOf(color, pixel);
-            }
-            index[x] = lastIndex;
+            const std::size_t place = placeOf(color);
+            index[x] = m_places[place].color == color ? m_places[place].index : indexFarther(place, color, pixel);
         }
     }
 
-    unsigned char indexOf(std::uint32_t color, const unsigned char* pixel)
+    static std::size_t placeOf(std::uint32_t color) { return (color * 2654435761u) >> (32 - kBits); }
+
+    /// Looks behind the place where a colour was looked for first.
+    unsigned char indexFarther(std::size_t place, std::uint32_t color, const unsigned char* pixel)
     {
-        std::size_t place = (color * 2654435761u) >> (32 - kBits);
-        while (m_places[place].isTaken && m_places[place].color != color)
+        while (m_places[place].color != kNone && m_places[place].color != color)
             place = (place + 1) % m_places.size();
-        if (!m_places[place].isTaken)
+        if (m_places[place].color == kNone)
             add(place, color, pixel);
         return m_places[place].index;
     }
-
-    struct Place
-    {
-        std::uint32_t color = 0;
-        unsigned char index = 0;
-        bool isTaken = false;
-    };
 
     void add(std::size_t place, std::uint32_t color, const unsigned char* pixel)
     {
@@ -102,10 +91,18 @@ private:
         m_isUsable = m_isUsable && count < 256;
         if (!m_isUsable)
             return;
-        m_places[place] = {color, static_cast<unsigned char>(count), true};
+        m_places[place] = {color, static_cast<unsigned char>(count)};
         for (const int part : {2, 1, 0})
             m_colors += static_cast<char>(pixel[part]);
     }
+
+    static constexpr std::uint32_t kNone = 0; ///< has no alpha: no pixel of an opaque image
+
+    struct Place
+    {
+        std::uint32_t color = kNone;
+        unsigned char index = 0;
+    };
 
     static constexpr int kBits = 11;
     std::array<Place, std::size_t(1) << kBits> m_places;

@@ -20,6 +20,8 @@ namespace render
 /// again.
 class Recording
 {
+    struct Shape;
+
 public:
     static constexpr std::size_t kMostBytes = 96u << 20;
 
@@ -67,14 +69,14 @@ public:
         void tell(const Part& part, OdGiGeometry& geometry, OdGiSubEntityTraitsToData& traits);
 
     private:
-        struct Place;
-        void tellFlatPolyline(std::size_t count, bool isClosed, bool hasPlinegen, OdGiGeometry& geometry);
+        void tellFlatPolyline(const Shape& shape, OdGiGeometry& geometry);
 
         const Recording& m_recording;
         std::size_t m_shape = 0;
         std::size_t m_point = 0;
         std::size_t m_vertex = 0;
         std::size_t m_character = 0;
+        std::uint32_t m_frame = 0;
         OdGiPolyline m_polyline; // reused
     };
 
@@ -82,14 +84,24 @@ private:
     enum class Kind : std::uint8_t
     {
         kLooks,            ///< detail: which looks
+        kFrame,            ///< detail: which frame
         kPolyline,         ///< count points
-        kExtrudedPolyline, ///< count points, normal
+        kExtrudedPolyline, ///< count points; the frame's normal
         kPolygon,          ///< count points
-        kArc,              ///< centre, normal, start vector, (radius, sweep, 0); detail: the type
+        kArc,              ///< centre, (radius, sweep, 0); detail: the type; the frame's normal and start vector
         kEllipse,          ///< centre, both axes, (start, end, 0)
-        kFlatPolyline,     ///< origin, both axes, normal; count vertices; detail: flags
-        kText,             ///< position, normal, direction; count characters; detail: the style
+        kFlatPolyline,     ///< count vertices; detail: flags; the frame's plane
+        kText,             ///< position; count characters; detail: the style; the frame's normal and direction
         kRawText           ///< the same
+    };
+
+    /// What hardly ever changes from shape to shape: the plane that it lies in.
+    struct Frame
+    {
+        OdGePoint3d origin;
+        OdGeVector3d x; ///< also the start vector of an arc, the direction of a text
+        OdGeVector3d y;
+        OdGeVector3d normal;
     };
 
     enum FlatPolylineFlag : std::uint32_t
@@ -117,6 +129,9 @@ private:
     };
 
     void add(Kind kind, std::size_t count, std::uint32_t detail);
+    const Frame& frame() const { return m_frames[m_lastFrame]; }
+    void setFrame(const Frame& frame);
+    void setFrame(const OdGeVector3d& normal, const OdGeVector3d& x);
     void addPoints(std::initializer_list<OdGePoint3d> points) { m_points.insert(m_points.end(), points); }
     std::uint32_t numberOf(const OdGiSubEntityTraitsData& looks);
     std::uint32_t numberOf(const OdGiTextStyle& style);
@@ -128,12 +143,15 @@ private:
     std::vector<OdGePoint3d> m_points; ///< and vectors
     std::vector<OdGiPolyline::Vertex> m_vertices;
     std::wstring m_characters;
+    std::vector<Frame> m_frames{1};
     std::vector<OdGiSubEntityTraitsData> m_looks;
     std::vector<OdGiTextStyle> m_styles;
     // While an entity is kept:
     Sizes m_begin;
     std::uint32_t m_firstLooks = 0;
     std::uint32_t m_lastLooks = 0; ///< those in force where the last shape is
+    std::uint32_t m_lastFrame = 0;
+    std::uint32_t m_frameAtBegin = 0;
     bool m_isBegun = false;
     bool m_goesOn = false; ///< it belongs to the last part
     bool m_isFull = false;

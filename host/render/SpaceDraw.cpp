@@ -43,10 +43,11 @@ void SpaceGeometry::tell(const Recording& recording)
     Recording::Teller teller(recording);
     for (const Recording::Part& part : recording.parts())
     {
-        const OdDbEntityPtr asked = OdDbEntity::cast(OdDbObjectId(part.asked).openObject());
+        const OdDbEntityPtr asked =
+            part.asked ? OdDbEntity::cast(OdDbObjectId(part.asked).openObject()) : OdDbEntityPtr();
         if (!asked.isNull())
             draw(asked);
-        else
+        else if (!part.asked)
             drawAs(recording.looksAt(part.looks), [&] { teller.tell(part, *this, worldDraw().traits()); });
     }
     m_hasToldRecording = true;

@@ -4,12 +4,6 @@
 #include <algorithm>
 #include <cmath>
 
-void OdGeExtents2d::set(const OdGePoint2d& minPoint, const OdGePoint2d& maxPoint)
-{
-    m_min = minPoint;
-    m_max = maxPoint;
-}
-
 void OdGeExtents2d::comparingSet(const OdGePoint2d& first, const OdGePoint2d& second)
 {
     reset();
@@ -17,32 +11,11 @@ void OdGeExtents2d::comparingSet(const OdGePoint2d& first, const OdGePoint2d& se
     addPoint(second);
 }
 
-bool OdGeExtents2d::isValidExtents() const
-{
-    return m_min.x <= m_max.x && m_min.y <= m_max.y;
-}
-
-OdGeExtents2d& OdGeExtents2d::addPoint(const OdGePoint2d& point)
-{
-    for (unsigned axis = 0; axis < 2; ++axis)
-    {
-        // What is no number is passed over.
-        m_min[axis] = point[axis] < m_min[axis] ? point[axis] : m_min[axis];
-        m_max[axis] = point[axis] > m_max[axis] ? point[axis] : m_max[axis];
-    }
-    return *this;
-}
-
 OdGeExtents2d& OdGeExtents2d::addPoints(const OdGePoint2dArray& points)
 {
     for (const OdGePoint2d& point : points)
         addPoint(point);
     return *this;
-}
-
-OdGeExtents2d& OdGeExtents2d::addExt(const OdGeExtents2d& other)
-{
-    return other.isValidExtents() ? addPoint(other.m_min).addPoint(other.m_max) : *this;
 }
 
 void OdGeExtents2d::expandBy(const OdGeVector2d& vector)

@@ -160,18 +160,6 @@ OdGeMatrix3d OdGeMatrix3d::operator*(const OdGeMatrix3d& right) const
     return product;
 }
 
-OdGePoint3d OdGeMatrix3d::operator*(const OdGePoint3d& point) const
-{
-    return (*this * point.asVector()).asPoint() + translation();
-}
-
-OdGeVector3d OdGeMatrix3d::operator*(const OdGeVector3d& v) const
-{
-    return {entry[0][0] * v.x + entry[0][1] * v.y + entry[0][2] * v.z,
-            entry[1][0] * v.x + entry[1][1] * v.y + entry[1][2] * v.z,
-            entry[2][0] * v.x + entry[2][1] * v.y + entry[2][2] * v.z};
-}
-
 double OdGeMatrix3d::det() const
 {
     return getCsXAxis().dotProduct(getCsYAxis().crossProduct(getCsZAxis()));

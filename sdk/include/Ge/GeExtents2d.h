@@ -23,19 +23,31 @@ public:
     OdGeVector2d diagonal() const { return m_max - m_min; }
 
     /** The corners are taken as they are. */
-    void set(const OdGePoint2d& minPoint, const OdGePoint2d& maxPoint);
+    void set(const OdGePoint2d& minPoint, const OdGePoint2d& maxPoint)
+    {
+        m_min = minPoint;
+        m_max = maxPoint;
+    }
     /** The rectangle of two opposite corners. */
     void comparingSet(const OdGePoint2d& first, const OdGePoint2d& second);
     void reset() { *this = OdGeExtents2d(); }
 
     /** False for no rectangle: when the least corner lies beyond the greatest one. */
-    bool isValidExtents() const;
+    bool isValidExtents() const { return m_min.x <= m_max.x && m_min.y <= m_max.y; }
 
     /** Grows so that it holds the point, the points, what another one holds (no rectangle adds nothing). A coordinate
        that is no number adds nothing. */
-    OdGeExtents2d& addPoint(const OdGePoint2d& point);
+    OdGeExtents2d& addPoint(const OdGePoint2d& point)
+    {
+        m_min = {point.x < m_min.x ? point.x : m_min.x, point.y < m_min.y ? point.y : m_min.y};
+        m_max = {point.x > m_max.x ? point.x : m_max.x, point.y > m_max.y ? point.y : m_max.y};
+        return *this;
+    }
     OdGeExtents2d& addPoints(const OdGePoint2dArray& points);
-    OdGeExtents2d& addExt(const OdGeExtents2d& other);
+    OdGeExtents2d& addExt(const OdGeExtents2d& other)
+    {
+        return other.isValidExtents() ? addPoint(other.m_min).addPoint(other.m_max) : *this;
+    }
     /** Grows so that it also holds itself moved by the vector. */
     void expandBy(const OdGeVector2d& vector);
     /** Moves. */

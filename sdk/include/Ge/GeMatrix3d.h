@@ -73,9 +73,17 @@ public:
     OdGeMatrix3d& operator*=(const OdGeMatrix3d& right) { return *this = *this * right; }
     OdGeMatrix3d& preMultBy(const OdGeMatrix3d& left) { return *this = left * *this; }
     OdGeMatrix3d& postMultBy(const OdGeMatrix3d& right) { return *this = *this * right; }
-    OdGePoint3d operator*(const OdGePoint3d& point) const;
+    OdGePoint3d operator*(const OdGePoint3d& point) const
+    {
+        return (*this * point.asVector()).asPoint() + translation();
+    }
     /** A vector is not moved. */
-    OdGeVector3d operator*(const OdGeVector3d& vector) const;
+    OdGeVector3d operator*(const OdGeVector3d& vector) const
+    {
+        return {entry[0][0] * vector.x + entry[0][1] * vector.y + entry[0][2] * vector.z,
+                entry[1][0] * vector.x + entry[1][1] * vector.y + entry[1][2] * vector.z,
+                entry[2][0] * vector.x + entry[2][1] * vector.y + entry[2][2] * vector.z};
+    }
 
     /** How the matrix changes volumes; negative when it mirrors. */
     double det() const;

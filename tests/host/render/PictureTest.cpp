@@ -280,7 +280,7 @@ TEST_F(PictureTest, BoundsAreThoseOfEachEntityTogether)
             if (OdGeExtents3d box; !isHidden && entity->getGeomExtents(box) == eOk)
                 all.addPoint({box.minPoint().x, box.minPoint().y}).addPoint({box.maxPoint().x, box.maxPoint().y});
         }
-        const OdGeExtents2d bounds = render::boundsOf(model->objectId());
+        const OdGeExtents2d bounds = render::boundsOf(model->objectId()).box;
         ASSERT_EQ(bounds.isValidExtents(), all.isValidExtents()) << file;
         const double tolerance = 1e-9 * (1.0 + all.diagonal().length());
         EXPECT_TRUE(all.contains(bounds, OdGeTol(tolerance))) << file;
