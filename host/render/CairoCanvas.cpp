@@ -17,6 +17,7 @@ namespace
 constexpr std::size_t kMostKept = 20000;    ///< steps of paths that are painted at once
 constexpr std::size_t kMostMasked = 400000; ///< the same where there is a mask
 constexpr std::size_t kWorthwhile = 20000;  ///< steps that are worth a thread of their own
+constexpr std::size_t kMostWidths = 64;     ///< of lines that are painted at once
 constexpr double kThin = 1.5;               ///< pixels up to which ends and corners of lines are not seen
 constexpr double kPixelsForStep = 1000.0;   ///< pixels of a mask that are painted in the time of a stroke's step
 
@@ -199,7 +200,14 @@ void CairoCanvas::stroke(const Path& path, const Color& color, double width)
     const auto sameWidth = [width](const Strokes& strokes) { return strokes.width == width; };
     auto strokes = std::find_if(m_strokes.begin(), m_strokes.end(), sameWidth);
     if (strokes == m_strokes.end())
+    {
+        if (m_strokes.size() == kMostWidths)
+        {
+            flush();
+            m_strokes.clear();
+        }
         strokes = m_strokes.insert(m_strokes.end(), {width, Path()});
+    }
     strokes->path.append(path);
     m_kept += path.steps().size();
     maskEarly(*strokes);

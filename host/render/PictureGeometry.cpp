@@ -343,11 +343,11 @@ void PictureGeometry::polygon(OdInt32 numPoints, const OdGePoint3d* points)
         return drawLines(m_path, true);
     }
     Path& path = m_gathers ? m_areas : m_path;
+    if (!std::all_of(points, points + numPoints, [&](const OdGePoint3d& point) { return isFinite(map.at(point)); }))
+        return;
     for (OdInt32 i = 0; i < numPoints; ++i)
     {
         const OdGePoint2d point = map.at(points[i]);
-        if (!isFinite(point))
-            return m_areas.clear();
         // Far corners are moved nearer, which is not seen.
         const OdGePoint2d near(std::clamp(point.x, -1e6, 1e6), std::clamp(point.y, -1e6, 1e6));
         i == 0 ? path.moveTo(near) : path.lineTo(near);
@@ -428,8 +428,8 @@ void PictureGeometry::text(const OdGePoint3d& position, const OdGeVector3d& norm
     const PageMap& map = this->map();
     const TextPlace place{map.at(position), map.along(direction), map.along(normal.crossProduct(direction))};
     const double height = place.up.length() * style.textSize();
-    const double room =
-        height * (length + 2.0) * 3.0 + place.along.length() * style.textSize() * style.xScale() * length * 3.0;
+    const double width = place.along.length() * std::fabs(style.textSize() * style.xScale());
+    const double room = height * (length + 2.0) * 3.0 + width * length * 3.0;
     if (!isFinite(place.origin) || !std::isfinite(room) || !(height < kHighestText))
         return;
     if (!isSeen(OdGeExtents2d(place.origin - OdGeVector2d(room, room), place.origin + OdGeVector2d(room, room))))

@@ -16,8 +16,8 @@ namespace render
 {
 
 /// A row of parts in the order in which entities were asked. Neighbours with the same looks are one part. It takes
-/// some dozens of bytes for a line, and no more than kMostBytes besides 16 bytes for each entity that has to be asked
-/// again.
+/// some dozens of bytes for a line, and no more than kMostBytes and what the last entity tells, besides 16 bytes for
+/// each entity that has to be asked again.
 class Recording
 {
     struct Shape;

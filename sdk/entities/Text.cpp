@@ -74,9 +74,8 @@ void setWorldPoint(OdDbText& text, int code, const OdGePoint3d& point)
 namespace textline
 {
 
-Line lineOf(const OdDbText& text, const OdString& shown)
+static Line lineOf(const OdDbText& text, const Reader& fields, const OdString& shown)
 {
-    const Reader fields = read<kText>(text);
     const AlignmentPlace vertical = verticalAlignmentOf(text);
     Line line;
     line.characters = shown;
@@ -94,6 +93,17 @@ Line lineOf(const OdDbText& text, const OdString& shown)
     line.frame = ocs::frameOf(fields.normal());
     line.thickness = fields.real(39);
     return line;
+}
+
+Line lineOf(const OdDbText& text, const OdString& shown)
+{
+    return lineOf(text, read<kText>(text), shown);
+}
+
+Line lineOf(const OdDbText& text)
+{
+    const Reader fields = read<kText>(text);
+    return lineOf(text, fields, fields.text(1));
 }
 
 } // namespace textline
@@ -255,6 +265,6 @@ bool OdDbText::isPlanar() const
 
 bool OdDbText::subWorldDraw(OdGiWorldDraw* worldDraw) const
 {
-    textline::draw(*worldDraw, textline::lineOf(*this, textString()));
+    textline::draw(*worldDraw, textline::lineOf(*this));
     return true;
 }

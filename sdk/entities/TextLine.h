@@ -31,6 +31,8 @@ struct Line
 
 /// The line that a text draws when it shows the given string, which may hold %% codes.
 Line lineOf(const OdDbText& text, const OdString& shown);
+/// The line that it draws by itself.
+Line lineOf(const OdDbText& text);
 
 void draw(OdGiWorldDraw& worldDraw, Line line);
 

@@ -79,11 +79,12 @@ void OdGiGeometrySimplifier::drawWithin(Begin begin, Tell tell)
     traits.setValues(OdGiSubEntityTraitsData());
     if (begin(traits))
     {
-        if (m_worldDraw.wantsTraits())
-            m_worldDraw.inheritance().enter(traits.values());
+        gi::Inheritance* inheritance = m_worldDraw.wantsTraits() ? &m_worldDraw.inheritance() : nullptr;
+        if (inheritance)
+            inheritance->enter(traits.values());
         tell();
-        if (m_worldDraw.wantsTraits())
-            m_worldDraw.inheritance().leave();
+        if (inheritance)
+            inheritance->leave();
     }
     traits.setValues(outer);
     m_transforms.resize(depth, OdGeMatrix3d::kIdentity);

@@ -327,6 +327,13 @@ TEST_F(PictureTest, TextsAreSeenWhereTheirExtentsSay)
     }
 }
 
+/// What a text with a negative width factor shows stands before its start.
+TEST_F(PictureTest, TextsThatRunBackwardAreSeenFromOutside)
+{
+    paint({{"TEXT A1 0|100 AcDbText|10 150|20 50|40 10|41 -1|1 MMMMMMMMMMMM"}});
+    EXPECT_TRUE(Pixels(order.file).ink().isValidExtents());
+}
+
 TEST_F(PictureTest, ShowsPicturesAsTheirEntitiesSay)
 {
     const std::string objects = support::section(
