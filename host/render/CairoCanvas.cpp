@@ -156,7 +156,8 @@ void CairoCanvas::paintStrokes(Strokes& strokes)
     { return isCrowded(smallerOf(strokes.path.bounds().diagonal(), m_maskSize), strokes.path.steps().size()); };
     if (isBegun || (isThin && m_mask && isCrowd() && m_mask->makeRoom()))
     {
-        m_mask->add(std::exchange(strokes.path, Path()), strokes.width);
+        m_mask->addAtOnce(strokes.path, strokes.width);
+        strokes.path.clear();
         return m_mask->paint(m_context);
     }
     cairo_set_line_cap(m_context, isThin ? CAIRO_LINE_CAP_SQUARE : CAIRO_LINE_CAP_ROUND);

@@ -56,6 +56,13 @@ void LineMask::add(Path path, double width)
         m_adding = std::async(std::launch::async, [this] { addWaiting(); });
 }
 
+void LineMask::addAtOnce(const Path& path, double width)
+{
+    wait();
+    m_isEmpty = false;
+    addLines(path, width);
+}
+
 void LineMask::addWaiting()
 {
     std::vector<Waiting> taken;

@@ -27,6 +27,8 @@ public:
     /// Adds the lines of a path, their ends half a width longer. There has to be room. The caller goes on meanwhile,
     /// and may add more at once.
     void add(Path path, double width);
+    /// The same before it returns, for lines that are not worth a thread.
+    void addAtOnce(const Path& path, double width);
     bool isEmpty() const { return m_isEmpty; }
     /// Paints with the source of the context, whose coordinates are pixels, and forgets the lines.
     void paint(cairo_t* context);
