@@ -37,14 +37,21 @@ std::uint64_t markEscaped(std::uint64_t ascii)
 }
 
 // The first character of ASCII text that JSON does not put down as it is; the end without one.
-const char* findEscaped(const char* at, const char* end)
+const char* findEscaped(std::string_view text)
 {
-    for (std::uint64_t bytes = 0; end - at >= std::ptrdiff_t(sizeof bytes); at += sizeof bytes)
+    std::uint64_t bytes = 0;
+    const char* at = text.data();
+    const char* const end = at + text.size();
+    const auto isMarkedAt = [&](const char* place)
     {
-        std::memcpy(&bytes, at, sizeof bytes);
-        if (markEscaped(bytes) != 0)
-            break;
-    }
+        std::memcpy(&bytes, place, sizeof bytes);
+        return markEscaped(bytes) != 0;
+    };
+    while (end - at >= std::ptrdiff_t(sizeof bytes) && !isMarkedAt(at))
+        at += sizeof bytes;
+    // the last bytes at once, together with some that were looked at
+    if (text.size() >= sizeof bytes && at > end - sizeof bytes && !isMarkedAt(end - sizeof bytes))
+        return end;
     return std::find_if(at, end, isEscaped);
 }
 
@@ -103,7 +110,7 @@ bool JsonWriter::putPrinted(std::wstring_view text)
     char* at = begin;
     *at++ = '"';
     const bool isAscii = odCopyAscii(text, at) == text.size();
-    const char* const firstEscaped = isAscii ? findEscaped(at, at + text.size()) : at;
+    const char* const firstEscaped = isAscii ? findEscaped({at, text.size()}) : at;
     std::size_t put = static_cast<std::size_t>(firstEscaped - at);
     at += put;
     for (; isAscii && put < text.size() && text[put] >= L' '; ++put)
