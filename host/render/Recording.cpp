@@ -2,7 +2,8 @@
 #include "render/Recording.h"
 
 #include <algorithm>
-#include <cstring>
+#include <array>
+#include <bit>
 
 namespace render
 {
@@ -30,7 +31,8 @@ std::uint32_t placeOf(std::vector<Value>& row, const Value& value)
 template<class Coordinates>
 bool isSame(const Coordinates& first, const Coordinates& second)
 {
-    return std::memcmp(&first, &second, sizeof(Coordinates)) == 0;
+    using Bits = std::array<std::uint64_t, sizeof(Coordinates) / sizeof(double)>;
+    return std::bit_cast<Bits>(first) == std::bit_cast<Bits>(second);
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 // one exact power of ten, which needs no general conversion.
 #include "Numbers.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <charconv>
@@ -130,8 +131,9 @@ char* printPlainReal(double value, char* buffer)
     const double magnitude = std::fabs(value);
     if (magnitude < kSmall)
     {
-        std::memcpy(buffer, "0.0", 3);
-        return std::bit_cast<std::uint64_t>(value) == 0 ? buffer + 3 : nullptr;
+        constexpr std::string_view kZero = "0.0";
+        char* const end = std::copy(kZero.begin(), kZero.end(), buffer);
+        return std::bit_cast<std::uint64_t>(value) == 0 ? end : nullptr;
     }
     if (magnitude < 1e6)
         return printIfDecimal<9>(value, buffer);
