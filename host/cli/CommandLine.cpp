@@ -41,18 +41,25 @@ void offerWithoutPlugin(CLI::App& subcommand, Arguments& arguments)
     subcommand.add_flag("--without-plugin", arguments.withoutPlugin, "leave labels as proxies");
 }
 
+// A name that is empty comes of a script's variable that nobody has set, and asks for no new drawing.
+CLI::Option* addDrawing(CLI::App& subcommand, std::string& drawing, const std::string& help)
+{
+    CLI::Option* const option = subcommand.add_option("DRAWING", drawing, help);
+    return option->check([](const std::string& name) { return name.empty() ? "the name is empty" : std::string(); });
+}
+
 void addSession(CLI::App& app, Arguments& arguments, Door& door)
 {
     CLI::App* const subcommand =
         app.add_subcommand("session", "Answer requests, one JSON object per line, until the input ends");
-    subcommand->add_option("DRAWING", arguments.drawing, std::string(kDrawingHelp) + "; none: a new one");
+    addDrawing(*subcommand, arguments.drawing, std::string(kDrawingHelp) + "; none: a new one");
     subcommand->callback([&] { door = [&] { return serveSession(arguments.drawing, session::Plugin::kLoaded); }; });
 }
 
 void addConsole(CLI::App& app, Arguments& arguments, Door& door)
 {
     CLI::App* const subcommand = app.add_subcommand("console", "Type commands at a terminal");
-    subcommand->add_option("DRAWING", arguments.drawing, std::string(kDrawingHelp) + "; none: a new one");
+    addDrawing(*subcommand, arguments.drawing, std::string(kDrawingHelp) + "; none: a new one");
     subcommand->callback([&] { door = [&] { return serveConsole(arguments.drawing); }; });
 }
 
@@ -65,7 +72,7 @@ void addCommands(CLI::App& app, Door& door)
 void addInfo(CLI::App& app, Arguments& arguments, Door& door)
 {
     CLI::App* const subcommand = app.add_subcommand("info", "Say what a drawing holds and what was mended in it");
-    subcommand->add_option("DRAWING", arguments.drawing, kDrawingHelp)->required();
+    addDrawing(*subcommand, arguments.drawing, kDrawingHelp)->required();
     offerWithoutPlugin(*subcommand, arguments);
     subcommand->callback(
         [&] { door = [&] { return describeDrawing(arguments.drawing, pluginFor(arguments.withoutPlugin)); }; });
@@ -75,7 +82,7 @@ void addRun(CLI::App& app, Arguments& arguments, Door& door)
 {
     CLI::App* const subcommand = app.add_subcommand("run", "Run one command on a drawing");
     RunOrder& order = arguments.run;
-    subcommand->add_option("DRAWING", order.drawingFile, kDrawingHelp)->required();
+    addDrawing(*subcommand, order.drawingFile, kDrawingHelp)->required();
     subcommand->add_option("COMMAND", order.command, "a command, as listed by \"zolcad commands\"")->required();
     subcommand->add_option("NAME=VALUE", order.parameters, "parameters; a value is JSON, or else a text");
     subcommand->add_option("--input", order.input, "answers to the command's questions, in order");
@@ -87,7 +94,7 @@ void addSave(CLI::App& app, Arguments& arguments, Door& door)
 {
     CLI::App* const subcommand = app.add_subcommand("save", "Read a drawing and write it to another file");
     SaveOrder& order = arguments.save;
-    subcommand->add_option("DRAWING", order.drawingFile, kDrawingHelp)->required();
+    addDrawing(*subcommand, order.drawingFile, kDrawingHelp)->required();
     subcommand->add_option("FILE", order.targetFile, "the file to write")->required();
     subcommand->add_option("--version", order.version, "R2000 to R2018; the drawing's own without");
     subcommand->add_option("--format", order.format, "ascii or binary");
@@ -99,7 +106,7 @@ void addRender(CLI::App& app, Arguments& arguments, Door& door)
 {
     CLI::App* const subcommand = app.add_subcommand("render", "Paint a picture of a drawing: SVG, PNG or PDF");
     RenderOrder& order = arguments.render;
-    subcommand->add_option("DRAWING", order.drawingFile, kDrawingHelp)->required();
+    addDrawing(*subcommand, order.drawingFile, kDrawingHelp)->required();
     subcommand->add_option("-o,--output", order.pictureFile, "the file to write: .svg, .png or .pdf")->required();
     subcommand->add_option("--layout", order.layout, "a layout by its name; the current one without");
     subcommand->add_option("--window", order.window, "what to show, as x1,y1,x2,y2 in drawing units; all without");

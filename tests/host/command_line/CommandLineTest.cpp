@@ -48,6 +48,8 @@ TEST_F(CommandLine, EndsWithTheCodeOfWhatHappened)
         {{"nonsense"}, 2},
         {{"session", "a.dxf", "b.dxf"}, 2},
         {{"session", "--nonsense"}, 2},
+        {{"session", ""}, 2},
+        {{"run", "", "ENTITIES"}, 2},
         {{"info"}, 2},
         {{"--help"}, 0},
         {{"session", "--help"}, 0},
