@@ -59,7 +59,7 @@ void OdDbDatabase::clearUndo()
 
 void OdDbDatabase::dropUndoRecordsAfter(OdUInt64 mark)
 {
-    requireNoTransaction(m_impl->journal);
+    requireNoReplay(m_impl->journal);
     m_impl->journal.dropRecordsAfter(mark);
 }
 

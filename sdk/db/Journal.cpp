@@ -301,7 +301,9 @@ void Journal::clear()
 // What was set aside is looked at only when the records are gone: then nothing may have come behind it.
 void Journal::dropRecordsAfter(OdUInt64 number)
 {
-    while (m_cursor > 0 && m_cursor == m_records.size() && m_records.back().number > number)
+    const std::size_t inside = m_transactions.empty() ? 0 : m_transactions.back();
+    while (m_cursor > 0 && m_cursor == m_records.size() && m_records.back().number > number &&
+           m_records.back().begin >= inside)
     {
         const std::size_t begin = m_records.back().begin;
         replayBackward(begin, m_steps.size());

@@ -78,7 +78,7 @@ public:
     bool undo();
     bool redo();
     void clear();
-    /// Takes back and drops all records later than the one of that number. No transaction may be open.
+    /// Takes back and drops all records later than the one of that number that the innermost open transaction holds.
     void dropRecordsAfter(OdUInt64 number);
     void disable(bool disable);
     bool disabled() const { return m_disabled; }

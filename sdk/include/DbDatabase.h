@@ -135,8 +135,8 @@ public:
     OdUInt64 undoMark() const;
 
     /** Takes back the changes of all undo records later than the one that undoMark() named, and drops these records:
-       they cannot be redone, and what could be redone before them can be redone again. Throws OdError
-        eUndoOperationNotAvailable while a transaction is open; nothing is changed then. */
+       they cannot be redone, and what could be redone before them can be redone again. While a transaction is open,
+       this goes back no further than to where the innermost one was started. */
     void dropUndoRecordsAfter(OdUInt64 mark);
 
     /** True when the record announced last was opened by a change and is still there, neither undone nor aborted. */

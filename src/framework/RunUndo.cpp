@@ -15,6 +15,5 @@ void CRunUndo::TakeBack(OdDbDatabase& db)
     m_bRequested = false;
     while (db.numActiveTransactions() > m_iEarlierTransactions)
         db.abortTransaction();
-    if (db.numActiveTransactions() == 0)
-        db.dropUndoRecordsAfter(m_uiEarlierRecord);
+    db.dropUndoRecordsAfter(m_uiEarlierRecord);
 }

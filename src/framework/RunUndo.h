@@ -14,8 +14,8 @@ public:
     void Request() { m_bRequested = true; }
 
     /** Takes back what the run has done, when that was requested: aborts the transactions that the run left open, and
-        takes back and drops its undo record. While a transaction of an earlier run is open, what the run has done
-       belongs to that one and is left to it. */
+        takes back and drops its undo record. A transaction of an earlier run stays open, with what was done in it
+        before. */
     void TakeBack(OdDbDatabase& db);
 
 private:

@@ -224,7 +224,7 @@ TEST_F(HandlerTest, WithoutUndoThereIsNothingToTakeBack)
     EXPECT_EQ(countEntities(), before + 1);
 }
 
-TEST_F(HandlerTest, ATransactionOfAnEarlierRunIsNotReplayedUnder)
+TEST_F(HandlerTest, AFailedRunLeavesATransactionOfAnEarlierRunAsItWas)
 {
     run(L"T_CHANGE");
     const int before = countEntities();
@@ -233,7 +233,10 @@ TEST_F(HandlerTest, ATransactionOfAnEarlierRunIsNotReplayedUnder)
     run(L"T_CHANGE");
     EXPECT_EQ(run(L"T_FAIL").state, eCommandFailed);
     EXPECT_EQ(run(L"T_FAILDEEP").state, eCommandFailed);
+    EXPECT_EQ(run(L"T_CHANGE T_FAIL").state, eCommandFailed);
+    EXPECT_EQ(run(L"T_CHANGE TRANSACTIONSTART T_CHANGE T_FAIL").state, eCommandFailed);
     EXPECT_EQ(db->numActiveTransactions(), 1);
+    EXPECT_EQ(countEntities(), before + 1) << "what failed is taken back, the rest of the transaction stays";
     run(L"TRANSACTIONABORT");
     EXPECT_EQ(countEntities(), before);
     db->undo();

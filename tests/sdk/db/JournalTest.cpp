@@ -96,9 +96,13 @@ TEST_F(JournalRecords, AFailedRunIsDroppedAndCostsNoRedo)
     EXPECT_EQ(lineCount(), 0u);
     EXPECT_FALSE(db().hasUndo());
     EXPECT_FALSE(db().hasRedo());
+    run(L"3");
     db().startTransaction();
-    EXPECT_EQ(codeOf([&] { db().dropUndoRecordsAfter(0); }), eUndoOperationNotAvailable);
+    run(L"fails in the transaction");
+    db().dropUndoRecordsAfter(0);
+    EXPECT_EQ(lineCount(), 1u) << "what came before the transaction stays";
     db().abortTransaction();
+    EXPECT_EQ(lineCount(), 1u);
 }
 
 TEST_F(JournalRecords, RecordingSwitchedOffLeavesTransactionsWhole)
