@@ -81,7 +81,8 @@ public:
     /** Takes the marks off again: the flag always, GUID and text as far as they are those of this label. */
     virtual void RemoveExtendedData(const OdDbObjectId& id);
 
-    /** Clears all references and adds these in order. */
+    /** Clears all references and adds these in order. The same ones are no exception: marks and reactors that were lost
+        come back by that, and the call can be undone, whatever it has found to mend. */
     virtual void SetReferencedObjectIds(const OdDbObjectIdArray& ids);
     /** Sets ids to the references in order. */
     virtual void GetReferencedObjectIds(OdDbObjectIdArray& ids) const;
