@@ -192,10 +192,13 @@ void odAppendUtf8(std::string& buffer, std::wstring_view text)
         odutf8::appendCharacter(buffer, odutf8::takeCharacter(text, i));
 }
 
+// A short text goes by way of the stack, where no room has to be filled with zeros first.
 std::string odStringToUtf8(std::wstring_view text)
 {
+    char small[256];
+    if (text.size() <= sizeof small && odCopyAscii(text, small) == text.size())
+        return {small, text.size()};
     std::string utf8;
-    utf8.reserve(text.size());
     odAppendUtf8(utf8, text);
     return utf8;
 }
