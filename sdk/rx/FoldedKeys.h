@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 
 #include "OdString.h"
 
@@ -25,9 +26,25 @@ struct FoldedHash
         return odIsAscii(folded) ? folded | 0x20 : folded;
     }
 
+    // The same for two neighbours at once.
+    static std::uint64_t spreadPair(OdChar first, OdChar second)
+    {
+        const auto join = [](OdChar low, OdChar high)
+        { return static_cast<std::uint32_t>(low) | std::uint64_t{static_cast<std::uint32_t>(high)} << 32; };
+        return odIsAscii(first | second) ? join(first | 0x20, second | 0x20) : join(spread(first), spread(second));
+    }
+
     std::size_t operator()(const OdString& key) const
     {
-        return hashOf(key.view(), [](OdChar character) { return spread(character); });
+        constexpr std::uint64_t kPrime = 1099511628211u;
+        const std::wstring_view text = key.view();
+        std::uint64_t hash = text.size();
+        std::size_t at = 0;
+        for (; at + 1 < text.size(); at += 2)
+            hash = (hash ^ spreadPair(text[at], text[at + 1])) * kPrime;
+        if (at < text.size())
+            hash = (hash ^ static_cast<std::uint64_t>(spread(text[at]))) * kPrime;
+        return hash ^ hash >> 32;
     }
 };
 

@@ -78,12 +78,12 @@ PlacedText readText(const OdDbText& text)
     return PlacedText{joinWords(seen.characters), measureText(text, seen.direction, text.position())};
 }
 
-// A text that nothing is beside needs no box: there is no order to find and no frame.
+// A text that nothing is beside needs no box: there is no order to find and no frame. Where it stands is not asked.
 PlacedText readLoneText(const OdDbText& text)
 {
     const OdString string = text.textString();
     const bool hasCodes = string.findOneOf(L"%\\") >= 0;
-    return PlacedText{joinWords(hasCodes ? seenTextOf(text).characters : string), pointAt(text.position())};
+    return PlacedText{joinWords(hasCodes ? seenTextOf(text).characters : string), pointAt(OdGePoint3d::kOrigin)};
 }
 
 void addText(BlockContent& content, PlacedText text)
