@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <bit>
-#include <cstring>
 
 #ifdef __SSE2__
 #include <emmintrin.h>
@@ -19,33 +18,39 @@ namespace dxf
 namespace
 {
 
-// The bytes of the word that equal the byte, each marked by its highest bit; right for the first of them.
-std::uint64_t markEqual(std::uint64_t word, char byte)
+#ifdef __SSE2__
+
+constexpr std::ptrdiff_t kBlock = 16; // bytes that are looked at together
+
+// Marks the ends of lines in a block, a bit for each byte.
+unsigned int markLineEnds(const char* block)
 {
-    constexpr std::uint64_t kOnes = 0x0101010101010101u;
-    const std::uint64_t zeroWhereEqual = word ^ kOnes * static_cast<unsigned char>(byte);
-    return (zeroWhereEqual - kOnes) & ~zeroWhereEqual & kOnes << 7;
+    const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(block));
+    const __m128i marks =
+        _mm_or_si128(_mm_cmpeq_epi8(bytes, _mm_set1_epi8('\n')), _mm_cmpeq_epi8(bytes, _mm_set1_epi8('\r')));
+    return static_cast<unsigned int>(_mm_movemask_epi8(marks));
 }
 
-// Where the line ends: many bytes at a time, for most lines are not longer.
+#else
+
+constexpr std::ptrdiff_t kBlock = 8;
+
+unsigned int markLineEnds(const char* block)
+{
+    unsigned int marks = 0;
+    for (int i = 0; i < kBlock; ++i)
+        marks |= static_cast<unsigned int>(block[i] == '\n' || block[i] == '\r') << i;
+    return marks;
+}
+
+#endif
+
+// Where the line ends: a block at a time, for most lines are not longer.
 const char* findLineEnd(const char* at, const char* end)
 {
-#ifdef __SSE2__
-    for (const __m128i lineFeeds = _mm_set1_epi8('\n'), returns = _mm_set1_epi8('\r'); end - at >= 16; at += 16)
-    {
-        const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
-        const __m128i marks = _mm_or_si128(_mm_cmpeq_epi8(bytes, lineFeeds), _mm_cmpeq_epi8(bytes, returns));
-        if (const auto bits = static_cast<unsigned int>(_mm_movemask_epi8(marks)); bits != 0)
-            return at + std::countr_zero(bits);
-    }
-#endif
-    if constexpr (std::endian::native == std::endian::little)
-        for (std::uint64_t word = 0; end - at >= 8; at += 8)
-        {
-            std::memcpy(&word, at, sizeof word);
-            if (const std::uint64_t marks = markEqual(word, '\n') | markEqual(word, '\r'))
-                return at + std::countr_zero(marks) / 8;
-        }
+    for (; end - at >= kBlock; at += kBlock)
+        if (const unsigned int marks = markLineEnds(at); marks != 0)
+            return at + std::countr_zero(marks);
     while (at != end && *at != '\n' && *at != '\r')
         ++at;
     return at;
