@@ -9,14 +9,6 @@
 namespace odkeys
 {
 
-inline std::size_t hashOf(std::wstring_view key, auto foldCharacter)
-{
-    std::size_t hash = 14695981039346656037u;
-    for (const OdChar character : key)
-        hash = (hash ^ static_cast<std::size_t>(foldCharacter(character))) * 1099511628211u;
-    return hash;
-}
-
 struct FoldedHash
 {
     // As good as folded: upper and lower case are one bit apart, and characters that fall together are still compared.

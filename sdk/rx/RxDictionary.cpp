@@ -25,7 +25,7 @@ struct KeyRule
 
     std::size_t operator()(const OdString& key) const
     {
-        return caseSensitive ? odkeys::hashOf(key.view(), std::identity()) : odkeys::FoldedHash()(key);
+        return caseSensitive ? std::hash<OdString>()(key) : odkeys::FoldedHash()(key);
     }
     bool operator()(const OdString& first, const OdString& second) const
     {
