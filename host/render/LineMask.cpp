@@ -43,7 +43,8 @@ bool LineMask::makeRoom()
 
 LineMask::~LineMask()
 {
-    wait();
+    if (m_adding.valid())
+        m_adding.wait(); // and let nobody hear of what went wrong
     cairo_surface_destroy(m_surface);
 }
 
@@ -52,8 +53,8 @@ void LineMask::add(Path path, double width)
     m_isEmpty = false;
     const std::lock_guard lock(m_mutex);
     m_waiting.push_back({std::move(path), width});
-    if (!std::exchange(m_isAdding, true))
-        m_adding = std::async(std::launch::async, [this] { addWaiting(); });
+    if (!std::exchange(m_isAdding, true)) // deferred, and so done by wait(), when there is no thread left
+        m_adding = std::async(std::launch::async | std::launch::deferred, [this] { addWaiting(); });
 }
 
 void LineMask::addAtOnce(const Path& path, double width)
