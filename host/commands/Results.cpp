@@ -10,7 +10,7 @@ void Results::append(const OdResBufPtr& element)
         m_first = element;
     else
         m_last->setNext(element);
-    m_last = element;
+    m_last = element.get();
 }
 
 void Results::add(const OdChar* name, const OdString& text)

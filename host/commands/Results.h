@@ -26,7 +26,7 @@ private:
     void append(const OdResBufPtr& element);
 
     OdResBufPtr m_first;
-    OdResBufPtr m_last;
+    OdResBuf* m_last = nullptr; ///< of the chain that m_first holds
 };
 
 } // namespace hostcommands

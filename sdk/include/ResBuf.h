@@ -185,7 +185,7 @@ public:
     // ---- The chain -----------------------------------------------------------------------------------------------
 
     /** The next element, null at the end. */
-    OdResBufPtr next() const { return m_next; }
+    OdResBufPtr next() const { return share(m_next.get()); }
     /** Links an element (and what is behind it) behind this one, in place of what was there; null ends the chain here.
         Returns the element linked. Throws OdError (eInvalidInput), with nothing changed, for the element itself. Chains
         must not be made to run in a circle. */
@@ -246,14 +246,14 @@ public:
 
     // ---- As an object --------------------------------------------------------------------------------------------
 
-    void addRef() override { m_references.fetch_add(1, std::memory_order_relaxed); }
+    /** References are counted without regard to other threads, as a chain is for one at a time. */
+    void addRef() override { ++m_references; }
     void release() override
     {
-        // nobody can add a reference to the last one
-        if (numRefs() == 1 || m_references.fetch_sub(1, std::memory_order_acq_rel) == 1)
+        if (--m_references == 0)
             delete this;
     }
-    long numRefs() const override { return m_references.load(std::memory_order_acquire); }
+    long numRefs() const override { return m_references; }
 
     /** Copies the whole chain from here, nested chains included; objects are shared. */
     OdRxObjectPtr clone() const override;
@@ -284,11 +284,17 @@ private:
     [[noreturn]] static void throwWrongType();
     template<class T>
     T narrow() const;
+    static OdResBufPtr share(OdResBuf* element)
+    {
+        if (element)
+            ++element->m_references;
+        return OdResBufPtr(element, kOdRxObjAttach);
+    }
     void checkLink(const OdResBuf* element) const;
     void relink(OdResBuf* element);
     OdResBuf* findLast() const;
 
-    std::atomic<int> m_references{1};
+    long m_references = 1;
     int m_resType = kRtNone;
     Value m_value;
     OdResBufPtr m_next;

@@ -49,6 +49,8 @@ void OdResBuf::rxUninit()
 
 OdResBuf::~OdResBuf()
 {
+    if (m_next.isNull() && !std::holds_alternative<OdResBufPtr>(m_value))
+        return;
     std::vector<OdResBufPtr> nested;
     const auto takeNested = [&nested](OdResBuf& element)
     {
@@ -155,7 +157,7 @@ void OdResBuf::relink(OdResBuf* element)
 {
     if (!m_next.isNull())
         g_linksBroken.fetch_add(1, std::memory_order_relaxed);
-    m_next = element;
+    m_next = share(element);
 }
 
 OdResBufPtr OdResBuf::setNext(OdResBuf* element)
@@ -163,7 +165,7 @@ OdResBufPtr OdResBuf::setNext(OdResBuf* element)
     checkLink(element);
     if (m_next.get() != element)
         relink(element);
-    return m_next;
+    return share(element);
 }
 
 OdResBuf* OdResBuf::findLast() const
@@ -183,7 +185,7 @@ OdResBuf* OdResBuf::findLast() const
 
 OdResBufPtr OdResBuf::last() const
 {
-    return OdResBufPtr(findLast());
+    return share(findLast());
 }
 
 OdResBufPtr OdResBuf::insert(OdResBuf* element)

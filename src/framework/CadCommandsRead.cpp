@@ -41,15 +41,20 @@ static void RequireDatabase(OdDbDatabase* pDb, const OdChar* pszFunction)
         throw OdError_InvalidArgument(eNoDatabase, L"pDb", pszFunction);
 }
 
-static bool HoldsText(const OdResBuf& element)
+// Nothing for an element that holds no text, whatever its type says.
+static OdString NameIn(const OdResBuf& element)
 {
+    if (element.restype() != OdResBuf::kRtString)
+        return OdString();
     try
     {
-        return element.restype() == OdResBuf::kRtString && !element.getString().isEmpty();
+        OdString strName = Trimmed(element.getString());
+        strName.makeUpper();
+        return strName;
     }
     catch (const OdError&)
     {
-        return false;
+        return OdString();
     }
 }
 
@@ -58,8 +63,7 @@ OdResBufPtr CadCommands::ResBufGetName(const OdResBufPtr& pResBuf, OdString& str
     strName.empty();
     if (!pResBuf)
         return OdResBufPtr();
-    if (HoldsText(*pResBuf))
-        strName = Trimmed(pResBuf->getString()).makeUpper();
+    strName = NameIn(*pResBuf);
     return pResBuf->next();
 }
 

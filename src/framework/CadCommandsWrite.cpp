@@ -13,29 +13,36 @@ public:
     {
         if (strName.isEmpty())
             throw OdError_InvalidArgument(eEmptyName, L"strName", pszFunction);
-        m_pHead = m_pTail = OdResBuf::newRb(OdResBuf::kRtString, strName);
+        m_pHead = OdResBuf::newRb(OdResBuf::kRtString, strName);
+        m_pTail = m_pHead.get();
     }
 
     template<class Value>
     EntryWriter& Add(int iType, const Value& value)
     {
-        m_pTail = m_pTail->setNext(OdResBuf::newRb(iType, value).get());
+        Link(OdResBuf::newRb(iType, value));
         return *this;
     }
     OdResBuf& AddElement(int iType)
     {
-        m_pTail = m_pTail->setNext(OdResBuf::newRb(iType).get());
+        Link(OdResBuf::newRb(iType));
         return *m_pTail;
     }
     EntryWriter& AddPointer(const void* pValue)
     {
         return Add(OdResBuf::kRtInt64, static_cast<OdInt64>(reinterpret_cast<OdIntPtr>(pValue)));
     }
-    OdResBufPtr Entry() const { return m_pHead; }
+    OdResBufPtr Entry() { return std::move(m_pHead); }
 
 private:
+    void Link(const OdResBufPtr& pElement)
+    {
+        m_pTail->setNext(pElement.get());
+        m_pTail = pElement.get();
+    }
+
     OdResBufPtr m_pHead;
-    OdResBufPtr m_pTail;
+    OdResBuf* m_pTail = nullptr;
 };
 
 } // namespace

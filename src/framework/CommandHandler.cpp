@@ -269,7 +269,9 @@ OdString CCommandHandler::GetCommand()
 
 OdString CCommandHandler::GetCommandName()
 {
-    return m_strCommand.spanExcluding(kBlanks).makeUpper();
+    OdString strName = m_strCommand.spanExcluding(kBlanks);
+    strName.makeUpper();
+    return strName;
 }
 
 OdInt32 CCommandHandler::GetCommandFlags()
@@ -285,21 +287,26 @@ OdString CCommandHandler::GetMacro()
 // ---- As a context
 // ----------------------------------------------------------------------------------------------------
 
-OdRxDictionaryPtr CCommandHandler::GetArbitrayDataDictionary() const
+OdRxDictionary& CCommandHandler::ArbitraryData() const
 {
     if (!m_pArbitraryData)
         m_pArbitraryData = odrxCreateSyncRxDictionary();
-    return m_pArbitraryData;
+    return *m_pArbitraryData;
+}
+
+OdRxDictionaryPtr CCommandHandler::GetArbitrayDataDictionary() const
+{
+    return &ArbitraryData();
 }
 
 OdRxObjectPtr CCommandHandler::arbitraryData(const OdString& key) const
 {
-    return GetArbitrayDataDictionary()->getAt(key);
+    return ArbitraryData().getAt(key);
 }
 
 void CCommandHandler::setArbitraryData(const OdString& key, OdRxObject* object)
 {
-    PutOrRemove(*GetArbitrayDataDictionary(), key, object);
+    PutOrRemove(ArbitraryData(), key, object);
 }
 
 OdRxObject* CCommandHandler::baseDatabase()

@@ -105,6 +105,7 @@ protected:
     virtual OdRxDictionaryPtr GetArbitrayDataDictionary() const;
 
 private:
+    OdRxDictionary& ArbitraryData() const;
     void BeginUndo(OdUInt32 uiFlags);
     void EndUndo();
     void RunKeepingError(const OdString& strName);

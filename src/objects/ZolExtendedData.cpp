@@ -145,11 +145,16 @@ OdDbObjectId CZolExtendedData::DataReadFromObject() const
 OdResBufPtr CZolExtendedData::GetResultBuffer() const
 {
     OdResBufPtr pHead = OdResBuf::newRb(OdResBuf::kDxfRegAppName, Application());
-    OdResBufPtr pLast = pHead;
+    OdResBuf* pLast = pHead.get();
+    const auto Append = [&pLast](const OdResBufPtr& pElement)
+    {
+        pLast->setNext(pElement.get());
+        pLast = pElement.get();
+    };
     for (const OdUInt32 uiWord : {m_uiCurrentVersion, m_uiFlags, OdUInt32(m_eExtendedCharacteristicFlags)})
-        pLast = pLast->setNext(OdResBuf::newRb(OdResBuf::kDxfXdInteger32, static_cast<OdInt32>(uiWord)).get());
+        Append(OdResBuf::newRb(OdResBuf::kDxfXdInteger32, static_cast<OdInt32>(uiWord)));
     for (const OdString* pText : {&m_strLinkedObject, &m_strGuid, &m_strName})
-        pLast = pLast->setNext(OdResBuf::newRb(OdResBuf::kDxfXdAsciiString, *pText).get());
+        Append(OdResBuf::newRb(OdResBuf::kDxfXdAsciiString, *pText));
     return pHead;
 }
 

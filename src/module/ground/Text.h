@@ -4,11 +4,10 @@
 #include "OdString.h"
 
 /** The text without the blanks, tabs, line feeds and quotes (double and single) at both ends. */
-inline OdString Trimmed(const OdString& strText)
+inline OdString Trimmed(OdString strText)
 {
     static constexpr const OdChar* kTrimmed = L" \t\n\"'";
-    OdString strResult = strText;
-    strResult.trimLeft(kTrimmed);
-    strResult.trimRight(kTrimmed);
-    return strResult;
+    strText.trimLeft(kTrimmed);
+    strText.trimRight(kTrimmed);
+    return strText;
 }
