@@ -81,6 +81,8 @@ void registerDxfClasses(std::span<const DxfClass> classes)
     {
         registry().byDxfName.insert_or_assign(known.dxfName, &known);
         registry().byClassName.insert_or_assign(known.className, &known);
+        for (const DxfSubclass* const subclass : known.subclasses)
+            subclass->atom();
     }
 }
 

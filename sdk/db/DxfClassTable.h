@@ -54,7 +54,7 @@ struct DxfSubclass
     const DxfRow* row(int code) const;
     Atom atom() const;
 
-    mutable Atom knownAtom{}; ///< of the marker, once it was asked for
+    mutable Atom knownAtom{}; ///< of the marker, from the first question on
 };
 
 /// One class of objects as files know it.
@@ -70,7 +70,8 @@ struct DxfClass
     int position(std::string_view marker) const;
 };
 
-/// Enters classes under their DXF names; the span must stay alive. A name entered before is replaced.
+/// Enters classes under their DXF names; the span must stay alive. A name entered before is replaced. Afterwards the
+/// classes may be looked at by several threads.
 void registerDxfClasses(std::span<const DxfClass> classes);
 
 /// The class with this DXF name or runtime class name; null when there is none.

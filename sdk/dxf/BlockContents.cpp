@@ -46,39 +46,45 @@ bool isSubentity(std::string_view name)
 void BlockContents::readInto(OdDbStub* block)
 {
     m_reading.records.read(m_reading.record);
-    place(block);
+    place(m_reading.record, block);
 }
 
 void BlockContents::readIntoItsBlock()
 {
     m_reading.records.read(m_reading.record);
-    place(isSubentity(m_reading.record.name) && m_parent != nullptr ? nullptr : blockOfRecord());
+    placeIntoItsBlock(m_reading.record);
 }
 
-OdDbStub* BlockContents::blockOfRecord() const
+void BlockContents::placeIntoItsBlock(Record& record)
 {
-    const Record& record = m_reading.record;
+    m_place = record.place;
+    place(record, isSubentity(record.name) && m_parent != nullptr ? nullptr : blockOf(record));
+}
+
+OdDbStub* BlockContents::blockOf(const Record& record)
+{
     if (record.hasOwner && isBlock(record.owner))
         return record.owner;
     if (record.hasOwner)
-        m_reading.noteFault("the owner of the entity is no block; it goes into the model or paper space");
+        noteFault("the owner of the entity is no block; it goes into the model or paper space");
     const oddb::DatabaseImpl& database = m_reading.database;
     return record.integer(kPaperSpaceCode) != 0 ? database.paperSpace : database.modelSpace;
 }
 
-void BlockContents::place(OdDbStub* block)
+void BlockContents::place(Record& record, OdDbStub* block)
 {
-    if (isSubentity(m_reading.record.name) && m_parent != nullptr)
-        return placeUnderParent();
+    m_place = record.place;
+    if (isSubentity(record.name) && m_parent != nullptr)
+        return placeUnderParent(record);
     end();
-    if (std::string_view(m_reading.record.name) == "SEQEND")
-        return m_reading.noteFault("a SEQEND that ends nothing is passed over");
-    OdDbStub* const entity = m_reading.objects.loadEntity(m_reading.record, block);
-    if (isSubentity(m_reading.record.name))
-        m_reading.noteFault("a " + m_reading.record.name + " without an entity in front of it is kept by itself");
+    if (std::string_view(record.name) == "SEQEND")
+        return noteFault("a SEQEND that ends nothing is passed over");
+    OdDbStub* const entity = m_reading.objects.loadEntity(record, block);
+    if (isSubentity(record.name))
+        noteFault("a " + record.name + " without an entity in front of it is kept by itself");
     correctOwner(*entity, block);
     oddb::BlockCore::contents(*block).entities.push_back(entity);
-    if (mayOwnSubentities(m_reading.record.name))
+    if (mayOwnSubentities(record.name))
         m_parent = entity;
 }
 
@@ -86,14 +92,14 @@ void BlockContents::correctOwner(OdDbStub& entity, OdDbStub* block)
 {
     if (oddb::ObjectCore::owner(*entity.object) == block)
         return;
-    m_reading.noteFault("the entity names another owner than the block it stands in");
+    noteFault("the entity names another owner than the block it stands in");
     oddb::ObjectCore::putOwner(*entity.object, block);
 }
 
-void BlockContents::placeUnderParent()
+void BlockContents::placeUnderParent(Record& record)
 {
-    const bool isEnd = m_reading.record.name == "SEQEND";
-    OdDbStub* const element = m_reading.objects.loadEntity(m_reading.record, m_parent);
+    const bool isEnd = record.name == "SEQEND";
+    OdDbStub* const element = m_reading.objects.loadEntity(record, m_parent);
     oddb::SubentityList& list = entityOf(m_parent).makeSubentities();
     if (!isEnd)
         return list.append(element);
@@ -104,7 +110,7 @@ void BlockContents::placeUnderParent()
 void BlockContents::end()
 {
     if (m_parent != nullptr && hasSubentities(m_parent))
-        m_reading.noteFault("a SEQEND is missing in front of this record");
+        noteFault("a SEQEND is missing in front of this record");
     m_parent = nullptr;
 }
 

@@ -20,16 +20,21 @@ public:
     /// model or of the paper.
     void readIntoItsBlock();
 
+    /// Puts an entity there that was read already.
+    void placeIntoItsBlock(Record& record);
+
     /// Ends the block: what follows does not belong to the entity in front of it.
     void end();
 
 private:
-    OdDbStub* blockOfRecord() const;
-    void place(OdDbStub* block);
-    void placeUnderParent();
+    OdDbStub* blockOf(const Record& record);
+    void place(Record& record, OdDbStub* block);
+    void placeUnderParent(Record& record);
+    void noteFault(std::string_view what) { m_reading.faults.add(m_place, what); }
     void correctOwner(OdDbStub& entity, OdDbStub* block);
 
     Reading& m_reading;
+    Place m_place;                // of the entity that was placed last
     OdDbStub* m_parent = nullptr; // the entity that is being given its vertices or attributes
 };
 

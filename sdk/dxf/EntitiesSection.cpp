@@ -1,5 +1,5 @@
 // ENTITIES: what stands in the model and in the paper layout that was shown last.
-#include "BlockContents.h"
+#include "RecordsAhead.h"
 #include "Tables.h"
 
 namespace dxf
@@ -10,8 +10,10 @@ void readEntitiesSection(Reading& reading)
     makeSpaces(reading);
     BlockContents contents(reading);
     reading.goToFirstRecord();
+    RecordsAhead ahead(reading);
     while (reading.inSection())
-        contents.readIntoItsBlock();
+        if (!ahead.placePart(contents))
+            contents.readIntoItsBlock();
     contents.end();
 }
 

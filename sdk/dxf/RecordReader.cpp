@@ -25,6 +25,12 @@ constexpr int kFirstXDataCode = 1000;
 constexpr int kXDataApplicationCode = 1001;
 constexpr std::string_view kUnknownEntity = "ACAD_PROXY_ENTITY";
 
+// Markers and heads of application data go into a table of the whole program.
+bool goesIntoSharedTable(int code)
+{
+    return code >= kMarkerCode && code <= kApplicationGroupCode;
+}
+
 bool isReference(int code)
 {
     return valueKind(code) == ValueKind::Handle && code != 5 && code != 105;
@@ -34,6 +40,12 @@ bool isReference(int code)
 
 RecordReader::RecordReader(oddb::DatabaseImpl& database, TagScanner& scanner, FaultLog& faults)
     : m_database(database), m_scanner(scanner), m_faults(faults), m_symbols(database.database)
+{
+}
+
+RecordReader::RecordReader(oddb::DatabaseImpl& database, TagScanner& scanner, FaultLog& faults,
+                           const KnownRecords& known)
+    : m_database(database), m_scanner(scanner), m_faults(faults), m_symbols(database.database, known), m_known(&known)
 {
 }
 
@@ -72,6 +84,20 @@ void RecordReader::read(Record& record)
         else
             readGroup(record);
     }
+}
+
+bool RecordReader::readAhead(Record& record)
+{
+    const std::size_t faultsBefore = m_faults.count();
+    m_isLeft = false;
+    read(record);
+    return !m_isLeft && m_faults.count() == faultsBefore;
+}
+
+bool RecordReader::leaveToDatabase()
+{
+    m_isLeft = m_known != nullptr;
+    return m_isLeft;
 }
 
 void RecordReader::enterClass(const std::string& name)
@@ -115,6 +141,11 @@ void RecordReader::readHandle(Record& record)
 
 void RecordReader::readGroup(Record& record)
 {
+    if (m_isLeft)
+    {
+        advance();
+        return;
+    }
     switch (m_tag.code)
     {
     case kMarkerCode:
@@ -147,12 +178,13 @@ void RecordReader::readText(Record& record)
     const std::string_view text = m_decoder.decode(m_tag.text);
     OdDbStub* const named =
         row != nullptr && row->kind == oddb::DxfKind::Name ? m_symbols.find(row->table, text) : nullptr;
+    const bool isSpelt = named == nullptr && row != nullptr && !text.empty() && row->kind == oddb::DxfKind::Name;
     if (named != nullptr)
         record.groups.name(m_tag.code, named);
-    else
+    else if (!(isSpelt || goesIntoSharedTable(m_tag.code)) || !leaveToDatabase())
         record.groups.text(m_tag.code, text);
-    m_database.hasSpeltNames = m_database.hasSpeltNames || (named == nullptr && row != nullptr && !text.empty() &&
-                                                            row->kind == oddb::DxfKind::Name);
+    if (isSpelt && !m_isLeft)
+        m_database.hasSpeltNames = true;
     advance();
 }
 
@@ -177,7 +209,7 @@ void RecordReader::append(oddb::GroupsBuilder& groups, const Tag& tag)
     default:
         if (isReference(tag.code))
             groups.id(tag.code, referenceOf(tag));
-        else
+        else if (!goesIntoSharedTable(tag.code) || !leaveToDatabase())
             groups.text(tag.code, m_decoder.decode(tag.text));
     }
 }
@@ -193,16 +225,28 @@ OdDbStub* RecordReader::referenceOf(const Tag& tag)
     if (handle.isNull())
         return nullptr;
     // most records have the same owner as the one before
-    if (m_lastReference == nullptr || m_lastReference->handle != OdUInt64(handle))
+    if (m_lastReference != nullptr && m_lastReference->handle == OdUInt64(handle))
+        return m_lastReference;
+    if (m_known == nullptr)
     {
         m_database.noteHandle(handle);
-        m_lastReference = m_database.stubs.findOrCreate(handle);
+        return m_lastReference = m_database.stubs.findOrCreate(handle);
     }
-    return m_lastReference;
+    OdDbStub* const known = m_known->find(OdUInt64(handle));
+    if (known != nullptr)
+        m_lastReference = known;
+    else
+        leaveToDatabase();
+    return known;
 }
 
 void RecordReader::readApplicationGroup(Record& record)
 {
+    if (leaveToDatabase())
+    {
+        advance();
+        return;
+    }
     const std::string_view name = trimmed(m_tag.text);
     if (name == "{BLKREFS" && record.name == "BLOCK_RECORD")
         return skipApplicationGroup();
@@ -256,6 +300,11 @@ void RecordReader::readExtensionDictionary(Record& record)
 
 void RecordReader::readXData(Record& record)
 {
+    if (leaveToDatabase())
+    {
+        advance();
+        return;
+    }
     OdDbStub* const application = findOrRegister(m_decoder.decode(m_tag.text));
     m_values.clear();
     while (advance() && m_tag.code >= kFirstXDataCode && m_tag.code != kXDataApplicationCode)

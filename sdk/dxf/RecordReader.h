@@ -23,6 +23,8 @@ public:
     static constexpr std::uint64_t kLargestHandle = ~std::uint64_t{0} >> 1;
 
     RecordReader(oddb::DatabaseImpl& database, TagScanner& scanner, FaultLog& faults);
+    /// A reader for another thread than the database's: it looks at these records instead, and has only readAhead().
+    RecordReader(oddb::DatabaseImpl& database, TagScanner& scanner, FaultLog& faults, const KnownRecords& known);
 
     /// Called for an application that has extended data but is not registered; returns its new record.
     using Registrar = std::function<OdDbStub*(std::string_view name)>;
@@ -45,6 +47,10 @@ public:
     /// Reads the record that the head begins; the head is then that of the next one.
     void read(Record& record);
 
+    /// As read(), without the database. Returns false when the record needs that, or when there is a fault in it: then
+    /// the record is not whole and read() has to read it again.
+    bool readAhead(Record& record);
+
     /// Gives groups without subclass markers, as old files have them, the markers of the class.
     void completeMarkers(oddb::GroupsBuilder& groups, const oddb::DxfClass& cls)
     {
@@ -55,6 +61,8 @@ public:
     void append(oddb::GroupsBuilder& groups, const Tag& tag);
 
 private:
+    /// Leaves the record to a reader that has the database. True when this one has not.
+    bool leaveToDatabase();
     void enterClass(const std::string& name);
     void readHeader(Record& record);
     void readGroup(Record& record);
@@ -75,6 +83,8 @@ private:
     FaultLog& m_faults;
     TextDecoder m_decoder;
     SymbolFinder m_symbols;
+    const KnownRecords* m_known = nullptr; // for the thread of another reader
+    bool m_isLeft = false;                 // to that one
     Tag m_tag;
     bool m_atEnd = false;
     const oddb::DxfClass* m_class = nullptr; // of the record that was read last

@@ -31,7 +31,10 @@ public:
     /// Returns where the next group begins.
     ScanPosition position() const { return {m_at, m_line}; }
 
-    /// Goes back to a place that position() has returned.
+    /// Returns where the group that was delivered last begins.
+    ScanPosition tagPosition() const { return {m_tagAt, m_tagLine}; }
+
+    /// Goes to a place that one of these has returned.
     void seek(ScanPosition position);
 
     /// Returns the place of the group that was delivered last, for messages.

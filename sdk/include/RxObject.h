@@ -25,7 +25,8 @@ enum Ordering : int
 using OdRxObjectPtr = OdSmartPtr<OdRxObject>;
 
 /** An OdRxObject is an object that lives as long as somebody holds a reference to it and whose class can be asked for
-    and compared while the program runs. Counting references is safe between threads; what else is, each class says.
+    and compared while the program runs. Counting references is safe between threads but for classes that say otherwise;
+    what else is, each class says.
 
     New objects are made by the createObject of their class, which gives a smart pointer that holds the only reference.
  */
