@@ -13,20 +13,6 @@ namespace oddb
 namespace
 {
 
-bool isAscii(std::string_view name)
-{
-    for (const char c : name)
-        if (static_cast<unsigned char>(c) > 127)
-            return false;
-    return true;
-}
-
-// What odCaseFold makes of ASCII characters: the letters become small ones.
-constexpr std::uint32_t foldAscii(char c)
-{
-    return static_cast<std::uint32_t>(c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c);
-}
-
 // Eight characters of a name at a time.
 using Block = std::uint64_t;
 
@@ -43,12 +29,20 @@ Block readBlock(std::string_view name, std::size_t at)
     return block;
 }
 
-// As foldAscii, for each of the characters, none of which may be above 127.
+// What odCaseFold makes of ASCII characters: the letters become small ones. None may be above 127.
 Block foldBlock(Block characters)
 {
     const Block fromA = characters + (0x80 - 'A') * kEach;
     const Block aboveZ = characters + (0x80 - 'Z' - 1) * kEach;
     return characters | (fromA & ~aboveZ & kHighBits) >> 2;
+}
+
+bool isAscii(std::string_view name)
+{
+    Block all = 0;
+    for (std::size_t at = 0; at < name.size(); at += sizeof(Block))
+        all |= readBlock(name, at);
+    return (all & kHighBits) == 0;
 }
 
 constexpr std::uint64_t kHashPrime = 0x9E3779B97F4A7C15;
@@ -106,12 +100,13 @@ bool isSameName(std::string_view first, std::string_view second)
 {
     if (first == second)
         return true;
+    // Characters that are not ASCII may be the same as some that are, with more bytes.
     if (!isAscii(first) || !isAscii(second))
         return foldedName(first) == foldedName(second);
     if (first.size() != second.size())
         return false;
-    for (std::size_t i = 0; i < first.size(); ++i)
-        if (foldAscii(first[i]) != foldAscii(second[i]))
+    for (std::size_t at = 0; at < first.size(); at += sizeof(Block))
+        if (foldBlock(readBlock(first, at)) != foldBlock(readBlock(second, at)))
             return false;
     return true;
 }

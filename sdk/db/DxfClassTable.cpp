@@ -39,7 +39,7 @@ const DxfClass* find(const std::unordered_map<std::string_view, const DxfClass*>
 
 // ---- Classes -------------------------------------------------------------------------------------------------------
 
-const DxfRow* DxfSubclass::row(int code) const
+const DxfRow* DxfSubclass::findRow(int code) const
 {
     for (const DxfRow& row : rows)
         if (row.code == code)
@@ -49,6 +49,14 @@ const DxfRow* DxfSubclass::row(int code) const
             if (row.code + 10 * i == code)
                 return &row;
     return nullptr;
+}
+
+void DxfSubclass::index() const
+{
+    atom();
+    for (std::size_t i = 0; i < rows.size() && i < 0xFF; ++i)
+        if (std::uint8_t& usual = usualRows[static_cast<unsigned int>(rows[i].code) % std::size(usualRows)]; usual == 0)
+            usual = static_cast<std::uint8_t>(i + 1);
 }
 
 Atom DxfSubclass::atom() const
@@ -82,7 +90,7 @@ void registerDxfClasses(std::span<const DxfClass> classes)
         registry().byDxfName.insert_or_assign(known.dxfName, &known);
         registry().byClassName.insert_or_assign(known.className, &known);
         for (const DxfSubclass* const subclass : known.subclasses)
-            subclass->atom();
+            subclass->index();
     }
 }
 

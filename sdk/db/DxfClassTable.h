@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <iterator>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -51,10 +52,18 @@ struct DxfSubclass
 
     /// The row of the code, null when the class does not know it. Codes of second and third coordinates give the
     /// row of their point.
-    const DxfRow* row(int code) const;
+    const DxfRow* row(int code) const
+    {
+        const std::uint8_t usual = usualRows[static_cast<unsigned int>(code) % std::size(usualRows)];
+        return usual != 0 && rows[usual - 1u].code == code ? &rows[usual - 1u] : findRow(code);
+    }
     Atom atom() const;
+    /// Fills the fields below, so that row() has to look for few.
+    void index() const;
+    const DxfRow* findRow(int code) const;
 
-    mutable Atom knownAtom{}; ///< of the marker, from the first question on
+    mutable Atom knownAtom{};             ///< of the marker, from the first question on
+    mutable std::uint8_t usualRows[64]{}; ///< by the last bits of the code: a row that may have it, counted from 1
 };
 
 /// One class of objects as files know it.
