@@ -14,12 +14,12 @@ namespace render
 namespace
 {
 
-constexpr std::size_t kMostKept = 20000;    ///< steps of paths that are painted at once
-constexpr std::size_t kMostMasked = 400000; ///< the same where there is a mask
-constexpr std::size_t kWorthwhile = 20000;  ///< steps that are worth a thread of their own
-constexpr std::size_t kMostWidths = 64;     ///< of lines that are painted at once
-constexpr double kThin = 1.5;               ///< pixels up to which ends and corners of lines are not seen
-constexpr double kPixelsForStep = 1000.0;   ///< pixels of a mask that are painted in the time of a stroke's step
+constexpr std::size_t kMostKept = 20000;     ///< steps of paths that are painted at once
+constexpr std::size_t kMostMasked = 1000000; ///< the same where there is a mask
+constexpr std::size_t kWorthwhile = 20000;   ///< steps that are worth a thread of their own
+constexpr std::size_t kMostWidths = 64;      ///< of lines that are painted at once
+constexpr double kThin = 1.5;                ///< pixels up to which ends and corners of lines are not seen
+constexpr double kPixelsForStep = 1000.0;    ///< pixels of a mask that are painted in the time of a stroke's step
 
 bool isUsable(const cairo_matrix_t& matrix)
 {

@@ -81,7 +81,9 @@ struct PageSize
 /// Writes a file. Throws OdError_FileWriteError, also when there are no bytes.
 void writeFile(const std::string& file, const std::string& bytes);
 
-std::unique_ptr<Canvas> makePngCanvas(const std::string& file, const PageSize& size, const Color& background);
+/// Pixels, where there are some, are zero and so many as the page has, with four bytes each.
+std::unique_ptr<Canvas> makePngCanvas(const std::string& file, const PageSize& size, const Color& background,
+                                      std::unique_ptr<unsigned char[]> pixels = nullptr);
 std::unique_ptr<Canvas> makePdfCanvas(const std::string& file, const PageSize& size, const Color& background);
 std::unique_ptr<Canvas> makeSvgCanvas(const std::string& file, const PageSize& size, const Color& background);
 

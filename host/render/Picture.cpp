@@ -5,6 +5,7 @@
 
 #include "DbBlockTableRecord.h"
 #include "OdError.h"
+#include "render/PixelMemory.h"
 #include "render/SpaceDraw.h"
 #include "render/View.h"
 
@@ -16,7 +17,7 @@ namespace
 
 constexpr double kPixelsPerMillimetre = 96 / 25.4;
 
-std::unique_ptr<Canvas> makeCanvas(const PictureOrder& order, const PageSize& size)
+std::unique_ptr<Canvas> makeCanvas(const PictureOrder& order, const PageSize& size, PixelMemory& pixels)
 {
     switch (order.format)
     {
@@ -25,7 +26,7 @@ std::unique_ptr<Canvas> makeCanvas(const PictureOrder& order, const PageSize& si
     case Format::kPdf:
         return makePdfCanvas(order.file, size, order.background);
     default:
-        return makePngCanvas(order.file, size, order.background);
+        return makePngCanvas(order.file, size, order.background, pixels.take(size));
     }
 }
 
@@ -42,9 +43,11 @@ double lineWeightScale(const OdDbLayout& layout, const View& view, const PageSiz
 void paintPicture(OdDbDatabase& database, const PictureOrder& order)
 {
     const OdDbLayoutPtr layout = findLayout(database, order.layout);
+    const std::optional<PageSize> largest = largestPage(*layout, order);
+    PixelMemory pixels = largest && order.format == Format::kPng ? PixelMemory(*largest) : PixelMemory();
     View view = viewOf(database, *layout, order);
     const PageSize size = fitPage(view, *layout, order);
-    const std::unique_ptr<Canvas> canvas = makeCanvas(order, size);
+    const std::unique_ptr<Canvas> canvas = makeCanvas(order, size, pixels);
     Looks looks(order.background, canvas->thinnestLine(), lineWeightScale(*layout, view, size, order),
                 database.getLTSCALE());
     OdStaticRxObject<SpaceDraw> draw(*canvas, looks, database);

@@ -188,7 +188,10 @@ void PictureGeometry::addEllipse(const Ellipse& ellipse, Path& path) const
     OdGeVector2d slope = slopeAtStart;
     for (int i = 1; i <= pieces; ++i)
     {
-        const auto [to, slopeAtEnd] = ellipse.placeAt(ellipse.start + step * i);
+        // A quarter farther, the places lie where the slopes point to now.
+        const auto [to, slopeAtEnd] = step == kTwoPi / 4.0
+                                          ? Ellipse::Place{ellipse.center + slope, ellipse.center - from}
+                                          : ellipse.placeAt(ellipse.start + step * i);
         path.curveTo(from + slope * handle, to - slopeAtEnd * handle, to);
         from = to;
         slope = slopeAtEnd;

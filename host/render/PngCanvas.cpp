@@ -1,4 +1,6 @@
 // Pictures of pixels.
+#include <utility>
+
 #include "render/CairoCanvas.h"
 #include "render/PngFile.h"
 
@@ -8,12 +10,31 @@ namespace render
 namespace
 {
 
+// The surface keeps the pixels.
+cairo_surface_t* makeSurface(const PageSize& size, std::unique_ptr<unsigned char[]> pixels)
+{
+    constexpr cairo_format_t kFormat = CAIRO_FORMAT_ARGB32;
+    if (!pixels)
+        return cairo_image_surface_create(kFormat, size.width, size.height);
+    static const cairo_user_data_key_t kPixels{};
+    cairo_surface_t* const surface = cairo_image_surface_create_for_data(
+        pixels.get(), kFormat, size.width, size.height, cairo_format_stride_for_width(kFormat, size.width));
+    const auto release = [](void* kept) { delete[] static_cast<unsigned char*>(kept); };
+    if (cairo_surface_set_user_data(surface, &kPixels, pixels.get(), release) == CAIRO_STATUS_SUCCESS)
+    {
+        static_cast<void>(pixels.release());
+        return surface;
+    }
+    cairo_surface_destroy(surface);
+    return makeSurface(size, nullptr);
+}
+
 class PngCanvas : public CairoCanvas
 {
 public:
-    PngCanvas(const std::string& file, const PageSize& size, const Color& background)
-        : CairoCanvas(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, size.width, size.height), file, 1.0, background),
-          m_isOpaque(background.isOpaque())
+    PngCanvas(const std::string& file, const PageSize& size, const Color& background,
+              std::unique_ptr<unsigned char[]> pixels)
+        : CairoCanvas(makeSurface(size, std::move(pixels)), file, 1.0, background), m_isOpaque(background.isOpaque())
     {
         check(cairo_surface_status(surface()));
         useMask(size.width, size.height);
@@ -39,9 +60,10 @@ private:
 
 } // namespace
 
-std::unique_ptr<Canvas> makePngCanvas(const std::string& file, const PageSize& size, const Color& background)
+std::unique_ptr<Canvas> makePngCanvas(const std::string& file, const PageSize& size, const Color& background,
+                                      std::unique_ptr<unsigned char[]> pixels)
 {
-    return std::make_unique<PngCanvas>(file, size, background);
+    return std::make_unique<PngCanvas>(file, size, background, std::move(pixels));
 }
 
 } // namespace render

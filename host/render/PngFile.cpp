@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <cstring>
 #include <future>
+#include <memory>
 #include <new>
 #include <optional>
 #include <string_view>
@@ -42,58 +43,54 @@ void copyRow(const unsigned char* from, const Image& image, unsigned char* to)
     }
 }
 
-/// The colours of an opaque image, as long as they are no more than one byte can number.
-class Palette
+/// Colours of opaque pixels, as long as they are no more than one byte can number.
+class Colors
 {
 public:
-    explicit Palette(const Image& image)
-    {
-        m_indices.resize(static_cast<std::size_t>(image.width) * static_cast<std::size_t>(image.height));
-        unsigned char* index = m_indices.data();
-        for (int y = 0; y < image.height && m_isUsable; ++y, index += image.width)
-            numberRow(image.pixels + static_cast<std::ptrdiff_t>(y) * image.stride, image.width, index);
-    }
-
     bool isUsable() const { return m_isUsable; }
-    /// Red, green and blue of each.
-    const Bytes& colors() const { return m_colors; }
-    /// The numbers of all pixels' colours, row by row.
-    const unsigned char* indices() const { return m_indices.data(); }
+    /// In the order in which they became known.
+    const std::vector<std::uint32_t>& all() const { return m_all; }
 
-private:
-    /// Colours become known with this. Nearly all are where they are looked for first.
-    void numberRow(const unsigned char* pixel, int width, unsigned char* index)
+    /// Colours become known with this. Most pixels have the colour of the one before, and nearly all colours are where
+    /// they are looked for first.
+    void numberRow(const unsigned char* pixel, int width, unsigned char* number)
     {
-        for (int x = 0; x < width; ++x, pixel += 4)
+        std::uint32_t last = kNone;
+        unsigned char lastNumber = 0;
+        for (int x = 0; x < width && m_isUsable; ++x, pixel += 4)
         {
             std::uint32_t color;
             std::memcpy(&color, pixel, sizeof color);
-            const std::size_t place = placeOf(color);
-            index[x] = m_places[place].color == color ? m_places[place].index : indexFarther(place, color, pixel);
+            if (color != last)
+                lastNumber = numberOf(last = color);
+            number[x] = lastNumber;
         }
     }
 
-    static std::size_t placeOf(std::uint32_t color) { return (color * 2654435761u) >> (32 - kBits); }
-
-    /// Looks behind the place where a colour was looked for first.
-    unsigned char indexFarther(std::size_t place, std::uint32_t color, const unsigned char* pixel)
+    unsigned char numberOf(std::uint32_t color)
     {
-        while (m_places[place].color != kNone && m_places[place].color != color)
+        std::size_t place = (color * 2654435761u) >> (32 - kBits);
+        while (m_places[place].color != color)
+        {
+            if (m_places[place].color == kNone)
+                return add(place, color);
             place = (place + 1) % m_places.size();
-        if (m_places[place].color == kNone)
-            add(place, color, pixel);
-        return m_places[place].index;
+        }
+        return m_places[place].number;
     }
 
-    void add(std::size_t place, std::uint32_t color, const unsigned char* pixel)
+private:
+    unsigned char add(std::size_t place, std::uint32_t color)
     {
-        const std::size_t count = m_colors.size() / 3;
-        m_isUsable = m_isUsable && count < 256;
-        if (!m_isUsable)
-            return;
-        m_places[place] = {color, static_cast<unsigned char>(count)};
-        for (const int part : {2, 1, 0})
-            m_colors += static_cast<char>(pixel[part]);
+        constexpr std::size_t kMost = 256;
+        const auto number = static_cast<unsigned char>(m_all.size());
+        m_isUsable = m_isUsable && m_all.size() < kMost;
+        if (m_isUsable)
+        {
+            m_places[place] = {color, number};
+            m_all.push_back(color);
+        }
+        return number;
     }
 
     static constexpr std::uint32_t kNone = 0; ///< has no alpha: no pixel of an opaque image
@@ -101,14 +98,89 @@ private:
     struct Place
     {
         std::uint32_t color = kNone;
-        unsigned char index = 0;
+        unsigned char number = 0;
     };
 
     static constexpr int kBits = 11;
     std::array<Place, std::size_t(1) << kBits> m_places;
-    Bytes m_colors;
-    std::vector<unsigned char> m_indices;
+    std::vector<std::uint32_t> m_all;
     bool m_isUsable = true;
+};
+
+/// The colours of an opaque image, if they are few. Parts of the image are numbered side by side.
+class Palette
+{
+public:
+    explicit Palette(const Image& image)
+        : m_image(image), m_numbers(new unsigned char[sizeOf(image.width) * sizeOf(image.height)])
+    {
+        const auto numberPart = [this](int i) { number(m_parts[static_cast<std::size_t>(i)], i); };
+        std::vector<std::future<void>> later;
+        for (int i = 1; i < kParts; ++i)
+            later.push_back(std::async(std::launch::async | std::launch::deferred, numberPart, i));
+        numberPart(0);
+        for (std::future<void>& part : later)
+            part.get();
+        for (Part& part : m_parts)
+            merge(part);
+    }
+
+    bool isUsable() const { return m_hasRoom && m_colors.isUsable(); }
+
+    /// Red, green and blue of each colour.
+    Bytes colors() const
+    {
+        Bytes colors;
+        for (const std::uint32_t color : m_colors.all())
+            for (const int shift : {16, 8, 0})
+                colors += static_cast<char>(color >> shift);
+        return colors;
+    }
+
+    /// The numbers of the colours of a row.
+    void write(int y, unsigned char* to) const
+    {
+        const unsigned char* const from = rowOfNumbers(y);
+        const auto isBefore = [](int row, const Part& part) { return row < part.end; };
+        const Part& part = *std::upper_bound(m_parts.begin(), m_parts.end(), y, isBefore);
+        for (int x = 0; x < m_image.width; ++x)
+            to[x] = part.numbers[from[x]];
+    }
+
+private:
+    struct Part
+    {
+        int end = 0; ///< behind its last row
+        Colors colors;
+        std::array<unsigned char, 256> numbers{}; ///< in the image, by those in the part
+    };
+
+    static std::size_t sizeOf(int count) { return static_cast<std::size_t>(count); }
+    unsigned char* rowOfNumbers(int y) const { return m_numbers.get() + sizeOf(y) * sizeOf(m_image.width); }
+
+    void number(Part& part, int i)
+    {
+        part.end = static_cast<int>(std::int64_t{m_image.height} * (i + 1) / kParts);
+        for (int y = static_cast<int>(std::int64_t{m_image.height} * i / kParts); y < part.end; ++y)
+            part.colors.numberRow(m_image.pixels + static_cast<std::ptrdiff_t>(y) * m_image.stride, m_image.width,
+                                  rowOfNumbers(y));
+    }
+
+    /// A part without room for its own colours has none for those of others.
+    void merge(Part& part)
+    {
+        std::size_t i = 0;
+        for (const std::uint32_t color : part.colors.all())
+            part.numbers[i++] = m_colors.numberOf(color);
+        m_hasRoom = m_hasRoom && part.colors.isUsable();
+    }
+
+    static constexpr int kParts = 4;
+    const Image& m_image;
+    std::unique_ptr<unsigned char[]> m_numbers; ///< in their parts, of all pixels
+    std::array<Part, kParts> m_parts;
+    Colors m_colors;
+    bool m_hasRoom = true;
 };
 
 /// What a file holds of an image, row by row.
@@ -134,7 +206,7 @@ public:
         constexpr unsigned char kUnfiltered = 0;
         *to++ = kUnfiltered;
         if (m_palette)
-            std::memcpy(to, m_palette->indices() + static_cast<std::ptrdiff_t>(y) * m_image.width, size() - 1);
+            m_palette->write(y, to);
         else
             copyRow(m_image.pixels + static_cast<std::ptrdiff_t>(y) * m_image.stride, m_image, to);
     }

@@ -37,6 +37,16 @@ bool isSame(const Coordinates& first, const Coordinates& second)
 
 } // namespace
 
+// Room that is not used takes no memory, but growing would copy what is there time and again.
+Recording::Recording()
+{
+    constexpr std::size_t kRoom = std::size_t{1} << 20;
+    m_shapes.reserve(kRoom);
+    m_points.reserve(kRoom);
+    m_vertices.reserve(kRoom / 4);
+    m_characters.reserve(kRoom);
+}
+
 // ---- Keeping -------------------------------------------------------------------------------------------------------
 
 std::uint32_t Recording::numberOf(const OdGiSubEntityTraitsData& looks)

@@ -25,6 +25,8 @@ class Recording
 public:
     static constexpr std::size_t kMostBytes = 96u << 20;
 
+    Recording();
+
     struct Part
     {
         OdDbStub* asked = nullptr; ///< the entity that has to be asked again; null for shapes

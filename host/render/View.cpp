@@ -167,6 +167,23 @@ View viewOf(OdDbDatabase& database, const OdDbLayout& layout, const PictureOrder
     return view;
 }
 
+namespace
+{
+
+bool hasPaperSize(const OdDbLayout& layout, const PictureOrder& order)
+{
+    return !isModel(layout) && !order.window && !order.isActiveView;
+}
+
+} // namespace
+
+std::optional<PageSize> largestPage(const OdDbLayout& layout, const PictureOrder& order)
+{
+    if (order.size || hasPaperSize(layout, order))
+        return order.size;
+    return PageSize{kLongerSide, kLongerSide};
+}
+
 PageSize fitPage(View& view, const OdDbLayout& layout, const PictureOrder& order)
 {
     const OdGeVector2d seen = view.plane.diagonal();
@@ -177,7 +194,7 @@ PageSize fitPage(View& view, const OdDbLayout& layout, const PictureOrder& order
     else
     {
         double longer = kLongerSide;
-        if (!isModel(layout) && !order.window && !order.isActiveView)
+        if (hasPaperSize(layout, order))
             longer = std::max(seen.x, seen.y) / unitsPerMillimetre(layout) * kPixelsPerMillimetre;
         longer = std::clamp(std::isfinite(longer) ? longer : kLongerSide, 100.0, static_cast<double>(kLargestSide));
         const double width = proportions >= 1.0 ? longer : longer * proportions;

@@ -1,6 +1,8 @@
 // What part of a layout a picture shows.
 #pragma once
 
+#include <optional>
+
 #include "DbDatabase.h"
 #include "DbLayout.h"
 #include "render/PageMap.h"
@@ -33,6 +35,9 @@ double unitsPerMillimetre(const OdDbLayout& layout);
 /// What a picture shows: the order's window, the active view, the sheet with all that is on it, or all of the model
 /// that is seen, with a little room around it.
 View viewOf(OdDbDatabase& database, const OdDbLayout& layout, const PictureOrder& order);
+
+/// A size that the page does not exceed on either side; none when it depends on what the layout holds.
+std::optional<PageSize> largestPage(const OdDbLayout& layout, const PictureOrder& order);
 
 /// The page's size, and what of the view's plane is on it: as much more on two sides as its proportions ask for.
 PageSize fitPage(View& view, const OdDbLayout& layout, const PictureOrder& order);

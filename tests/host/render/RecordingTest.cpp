@@ -116,8 +116,9 @@ protected:
         const bool isRecorded = view.recording.has_value();
         const auto paint = [&]
         {
-            const auto make = format == render::Format::kSvg ? &render::makeSvgCanvas : &render::makePngCanvas;
-            const std::unique_ptr<render::Canvas> canvas = make(order.file, size, order.background);
+            const std::unique_ptr<render::Canvas> canvas =
+                format == render::Format::kSvg ? render::makeSvgCanvas(order.file, size, order.background)
+                                               : render::makePngCanvas(order.file, size, order.background);
             render::Looks looks(order.background, canvas->thinnestLine(), 3.8, drawing.database().getLTSCALE());
             OdStaticRxObject<render::SpaceDraw> draw(*canvas, looks, drawing.database());
             draw.drawSpace(layout->getBlockTableRecordId(), view, {{0, 0}, {double(size.width), double(size.height)}});
