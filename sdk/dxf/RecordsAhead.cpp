@@ -11,7 +11,7 @@
 #include "RecordsAhead.h"
 
 #include <algorithm>
-#include <system_error>
+#include <exception>
 
 namespace dxf
 {
@@ -69,7 +69,7 @@ void RecordsAhead::start()
         while (m_threads.size() + 1 < threads)
             m_threads.emplace_back([this, &reader = *m_readers[m_threads.size() + 1]] { work(reader); });
     }
-    catch (const std::system_error&) // there may be no threads left
+    catch (const std::exception&) // there may be no threads left
     {
         if (m_threads.empty())
             m_isStopped = true;
@@ -174,7 +174,8 @@ void RecordsAhead::readNext(std::unique_lock<std::mutex>& lock, Reader& reader)
 {
     Part& part = held(m_taken++);
     part.begin = m_nextBegin;
-    part.end = m_nextBegin = findHead(m_begin + m_taken * kPart);
+    const std::size_t leastEnd = m_begin + m_taken * kPart; // a long record reaches over several parts
+    part.end = m_nextBegin = leastEnd > part.begin ? findHead(leastEnd) : part.begin;
     lock.unlock();
     read(part, reader);
     lock.lock();
