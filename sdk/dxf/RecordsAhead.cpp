@@ -18,15 +18,6 @@ namespace dxf
 namespace
 {
 
-std::string_view withoutBlanks(std::string_view line)
-{
-    while (!line.empty() && line.front() == ' ')
-        line.remove_prefix(1);
-    while (!line.empty() && (line.back() == ' ' || line.back() == '\r'))
-        line.remove_suffix(1);
-    return line;
-}
-
 bool beginsName(std::string_view text)
 {
     return !text.empty() && text.front() >= 'A' && text.front() <= 'Z';
@@ -226,7 +217,7 @@ std::size_t RecordsAhead::findHead(std::size_t from) const
         const std::size_t end = file.find('\n', begin);
         if (end == std::string_view::npos)
             break;
-        if (withoutBlanks(file.substr(begin, end - begin)) == "0" && beginsName(file.substr(end + 1)))
+        if (trimmed(file.substr(begin, end - begin)) == "0" && beginsName(file.substr(end + 1)))
             return begin;
         before = end;
     }
