@@ -46,6 +46,7 @@ bool isSubentity(std::string_view name)
 void BlockContents::readInto(OdDbStub* block)
 {
     m_reading.records.read(m_reading.record);
+    m_place = m_reading.record.place;
     place(m_reading.record, block);
 }
 
@@ -73,7 +74,6 @@ OdDbStub* BlockContents::blockOf(const Record& record)
 
 void BlockContents::place(Record& record, OdDbStub* block)
 {
-    m_place = record.place;
     if (isSubentity(record.name) && m_parent != nullptr)
         return placeUnderParent(record);
     end();

@@ -191,12 +191,11 @@ void Reading::goToFirstRecord()
 
 bool Reading::inSection()
 {
-    if (records.atHead("ENDSEC"))
-        return false;
-    const bool ends = records.atEnd() || records.atHead("SECTION") || records.atHead("EOF");
-    if (ends)
+    if (!records.atEndOfSection())
+        return true;
+    if (!records.atHead("ENDSEC"))
         faults.add(scanner.place(), "a section ends without ENDSEC");
-    return !ends;
+    return false;
 }
 
 void keepSection(Reading& reading, std::string_view name)

@@ -40,6 +40,8 @@ public:
     /// True when the head is there and is (0, name).
     bool atHead(std::string_view name) const { return !m_atEnd && m_tag.opens(name); }
     bool atEnd() const { return m_atEnd; }
+    /// True where a section ends, or should have ended.
+    bool atEndOfSection() const { return m_atEnd || atHead("ENDSEC") || atHead("SECTION") || atHead("EOF"); }
     /// Takes the next group, whatever it is. Returns false at the end of the file.
     bool advance();
     void seek(ScanPosition position);

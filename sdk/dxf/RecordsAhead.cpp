@@ -186,7 +186,7 @@ try
     reader.records.skipToHead();
     for (;;)
     {
-        part.endsSection = endsSection(reader.records);
+        part.endsSection = reader.records.atEndOfSection();
         part.finish = reader.records.atEnd() ? reader.scanner.position() : reader.scanner.tagPosition();
         if (part.endsSection || part.finish.offset >= part.end)
             return;
@@ -200,11 +200,6 @@ try
 catch (...)
 {
     part.hasFailed = true; // the same will happen to the thread that reads it again
-}
-
-bool RecordsAhead::endsSection(const RecordReader& records)
-{
-    return records.atEnd() || records.atHead("ENDSEC") || records.atHead("SECTION") || records.atHead("EOF");
 }
 
 // The first line 0 from a place on that has a name behind it; the end of the file when there is none.

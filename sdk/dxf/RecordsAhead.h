@@ -75,7 +75,6 @@ private:
     Part* waitForPart(std::size_t begin);
     void readNext(std::unique_lock<std::mutex>& lock, Reader& reader);
     static void read(Part& part, Reader& reader);
-    static bool endsSection(const RecordReader& records);
     std::size_t findHead(std::size_t from) const;
 
     Reading& m_reading;
